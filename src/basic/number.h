@@ -1,0 +1,23 @@
+// Number rules that the entry forms, the engines and the files share.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+// The leading number of a text, blanks passed over, with a decimal exponent if there is one; 0 where there is none.
+double Val(std::string_view text);
+
+// The floor.
+double Int(double value);
+
+// The nearest whole number, halves to the even one. "Overflow" when it does not fit.
+std::int16_t ToInt16(double value);
+std::int32_t ToInt32(double value);
+
+// Arithmetic that fails instead of giving an infinity: "Division by zero" (0 / 0: "Overflow"), "Invalid procedure call
+// or argument" for the root of a negative number.
+double Divide(double dividend, double divisor);
+double SquareRoot(double value);
+
+// Sum that must fit 16 bits, else "Overflow".
+std::int16_t Add16(std::int16_t a, std::int16_t b);

@@ -1,0 +1,24 @@
+// A grid of texts with fixed rows and columns at its top and left and a current cell. Rows and columns count from 0, the
+// fixed ones included. An index outside raises "Subscript out of range".
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class Grid {
+public:
+    virtual ~Grid() = default;
+    // Empties every cell. The current cell becomes (1, 1), or (0, 0) where there is no such cell.
+    virtual void Resize(int rows, int columns, int fixedRows = 1, int fixedColumns = 1) = 0;
+    [[nodiscard]] virtual int Rows() const = 0;
+    [[nodiscard]] virtual int Columns() const = 0;
+    [[nodiscard]] virtual std::string Text(int row, int column) const = 0;
+    virtual void SetText(int row, int column, std::string_view text) = 0;
+    [[nodiscard]] virtual int Row() const = 0;
+    [[nodiscard]] virtual int Column() const = 0;
+    // Makes the cell the current one, without checking the one that is left.
+    virtual void Select(int row, int column) = 0;
+    // In characters of the grid's font; the default fits ten digits.
+    virtual void SetColumnWidth(int column, int characters) = 0;
+    virtual void SetFocus() = 0;
+};

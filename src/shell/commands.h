@@ -1,0 +1,49 @@
+// The commands of the main window, told for all modules at once. Each runs under one trap for run-time errors.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "basic/error.h"
+
+namespace Commands {
+
+// `frmModuleSelection`
+void SelectModule(int number);  // a click on an option
+bool ChooseModule();            // its OK; false: none is chosen, the form stays
+
+// The bar: a pending edit is finished when a menu is opened.
+void OpenFileMenu();
+void OpenEditMenu();
+void OpenSolutionMenu();
+
+void New();
+void Open();
+void Save();
+void ChangeModules();
+
+void Solve();
+void Print();
+void SaveAsText();
+
+void EditItem(int index);   // 0: "Display/Edit the Problem"
+void LowerItem(int index);  // submenu of item 2
+
+// The window of the report was closed by hand.
+void SolutionClosed();
+
+}  // namespace Commands
+
+// Asked before the folder is known: the program's own folder, set once at start.
+void SetProgramFolder(std::string_view folder);
+
+// What every display routine does first: the problem is on display, the menus follow. Hourglass on.
+void BeginDisplay();
+// And last: focus to the main window, normal pointer.
+void EndDisplay();
+
+// Commits one cell of the tableau form through the current module.
+int CommitCell(int row, int column, std::string_view text);
+
+// The error box: the error's text, title "Error # " and its number.
+void ShowError(const RuntimeError& error);

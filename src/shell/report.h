@@ -1,0 +1,37 @@
+// The report channel: where the full report of a module goes, line by line. A report is written once; the printer and
+// the text file are two channels.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class ReportChannel {
+public:
+    virtual ~ReportChannel() = default;
+    virtual void Line(std::string_view text = {}) = 0;
+    // Only paper has pages; in a text file nothing happens.
+    virtual void NewPage() = 0;
+    // For the few places where paper and file differ in more than page breaks.
+    [[nodiscard]] virtual bool OnPaper() const = 0;
+};
+
+class PrinterChannel : public ReportChannel {
+public:
+    void Line(std::string_view text) override;
+    void NewPage() override;
+    [[nodiscard]] bool OnPaper() const override { return true; }
+};
+
+// Gathers the lines, each ended by the platform's line end; Save puts the file in place.
+class TextFileChannel : public ReportChannel {
+public:
+    void Line(std::string_view text) override;
+    void NewPage() override {}
+    [[nodiscard]] bool OnPaper() const override { return false; }
+
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    void Save(const std::string& path) const;  // run-time errors of the disk
+
+private:
+    std::string text_;
+};

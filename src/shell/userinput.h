@@ -1,0 +1,52 @@
+// The modal dialogs that ask for the size of a problem or the choice of a model, seen from the logic.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// One question of `frmUserInput`, answered by a whole number.
+struct SizeQuestion {
+    std::string Question;
+    int Least = 1;
+    int Most = 1;
+    std::string RangeMessage;
+    std::string WholeMessage;  // for a text with a fraction or that is no number; empty: such a text is out of range
+    std::string Note;          // a line below the question; may be empty
+};
+
+struct SizeDialog {
+    std::string Caption;
+    std::vector<SizeQuestion> Questions;  // one or two
+};
+
+// Shows `frmUserInput`; the answers are in the order of the questions, empty when the dialog was cancelled
+// (DialogCancelled tells as well).
+std::vector<std::int16_t> AskSizes(const SizeDialog& dialog);
+
+// A list of `frmuserlistinput`.
+struct ListDialog {
+    std::string Caption;
+    std::vector<std::string> Items;
+    std::string EmptyMessage;     // nothing chosen
+    std::string ModuleIndicator;  // put back when the dialog is cancelled
+};
+
+// Shows the list; 1 for the first item, 0 when it was cancelled.
+int AskListItem(const ListDialog& dialog);
+
+// For the two forms.
+namespace UserInput {
+
+const SizeDialog& CurrentSizes();
+// Which answer is refused, after its message (0 or 1); -1: both are taken and stored.
+int TakeSizes(const std::vector<std::string>& texts);
+bool ConfirmCancel();  // asks; sets DialogCancelled on Yes
+
+const ListDialog& CurrentList();
+bool TakeListItem(int item);  // 0: nothing chosen
+void CancelList();
+
+}  // namespace UserInput
