@@ -1,8 +1,8 @@
 // Arrays with bounds that are checked: an index outside raises "Subscript out of range".
 //
-// Array1<T>(upper) has the elements 0 to upper, Array2<T>(rows, columns) the elements (0, 0) to (rows, columns), all
-// T{} at first. Most tables use them from 1; element 0 is there for the few that do not. A default-made array has no
-// element at all.
+// Array1<T>(upper) has the elements 0 to upper, Array2<T>(rows, columns) the elements (0, 0) to (rows,
+// columns), all T{} at first. Most tables use them from 1; element 0 is there for the few that do not. A
+// default-made array has no element at all.
 #pragma once
 
 #include <algorithm>
@@ -58,7 +58,8 @@ public:
     T& operator()(int row, int column) { return elements_[Index(row, column)]; }
     const T& operator()(int row, int column) const { return elements_[Index(row, column)]; }
 
-    // Unchecked, for the inner loops of the engines: the row's element 0 is first, the next row Stride() further.
+    // Unchecked, for the inner loops of the engines: the row's element 0 is first, the next row Stride()
+    // further.
     T* Row(int row) { return elements_.data() + static_cast<std::size_t>(row) * stride_; }
     const T* Row(int row) const { return elements_.data() + static_cast<std::size_t>(row) * stride_; }
     [[nodiscard]] std::size_t Stride() const { return stride_; }

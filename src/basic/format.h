@@ -4,19 +4,20 @@
 #include <string>
 #include <string_view>
 
-// Digit patterns: '0' a digit always shown, '#' a digit if there is one, '.' the point, ',' between digit places
-// thousands separators; every other character stands as it is. Without a '0' before the point a value below 1 begins
-// with the point (".7500"). The value is taken to 15 significant decimal digits and then rounded half away from zero:
-// 2.675 under "0.00" gives "2.68". A result that rounds to zero has no minus sign.
-// A number under a text pattern ("@@") goes in as its plain text.
+// Digit patterns: '0' a digit always shown, '#' a digit if there is one, '.' the point, ',' between digit
+// places thousands separators; every other character stands as it is. Without a '0' before the point a value
+// below 1 begins with the point (".7500"). The value is taken to 15 significant decimal digits and then
+// rounded half away from zero: 2.675 under "0.00" gives "2.68". A result that rounds to zero has no minus
+// sign. A number under a text pattern ("@@") goes in as its plain text.
 std::string Format(double value, std::string_view pattern);
 
-// Text patterns: '@' a character or a blank, '&' a character or nothing, filled from the right; a '!' anywhere fills from
-// the left and keeps the rightmost characters of a longer text. All other characters stand as they are.
+// Text patterns: '@' a character or a blank, '&' a character or nothing, filled from the right; a '!'
+// anywhere fills from the left and keeps the rightmost characters of a longer text. All other characters
+// stand as they are.
 std::string Format(std::string_view text, std::string_view pattern);
 
-// Plain number text: up to 15 significant digits, no trailing zeros, "0.5" with its zero, a decimal exponent only
-// beyond 15 digits before the point or for very small values ("1E+15", "1E-05").
+// Plain number text: up to 15 significant digits, no trailing zeros, "0.5" with its zero, a decimal exponent
+// only beyond 15 digits before the point or for very small values ("1E+15", "1E-05").
 std::string PlainText(double value);
 
 // A number as an item of a print line: a blank or its minus in front, a blank behind.

@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <string_view>
 
-// The leading number of a text, blanks passed over, with a decimal exponent if there is one; 0 where there is none.
+// The leading number of a text, blanks passed over, with a decimal exponent if there is one; 0 where there is
+// none.
 double Val(std::string_view text);
 
 // The floor.
@@ -14,8 +15,8 @@ double Int(double value);
 std::int16_t ToInt16(double value);
 std::int32_t ToInt32(double value);
 
-// Arithmetic that fails instead of giving an infinity: "Division by zero" (0 / 0: "Overflow"), "Invalid procedure call
-// or argument" for the root of a negative number.
+// Arithmetic that fails instead of giving an infinity: "Division by zero" (0 / 0: "Overflow"), "Invalid
+// procedure call or argument" for the root of a negative number.
 double Divide(double dividend, double divisor);
 double SquareRoot(double value);
 

@@ -1,8 +1,8 @@
 // Problem files: text records of comma-separated fields, a string in double quotes, CR LF behind each record.
 //
-// The writer gathers the file in memory; Save puts it in place only when it is whole, so that a full disk or a folder
-// without permission leaves the old file as it was. The reader holds the file in memory and refuses one that is too
-// large to be a problem ("Overflow" before it is read).
+// The writer gathers the file in memory; Save puts it in place only when it is whole, so that a full disk or
+// a folder without permission leaves the old file as it was. The reader holds the file in memory and refuses
+// one that is too large to be a problem ("Overflow" before it is read).
 #pragma once
 
 #include <cstddef>
@@ -18,8 +18,8 @@ class RecordWriter {
 public:
     using Field = std::variant<double, Variant, std::string>;
 
-    // One record. A double in the shortest plain decimal form that reads back as the same value, never with an
-    // exponent; an empty Variant as nothing; a string in double quotes.
+    // One record. A double in the shortest plain decimal form that reads back as the same value, never with
+    // an exponent; an empty Variant as nothing; a string in double quotes.
     void Write(std::initializer_list<Field> fields);
 
     [[nodiscard]] const std::string& Text() const { return text_; }
@@ -29,17 +29,18 @@ private:
     std::string text_;
 };
 
-// Reads field by field, over record ends, as `Input #` does: quotes around a string are taken off, blanks in front of a
-// field passed over, CR LF and LF both end a record. Every routine raises "Input past end of file" at the end.
+// Reads field by field, over record ends, as `Input #` does: quotes around a string are taken off, blanks in
+// front of a field passed over, CR LF and LF both end a record. Every routine raises "Input past end of file"
+// at the end.
 class RecordReader {
 public:
     static RecordReader FromFile(const std::string& path);
     explicit RecordReader(std::string text) : text_(std::move(text)) {}
 
-    double ReadDouble();         // "Type mismatch" where no number stands
-    std::int16_t ReadInt16();    // and "Overflow" beyond 16 bits; a fraction is rounded half to even
+    double ReadDouble();       // "Type mismatch" where no number stands
+    std::int16_t ReadInt16();  // and "Overflow" beyond 16 bits; a fraction is rounded half to even
     std::int32_t ReadInt32();
-    Variant ReadVariant();       // nothing between two commas is an empty one
+    Variant ReadVariant();  // nothing between two commas is an empty one
     std::string ReadString();
 
 private:
@@ -47,5 +48,6 @@ private:
     std::size_t next_ = 0;
 };
 
-// Writes the whole text so that the file at the path is either the old or the new one. Run-time errors of the disk.
+// Writes the whole text so that the file at the path is either the old or the new one. Run-time errors of the
+// disk.
 void ReplaceFile(const std::string& path, std::string_view text);

@@ -7,7 +7,8 @@
 class Variant {
 public:
     Variant() = default;
-    Variant(double value) : value_(value) {}  // NOLINT(google-explicit-constructor): numbers go in as they are
+    Variant(double value)
+        : value_(value) {}  // NOLINT(google-explicit-constructor): numbers go in as they are
 
     [[nodiscard]] bool IsEmpty() const { return !value_.has_value(); }
     // An empty one counts as 0.

@@ -1,5 +1,5 @@
-// A grid of texts with fixed rows and columns at its top and left and a current cell. Rows and columns count from 0, the
-// fixed ones included. An index outside raises "Subscript out of range".
+// A grid of texts with fixed rows and columns at its top and left and a current cell. Rows and columns count
+// from 0, the fixed ones included. An index outside raises "Subscript out of range".
 #pragma once
 
 #include <string>

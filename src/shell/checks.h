@@ -1,5 +1,5 @@
-// The walks over the entry grids that Solve and Save begin with. Each answers whether the problem may be used; a failed
-// one has told the user why.
+// The walks over the entry grids that Solve and Save begin with. Each answers whether the problem may be
+// used; a failed one has told the user why.
 #pragma once
 
 #include <functional>
@@ -18,12 +18,12 @@ bool CheckProbabilityTableau(const std::function<double(int row, int column)>& p
 // The grids of `frmDecisionProblem`.
 struct DecisionGrids {
     std::function<int(int pass, int row, int column, std::string_view text)> Commit;
-    std::function<bool(int pass)> Runs;         // pass 0 always does
+    std::function<bool(int pass)> Runs;                                // pass 0 always does
     std::function<double(int pass, int row, int column)> Probability;  // passes 1 and 2
     std::function<int(int pass)> Count;  // what the warning names: states (pass 1), outcomes (pass 2)
 };
 bool CheckDecision(const DecisionGrids& grids);
 
-// One cell's code: asks about the first empty cell, selects a refused one. False: the command ends. The indicator is
-// not touched.
+// One cell's code: asks about the first empty cell, selects a refused one. False: the command ends. The
+// indicator is not touched.
 bool AcceptCell(int code, std::string_view form, std::string_view grid, int row, int column);

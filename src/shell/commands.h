@@ -1,4 +1,5 @@
-// The commands of the main window, told for all modules at once. Each runs under one trap for run-time errors.
+// The commands of the main window, told for all modules at once. Each runs under one trap for run-time
+// errors.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// The menus of the main window as data: which items there are, their captions, what can be chosen. `frmMenu` shows
-// them; everything else only writes here.
+// The menus of the main window as data: which items there are, their captions, what can be chosen. `frmMenu`
+// shows them; everything else only writes here.
 #pragma once
 
 #include <functional>
@@ -22,14 +22,15 @@ public:
 
     // In the order of the menus, a submenu's items behind it.
     [[nodiscard]] const std::vector<MenuItem>& Items() const { return items_; }
-    [[nodiscard]] const MenuItem& Item(std::string_view name) const;  // "Subscript out of range" when it does not exist
+    [[nodiscard]] const MenuItem& Item(
+        std::string_view name) const;  // "Subscript out of range" when it does not exist
 
     void SetCaption(std::string_view name, std::string_view caption);
     void SetEnabled(std::string_view name, bool enabled);
     void SetVisible(std::string_view name, bool visible);
 
-    // Items 3 to 7 of the Edit menu and the items of its submenu come and go with the problem form. A caption given to
-    // an item that does not exist creates it, visible and enabled.
+    // Items 3 to 7 of the Edit menu and the items of its submenu come and go with the problem form. A caption
+    // given to an item that does not exist creates it, visible and enabled.
     void SetEditItem(int index, std::string_view caption);
     void SetLowerItem(int index, std::string_view caption);
     void RemoveEditItems();  // what the problem form's end takes away: items 1 to 7 and the submenu's

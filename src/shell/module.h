@@ -16,7 +16,8 @@ constexpr int kCellRefused = 999;  // refused, and already reported
 
 enum class TopMenu { File, Edit, Solution };
 
-// The routines of a module. Those marked "may be missing" are left empty where the module has no use for them.
+// The routines of a module. Those marked "may be missing" are left empty where the module has no use for
+// them.
 struct ModuleRoutines {
     // New: asks for the size, makes the arrays and displays the empty problem. Leaves DialogCancelled.
     std::function<void()> Dimension;
@@ -34,17 +35,17 @@ struct ModuleRoutines {
     // Solve. Prepare comes before the engine and ends the command when it answers false; may be missing.
     std::function<bool()> Prepare;
     std::function<void()> SolveAndShow;
-    bool ShellShowsSolving = false;   // the command shows "Solving Problem . . ." and the hourglass
+    bool ShellShowsSolving = false;  // the command shows "Solving Problem . . ." and the hourglass
     bool ShellEnablesPrinting = false;
-    bool IndicatorComesBack = true;   // after a solve that ShellShowsSolving
+    bool IndicatorComesBack = true;  // after a solve that ShellShowsSolving
 
     // Items of the Edit menu (3 and above, or 2 with its submenu) that are off while a report is on screen.
     int FirstEditItem = 0;
     int LastEditItem = -1;
-    bool SolveDisablesEditItems = false;  // the command does it, not the engine
-    std::vector<std::string> EditItems;   // captions of the items 3, 4, ...
-    std::string SubmenuCaption;           // of item 2; empty: items 1 and 2 are hidden
-    std::vector<std::string> LowerItems;  // captions of its items 0, 1, ...
+    bool SolveDisablesEditItems = false;         // the command does it, not the engine
+    std::vector<std::string> EditItems;          // captions of the items 3, 4, ...
+    std::string SubmenuCaption;                  // of item 2; empty: items 1 and 2 are hidden
+    std::vector<std::string> LowerItems;         // captions of its items 0, 1, ...
     std::function<void(int item)> EditCommand;   // 3 and above; may be missing
     std::function<void(int item)> LowerCommand;  // 0 to 3; may be missing
 
@@ -62,8 +63,8 @@ struct ModuleRoutines {
     std::function<void()> BeforeReport;
     std::vector<std::function<void(ReportChannel&)>> Reports;
 
-    // Problem files. Read sizes the arrays afresh; its run-time errors are reported by the command, which calls Display
-    // behind it.
+    // Problem files. Read sizes the arrays afresh; its run-time errors are reported by the command, which
+    // calls Display behind it.
     std::function<void(RecordWriter&)> Write;
     std::function<void(RecordReader&)> Read;
 };

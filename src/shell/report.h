@@ -1,5 +1,5 @@
-// The report channel: where the full report of a module goes, line by line. A report is written once; the printer and
-// the text file are two channels.
+// The report channel: where the full report of a module goes, line by line. A report is written once; the
+// printer and the text file are two channels.
 #pragma once
 
 #include <string>

@@ -1,7 +1,7 @@
 // The report on screen: a page of text lines, shown by `frmSolution`.
 //
-// A module's solve-and-show routine calls BeginSolution with the first line, AddLine for the others and ShowSolution at
-// the end.
+// A module's solve-and-show routine calls BeginSolution with the first line, AddLine for the others and
+// ShowSolution at the end.
 #pragma once
 
 #include <string>

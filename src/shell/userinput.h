@@ -13,8 +13,9 @@ struct SizeQuestion {
     int Least = 1;
     int Most = 1;
     std::string RangeMessage;
-    std::string WholeMessage;  // for a text with a fraction or that is no number; empty: such a text is out of range
-    std::string Note;          // a line below the question; may be empty
+    std::string
+        WholeMessage;  // for a text with a fraction or that is no number; empty: such a text is out of range
+    std::string Note;  // a line below the question; may be empty
 };
 
 struct SizeDialog {

@@ -1,5 +1,5 @@
-// The common check of a text that should be a number: characters "1234567890,.+-", commas dropped, a sign only in first
-// place, one decimal point.
+// The common check of a text that should be a number: characters "1234567890,.+-", commas dropped, a sign
+// only in first place, one decimal point.
 #pragma once
 
 #include <string_view>
