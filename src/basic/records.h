@@ -37,17 +37,24 @@ public:
     static RecordReader FromFile(const std::string& path);
     explicit RecordReader(std::string text) : text_(std::move(text)) {}
 
-    double ReadDouble();       // "Type mismatch" where no number stands
+    // "Type mismatch" where no number stands; an empty field is 0.
+    double ReadDouble();
     std::int16_t ReadInt16();  // and "Overflow" beyond 16 bits; a fraction is rounded half to even
     std::int32_t ReadInt32();
     Variant ReadVariant();  // nothing between two commas is an empty one
     std::string ReadString();
 
 private:
+    void StartField();  // passes blanks over; "Input past end of file" when nothing is left
+    std::string_view TakeUnquoted();
+    std::string_view TakeQuoted();
+    std::string_view TakeNumberField();
+    void PassSeparator();  // the comma or line end behind a field
+
     std::string text_;
     std::size_t next_ = 0;
 };
 
-// Writes the whole text so that the file at the path is either the old or the new one. Run-time errors of the
-// disk.
+// Writes the whole text so that the file at the path is either the old or the new one; a device takes the
+// text as it comes. Run-time errors of the disk.
 void ReplaceFile(const std::string& path, std::string_view text);
