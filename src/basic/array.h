@@ -11,11 +11,18 @@
 
 #include "basic/error.h"
 
+// How many elements 0 to upper are; a negative upper bound raises "Subscript out of range".
+inline std::size_t CheckedSize(int upper)
+{
+    if (upper < 0) Raise(ErrorNumber::SubscriptOutOfRange);
+    return static_cast<std::size_t>(upper) + 1;
+}
+
 template <typename T>
 class Array1 {
 public:
     Array1() = default;
-    explicit Array1(int upper) : elements_(static_cast<std::size_t>(upper) + 1) {}
+    explicit Array1(int upper) : elements_(CheckedSize(upper)) {}
 
     [[nodiscard]] int Upper() const { return static_cast<int>(elements_.size()) - 1; }
     void Fill(const T& value) { std::fill(elements_.begin(), elements_.end(), value); }
@@ -42,11 +49,7 @@ template <typename T>
 class Array2 {
 public:
     Array2() = default;
-    Array2(int rows, int columns)
-        : stride_(static_cast<std::size_t>(columns) + 1),
-          elements_((static_cast<std::size_t>(rows) + 1) * stride_)
-    {
-    }
+    Array2(int rows, int columns) : stride_(CheckedSize(columns)), elements_(CheckedSize(rows) * stride_) {}
 
     [[nodiscard]] int UpperRow() const
     {

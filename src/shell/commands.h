@@ -2,21 +2,22 @@
 // errors.
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "basic/error.h"
+#include "shell/module.h"
 
 namespace Commands {
 
+// The main window is there: an empty session, the module selection on screen.
+void Start();
+
 // `frmModuleSelection`
-void SelectModule(int number);  // a click on an option
+void SelectModule(int number);  // a click on an option, 1 to 12
 bool ChooseModule();            // its OK; false: none is chosen, the form stays
 
-// The bar: a pending edit is finished when a menu is opened.
-void OpenFileMenu();
-void OpenEditMenu();
-void OpenSolutionMenu();
+// A menu of the bar is opened: what is being typed is finished first.
+void OpenMenu(TopMenu menu);
 
 void New();
 void Open();
@@ -35,7 +36,7 @@ void SolutionClosed();
 
 }  // namespace Commands
 
-// Asked before the folder is known: the program's own folder, set once at start.
+// The program's own folder, set once at start; the folder of problems stands in it.
 void SetProgramFolder(std::string_view folder);
 
 // What every display routine does first: the problem is on display, the menus follow. Hourglass on.

@@ -18,7 +18,8 @@ struct MenuItem {
 
 class MenuTable {
 public:
-    MenuTable();  // as the main window first appears
+    MenuTable() { Reset(); }
+    void Reset();  // as the main window first appears
 
     // In the order of the menus, a submenu's items behind it.
     [[nodiscard]] const std::vector<MenuItem>& Items() const { return items_; }
@@ -44,6 +45,8 @@ public:
 
 private:
     MenuItem* Find(std::string_view name);
+    void Give(const std::string& name, std::string_view parent, std::string_view before,
+              std::string_view caption);
     void Notify() const;
 
     std::vector<MenuItem> items_;

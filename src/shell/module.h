@@ -1,7 +1,9 @@
 // What a module hands to the shell, and the table of the twelve modules.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +24,9 @@ struct ModuleRoutines {
     // New: asks for the size, makes the arrays and displays the empty problem. Leaves DialogCancelled.
     std::function<void()> Dimension;
     bool LeavesNewProblem = false;  // New does not clear NewProblem behind it
+
+    // What the module adds when its problem form is loaded. May be missing.
+    std::function<void()> FormLoaded;
 
     // Puts the stored problem on its form (empty cells when NewProblem is true).
     std::function<void()> Display;
@@ -70,11 +75,12 @@ struct ModuleRoutines {
 };
 
 struct Module {
-    std::string Option;       // "12. Markov Processes"
-    std::string Indicator;    // "Markov Processes Module"
-    std::string Title;        // "MARKOV PROCESSES PROBLEM"
-    std::string Extension;    // "MRK"
-    std::string ProblemForm;  // "frmProblem"
+    std::string Option;                          // "12. Markov Processes"
+    std::string Indicator;                       // "Markov Processes Module"
+    std::string Title;                           // "MARKOV PROCESSES PROBLEM"
+    std::string Extension;                       // "MRK"
+    std::string ProblemForm;                     // "frmProblem"
+    std::optional<std::int16_t> IntegerProblem;  // what a click on the option stores, if anything
     std::string Description;  // on the selection screen and as the introduction on the problem form
     const ModuleRoutines* Routines = nullptr;  // null: not in this build
 };

@@ -8,9 +8,19 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/report.h"
+
 void BeginSolution(std::string_view firstLine);
 void AddLine(std::string_view text = {});
 void ShowSolution();  // shows the page and gives the focus to the main window
+
+// The page as a report channel, for blocks that stand on the screen as in the full report.
+class SolutionChannel : public ReportChannel {
+public:
+    void Line(std::string_view text) override { AddLine(text); }
+    void NewPage() override {}
+    [[nodiscard]] bool OnPaper() const override { return false; }
+};
 
 // The page as `frmSolution` shows it.
 const std::vector<std::string>& SolutionLines();

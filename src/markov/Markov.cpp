@@ -1,0 +1,113 @@
+#include "markov/Markov.h"
+
+#include "basic/format.h"
+#include "basic/number.h"
+#include "desktop/desktop.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/session.h"
+#include "shell/userinput.h"
+#include "tableau/tanumchk.h"
+
+namespace Markov {
+
+MarkovProblem Problem;
+MarkovResult Result;
+
+namespace {
+
+int RefuseProbability()
+{
+    Refuse("PROBABILITIES MUST BE BETWEEN 0 AND 1!  PLEASE REENTER.");
+    return kCellRefused;
+}
+
+void FillGrid(Grid& grid)
+{
+    const int n = Problem.StateCount;
+    grid.Resize(n + 1, n + 1);
+    grid.SetText(0, 0, "From State");
+    for (int i = 1; i <= n; ++i) {
+        grid.SetText(0, i, std::to_string(i));
+        grid.SetText(i, 0, std::to_string(i));
+    }
+    if (Session.NewProblem) return;
+    for (int i = 1; i <= n; ++i)
+        for (int j = 1; j <= n; ++j)
+            grid.SetText(i, j, Problem.TransitionMatrix(i, j).Text());
+}
+
+}  // namespace
+
+void MakeArrays()
+{
+    Problem.TransitionMatrix = Array2<Variant>(kMostStates, kMostStates);
+    Problem.TransitionText = Array2<std::string>(kMostStates, kMostStates);
+    Result = {};
+}
+
+void NewProblem()
+{
+    const auto answers =
+        AskSizes({.Caption = " Markov Process",
+                  .Questions = {{.Question = "Enter the Number of States (1 to 10):",
+                                 .Least = 1,
+                                 .Most = kMostStates,
+                                 .RangeMessage = "YOU MAY ONLY SELECT A NUMBER BETWEEN 1 AND 10.  "
+                                                 "PLEASE TRY AGAIN."}}});
+    if (answers.empty()) {
+        desktop::TheForms().FocusMenu();
+        return;
+    }
+    Problem.StateCount = answers[0];
+    MakeArrays();
+    Session.ProblemOnDisplay = "NO";
+    Display();
+}
+
+void Display()
+{
+    BeginDisplay();
+    Form& form = desktop::TheForms().Loaded("frmProblem");
+    const std::string n = std::to_string(Problem.StateCount);
+    form.SetText("lblTitle", "Transition Matrix");
+    form.SetText("lblInfo", "Enter/Edit data:  Transition probabilities in rows 1-" + n + " and columns 1-" +
+                                n + "  NOTE:  Probabilities must sum to 1 for each row.");
+    form.SetText("lblgridcaption", "To State");
+    for (const char* control : {"lblInfo", "lblTitle", "lblgridcaption"})
+        form.SetVisible(control, true);
+
+    Grid& grid = form.GridOf("gridDisplayEdit");
+    FillGrid(grid);
+    form.SetVisible("gridDisplayEdit", true);
+    EndDisplay();
+    if (!Session.NewProblem) return;
+    grid.Select(1, 1);
+    grid.SetFocus();
+}
+
+int CommitCell(int row, int column, std::string_view text)
+{
+    Session.CheckText = UpperCase(text);
+    if (Session.CheckText.empty()) {
+        Problem.TransitionMatrix(row, column) = 0.0;
+        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+    }
+    CheckNumber();
+    if (Session.IsNumber == "NO") {
+        Session.IsNumber = "YES";
+        return RefuseProbability();
+    }
+    Problem.TransitionText(row, column) = Session.CheckText;
+    const double probability = Val(Session.CheckText);
+    if (probability < 0) return RefuseProbability();
+    Problem.TransitionMatrix(row, column) = probability;
+    return kCellStored;
+}
+
+double Probability(int from, int to)
+{
+    return Problem.TransitionMatrix(from, to).Value();
+}
+
+}  // namespace Markov

@@ -1,0 +1,47 @@
+// Markov processes: the chain as the user enters it, and where it ends, or how it spreads when it never ends.
+//
+// Tables are indexed from 1. States keep the order in which the user numbered them.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "basic/array.h"
+#include "basic/variant.h"
+
+namespace Markov {
+
+constexpr int kMostStates = 10;
+
+struct MarkovProblem {
+    int StateCount = 0;                  // n, 1 to 10
+    Array2<Variant> TransitionMatrix;    // 10 x 10, (from, to)
+    Array2<std::string> TransitionText;  // 10 x 10, the cells' texts as they were committed
+};
+
+struct MarkovResult {
+    std::vector<int> AbsorbingList;     // states that are never left, ascending
+    std::vector<int> NonAbsorbingList;  // all others, ascending
+    Array2<double> AbsorptionTable;     // (k, a): from NonAbsorbingList[k - 1] into AbsorbingList[a - 1]
+    Array1<double> Distribution;        // n probabilities, when no state absorbs
+};
+
+extern MarkovProblem Problem;
+extern MarkovResult Result;
+
+// ---- model and entry ----
+
+void MakeArrays();  // an empty problem; StateCount stays
+void NewProblem();  // asks for the number of states and displays the empty table
+void Display();     // puts the table on `frmProblem`
+int CommitCell(int row, int column, std::string_view text);
+double Probability(int from, int to);
+
+// ---- engine ----
+
+// Reads Problem, leaves Result. A row of the table adds up to 1 as far as the problem check allows and is not
+// normalised. A chain that still moves at the step limit is no failure: a periodic one reports its last row.
+void Analyse();
+
+}  // namespace Markov

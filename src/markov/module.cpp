@@ -1,0 +1,47 @@
+#include "markov/module.h"
+
+#include "markov/Markov.h"
+#include "markov/MarkovReport.h"
+#include "shell/checks.h"
+
+namespace Markov {
+namespace {
+
+void Write(RecordWriter& file)
+{
+    const int n = Problem.StateCount;
+    file.Write({static_cast<double>(n)});
+    for (int from = 1; from <= n; ++from)
+        for (int to = 1; to <= n; ++to)
+            file.Write({Problem.TransitionMatrix(from, to)});
+}
+
+void Read(RecordReader& file)
+{
+    MakeArrays();
+    const int n = file.ReadInt16();
+    Problem.StateCount = n;
+    for (int from = 1; from <= n; ++from)
+        for (int to = 1; to <= n; ++to)
+            Problem.TransitionMatrix(from, to) = file.ReadVariant();
+}
+
+}  // namespace
+}  // namespace Markov
+
+const ModuleRoutines& MarkovProcesses()
+{
+    static const ModuleRoutines routines{
+        .Dimension = Markov::NewProblem,
+        .Display = Markov::Display,
+        .CommitCell = Markov::CommitCell,
+        .Check = [] { return CheckProbabilityTableau(Markov::Probability); },
+        .SolveAndShow = Markov::SolveAndShow,
+        .ShellShowsSolving = true,
+        .ShellEnablesPrinting = true,
+        .Reports = {Markov::WriteReport},
+        .Write = Markov::Write,
+        .Read = Markov::Read,
+    };
+    return routines;
+}

@@ -1,0 +1,194 @@
+#include "shell/checks.h"
+
+#include "basic/format.h"
+#include "desktop/desktop.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/session.h"
+
+namespace {
+
+// A row of probabilities may miss 1 by rounding; the bounds are not alike on both sides.
+constexpr double kLeastRowSum = 0.9990001;
+constexpr double kMostRowSum = 1.001;
+
+// "Checking Problem Data. . ." on the indicator while it lives.
+class CheckingIndicator {
+public:
+    CheckingIndicator() : before_(desktop::TheScreen().Indicator())
+    {
+        desktop::TheScreen().SetIndicator("Checking Problem Data. . .");
+        desktop::TheScreen().Refresh();
+    }
+    ~CheckingIndicator()
+    {
+        desktop::TheScreen().SetIndicator(before_);
+        desktop::TheScreen().Refresh();
+    }
+    CheckingIndicator(const CheckingIndicator&) = delete;
+    CheckingIndicator& operator=(const CheckingIndicator&) = delete;
+
+private:
+    std::string before_;
+};
+
+Grid& GridOn(std::string_view form, std::string_view grid)
+{
+    return desktop::TheForms().Loaded(form).GridOf(grid);
+}
+
+bool IsWholeProbability(double rowSum)
+{
+    return rowSum >= kLeastRowSum && rowSum <= kMostRowSum;
+}
+
+void TellRowSum(const std::string& beginning, double rowSum, std::string_view end)
+{
+    MsgBox(beginning + " must equal 1!!!  The probabilities that you have input sum to " +
+               Format(rowSum, "0.000") + std::string(end),
+           "WARNING");
+}
+
+constexpr std::string_view kLinearProgramForm = "frmLPproblem";
+constexpr std::string_view kTableauForm = "frmProblem";
+constexpr std::string_view kTableauGrid = "gridDisplayEdit";
+constexpr std::string_view kDecisionForm = "frmDecisionProblem";
+
+std::string ArrayGrid(int index)
+{
+    return "Grid(" + std::to_string(index) + ")";
+}
+
+// Whether the cell holds a text; an empty one is reported and selected.
+bool HasText(int gridIndex, int row, int column, std::string_view message)
+{
+    Grid& grid = GridOn(kLinearProgramForm, ArrayGrid(gridIndex));
+    if (!grid.Text(row, column).empty()) return true;
+    grid.Select(row, column);
+    return Refuse(message);
+}
+
+// The grid of the first cell that is missing; -1: none is.
+int GridOfMissingCell()
+{
+    const int names = GridOn(kLinearProgramForm, ArrayGrid(0)).Columns();
+    for (int column = 1; column < names; ++column)
+        if (!HasText(0, 0, column, "Variable Name Not Entered.")) return 0;
+
+    const Grid& constraints = GridOn(kLinearProgramForm, ArrayGrid(1));
+    const int rightHandSide = constraints.Columns() - 1;
+    for (int row = 1; row < constraints.Rows(); ++row) {
+        if (!HasText(1, row, rightHandSide - 1, "Relation Not Entered.")) return 1;
+        if (!HasText(1, row, rightHandSide, "RHS Value Not Entered.")) return 1;
+    }
+    return -1;
+}
+
+// Walks the tableau; false: a cell or (where there is a probability) a row was not accepted.
+bool WalkTableau(const std::function<double(int row, int column)>& probability, bool& focusGrid)
+{
+    Grid& grid = GridOn(kTableauForm, kTableauGrid);
+    const int rows = grid.Rows();
+    const int columns = grid.Columns();
+    for (int row = 1; row < rows; ++row) {
+        double rowSum = 0;
+        for (int column = 1; column < columns; ++column) {
+            grid.Select(row, column);
+            const int code = CommitCell(row, column, grid.Text(row, column));
+            focusGrid = code == kCellRefused;
+            if (!AcceptCell(code, kTableauForm, kTableauGrid, row, column)) return false;
+            if (probability) rowSum += probability(row, column);
+        }
+        if (probability && !IsWholeProbability(rowSum)) {
+            TellRowSum("The sum of the probabilities for the states", rowSum,
+                       ".  PLEASE REENTER THE PROBABILITIES.");
+            grid.Select(row, columns - 1);
+            focusGrid = true;
+            return false;
+        }
+    }
+    return true;
+}
+
+// One pass of the decision check over its grid.
+bool WalkDecision(const DecisionGrids& grids, int pass, bool& focusGrid)
+{
+    const std::string name = ArrayGrid(pass);
+    Grid& grid = GridOn(kDecisionForm, name);
+    const int lastRow = pass == 1 ? 1 : grid.Rows() - 1;
+    for (int row = 1; row <= lastRow; ++row) {
+        double rowSum = 0;
+        for (int column = 1; column < grid.Columns(); ++column) {
+            grid.Select(row, column);
+            const int code = grids.Commit(pass, row, column, grid.Text(row, column));
+            focusGrid = code == kCellRefused;
+            if (!AcceptCell(code, kDecisionForm, name, row, column)) return false;
+            if (pass != 0) rowSum += grids.Probability(pass, row, column);
+        }
+        if (pass != 0 && !IsWholeProbability(rowSum)) {
+            const char* what = pass == 1 ? " states of nature" : " indicator outcomes";
+            TellRowSum("The sum of the probabilities for the " + std::to_string(grids.Count(pass)) + what,
+                       rowSum, ".");
+            grid.Select(row, grid.Columns() - 1);
+            focusGrid = true;
+            return false;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+bool AcceptCell(int code, std::string_view form, std::string_view grid, int row, int column)
+{
+    if (code == kCellEmpty && Session.AskIncomplete) {
+        const Answer answer = MsgBox("Problem is incomplete.  Zeroes will be entered for empty cells",
+                                     "Problem Incomplete", Icon::Exclamation, Buttons::OKCancel);
+        if (answer != Answer::OK) return false;
+        Session.AskIncomplete = false;
+    }
+    if (code != kCellRefused) return true;
+    GridOn(form, grid).Select(row, column);
+    return false;
+}
+
+bool CheckLinearProgram()
+{
+    int missing = -1;
+    {
+        const CheckingIndicator indicator;
+        missing = GridOfMissingCell();
+    }
+    if (missing >= 0) GridOn(kLinearProgramForm, ArrayGrid(missing)).SetFocus();
+    return missing < 0;
+}
+
+bool CheckTableau()
+{
+    return CheckProbabilityTableau({});
+}
+
+bool CheckProbabilityTableau(const std::function<double(int row, int column)>& probability)
+{
+    bool focusGrid = false;
+    bool accepted = false;
+    {
+        const CheckingIndicator indicator;
+        accepted = WalkTableau(probability, focusGrid);
+    }
+    if (focusGrid) GridOn(kTableauForm, kTableauGrid).SetFocus();
+    return accepted;
+}
+
+bool CheckDecision(const DecisionGrids& grids)
+{
+    bool focusGrid = false;
+    int failed = -1;
+    {
+        const CheckingIndicator indicator;
+        for (int pass = 0; pass <= 2 && failed < 0; ++pass)
+            if (grids.Runs(pass) && !WalkDecision(grids, pass, focusGrid)) failed = pass;
+    }
+    if (focusGrid) GridOn(kDecisionForm, ArrayGrid(failed)).SetFocus();
+    return failed < 0;
+}

@@ -1,0 +1,484 @@
+#include "shell/commands.h"
+
+#include "basic/records.h"
+#include "desktop/desktop.h"
+#include "shell/menus.h"
+#include "shell/module.h"
+#include "shell/session.h"
+#include "shell/solution.h"
+
+namespace {
+
+constexpr std::string_view kSelectionForm = "frmModuleSelection";
+
+std::string programFolder;
+
+const ModuleRoutines* Routines()
+{
+    return Session.CurrentModule == 0 ? nullptr : CurrentModule().Routines;
+}
+
+std::string ErrorTitle(const RuntimeError& error)
+{
+    return "Error # " + std::to_string(static_cast<int>(error.Number()));
+}
+
+// The trap of a command. A dialog's cancel ends it silently; any other failure goes to `failed`.
+template <typename Steps, typename Failed>
+void Trap(Steps steps, Failed failed)
+{
+    try {
+        steps();
+    } catch (const RuntimeError& error) {
+        if (error.Number() != ErrorNumber::CancelSelected) failed(error);
+    }
+}
+
+template <typename Steps>
+void TrapSilently(Steps steps)
+{
+    Trap(steps, [](const RuntimeError&) {});
+}
+
+bool ProblemIsOnDisplay()
+{
+    return Session.ProblemOnDisplay == "YES";
+}
+
+// ---- the problem form ----
+
+void LoadProblemForm()
+{
+    const Module& module = CurrentModule();
+    desktop::TheForms().Load(module.ProblemForm);
+    Form& form = desktop::TheForms().Loaded(module.ProblemForm);
+    form.SetText("txtLoadInfo", module.Description);
+    form.SetText("lblLoadInfo", "  Select 'File' and click 'New' or 'Open' to work with a problem.");
+    for (const char* item : {"mnuFileNew", "mnuFileOpen", "mnuFileChangeModules"})
+        Menus.SetEnabled(item, true);
+
+    const ModuleRoutines* routines = module.Routines;
+    const bool hasSubmenu = routines != nullptr && !routines->SubmenuCaption.empty();
+    Menus.SetVisible(EditItemName(1), hasSubmenu);
+    Menus.SetVisible(EditItemName(2), hasSubmenu);
+    if (routines == nullptr) return;
+    if (hasSubmenu) Menus.SetCaption(EditItemName(2), routines->SubmenuCaption);
+    for (std::size_t i = 0; i < routines->LowerItems.size(); ++i)
+        Menus.SetLowerItem(static_cast<int>(i), routines->LowerItems[i]);
+    for (std::size_t i = 0; i < routines->EditItems.size(); ++i)
+        Menus.SetEditItem(3 + static_cast<int>(i), routines->EditItems[i]);
+    if (routines->FormLoaded) routines->FormLoaded();
+}
+
+void UnloadProblemForms()
+{
+    const ModuleRoutines* routines = Routines();
+    if (routines != nullptr && !routines->SecondForm.empty())
+        desktop::TheForms().Unload(routines->SecondForm);
+    UnloadSolution();
+    desktop::TheForms().Unload(CurrentModule().ProblemForm);
+    for (const char* item :
+         {"mnuFileNew", "mnuFileOpen", "mnuFileSave", "mnuFileChangeModules", "mnudispedit", "mnuSolution"})
+        Menus.SetEnabled(item, false);
+    Menus.RemoveEditItems();
+}
+
+void HideIntroduction()
+{
+    const std::string& name = CurrentModule().ProblemForm;
+    if (!desktop::TheForms().IsLoaded(name)) return;
+    Form& form = desktop::TheForms().Loaded(name);
+    form.SetVisible("txtLoadInfo", false);
+    form.SetVisible("lblLoadInfo", false);
+}
+
+// The old problem goes, its form comes back empty.
+void ReloadProblemForm()
+{
+    UnloadProblemForms();
+    LoadProblemForm();
+    desktop::TheForms().Show(CurrentModule().ProblemForm);
+    HideIntroduction();
+    const ModuleRoutines* routines = Routines();
+    if (routines != nullptr && routines->ReloadResetsIndicator)
+        desktop::TheScreen().SetIndicator(CurrentModule().Indicator);
+}
+
+// Whether the problem on display, if there is one, may go; it is gone then.
+bool GiveUpProblem(std::string_view question, std::string_view title)
+{
+    if (!ProblemIsOnDisplay()) return true;
+    if (MsgBox(question, title, Icon::Question, Buttons::YesNo) != Answer::Yes) return false;
+    Session.ProblemOnDisplay = "NO";
+    return true;
+}
+
+void TellNotBuilt()
+{
+    MsgBox("The " + CurrentModule().Indicator + " is not in this build.", "Vantrel", Icon::Information);
+}
+
+// The dispatch behind New. After a cancelled dialog NewProblem stays true until the next command that clears
+// it.
+void StartNewProblem()
+{
+    Session.NewProblem = true;
+    const ModuleRoutines* routines = Routines();
+    if (routines == nullptr) {
+        TellNotBuilt();
+        Session.NewProblem = false;
+        return;
+    }
+    routines->Dimension();
+    if (!routines->LeavesNewProblem && !Session.DialogCancelled) Session.NewProblem = false;
+}
+
+void ShowModuleSelection()
+{
+    Session.CurrentModule = 0;
+    desktop::TheScreen().SetIndicator("");
+    desktop::TheForms().Load(kSelectionForm);
+    desktop::TheForms().Show(kSelectionForm);
+    desktop::TheForms().FocusMenu();
+}
+
+// ---- problem files ----
+
+FileQuestion ProblemFileQuestion(bool saving, std::string_view title)
+{
+    const std::string& extension = Session.ProblemFileExtension;
+    return {.Saving = saving,
+            .Title = std::string(title),
+            .Extension = extension,
+            .Filter = extension + " File|*." + extension + "|All Files (*.*)|*.*",
+            .Folder = Session.ProblemFolder};
+}
+
+std::string AskFile(const FileQuestion& question)
+{
+    const auto path = desktop::TheDialogs().AskFile(question);
+    if (!path) Raise(ErrorNumber::CancelSelected);
+    return *path;
+}
+
+// Shows the hourglass while it lives.
+class Hourglass {
+public:
+    Hourglass() { desktop::TheScreen().SetPointer(Pointer::Hourglass); }
+    ~Hourglass() { desktop::TheScreen().SetPointer(Pointer::Normal); }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+};
+
+void WriteProblemFile()
+{
+    const Hourglass hourglass;
+    RecordWriter writer;
+    CurrentModule().Routines->Write(writer);
+    writer.Save(Session.ProblemFileName);
+}
+
+// A problem that could not be read or shown leaves its form empty.
+void RefuseProblemFile()
+{
+    Session.ProblemOnDisplay = "NO";
+    for (const char* item : {"mnuFileSave", "mnudispedit", "mnuSolution"})
+        Menus.SetEnabled(item, false);
+    MsgBox("File Input Error.  Make sure this is a file for the current module.", "Error Opening File");
+}
+
+void ReadProblemFile()
+{
+    Trap(
+        [] {
+            const Hourglass hourglass;
+            RecordReader reader = RecordReader::FromFile(Session.ProblemFileName);
+            const ModuleRoutines& routines = *CurrentModule().Routines;
+            routines.Read(reader);
+            Session.NewProblem = false;
+            routines.Display();
+        },
+        [](const RuntimeError&) { RefuseProblemFile(); });
+}
+
+// ---- solving ----
+
+void SolveProblem()
+{
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    UnloadSolution();
+    Menus.SetEnabled(EditItemName(0), false);
+    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
+    Session.AskIncomplete = true;
+    if (routines.Check && !routines.Check()) return;
+
+    if (routines.SolveDisablesEditItems)
+        Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, false);
+    if (routines.Prepare && !routines.Prepare()) return;
+
+    Screen& screen = desktop::TheScreen();
+    const std::string indicator = screen.Indicator();
+    if (routines.ShellShowsSolving) {
+        Menus.SetEnabled(EditItemName(0), true);
+        screen.SetIndicator("Solving Problem . . .");
+        screen.Refresh();
+        screen.SetPointer(Pointer::Hourglass);
+    }
+    routines.SolveAndShow();
+    if (routines.ShellEnablesPrinting) Menus.EnablePrinting(true);
+    if (!routines.ShellShowsSolving) return;
+    screen.SetPointer(Pointer::Normal);
+    desktop::TheForms().FocusMenu();
+    if (!routines.IndicatorComesBack) return;
+    screen.SetIndicator(indicator);
+    screen.Refresh();
+}
+
+void RunReports(ReportChannel& channel)
+{
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    if (routines.BeforeReport) routines.BeforeReport();
+    for (const auto& report : routines.Reports)
+        report(channel);
+}
+
+}  // namespace
+
+void SetProgramFolder(std::string_view folder)
+{
+    programFolder = folder;
+}
+
+int CommitCell(int row, int column, std::string_view text)
+{
+    const ModuleRoutines* routines = Routines();
+    return routines != nullptr && routines->CommitCell ? routines->CommitCell(row, column, text)
+                                                       : kCellStored;
+}
+
+void ShowError(const RuntimeError& error)
+{
+    MsgBox(error.Text(), ErrorTitle(error));
+}
+
+void BeginDisplay()
+{
+    Session.ProblemOnDisplay = "YES";
+    for (const char* item :
+         {"mnudispedit", "mnuFileOpen", "mnuFileSave", "mnuFileChangeModules", "mnuSolution"})
+        Menus.SetEnabled(item, true);
+    Menus.SetCaption(EditItemName(0), "&Display/Edit the Problem");
+    Menus.SetVisible(EditItemName(0), true);
+    Menus.SetEnabled(EditItemName(0), false);
+    if (const ModuleRoutines* routines = Routines())
+        Menus.EnableEditItems(routines->FirstEditItem, routines->LastEditItem, true);
+    desktop::TheScreen().SetPointer(Pointer::Hourglass);
+}
+
+void EndDisplay()
+{
+    desktop::TheForms().FocusMenu();
+    desktop::TheScreen().SetPointer(Pointer::Normal);
+}
+
+namespace Commands {
+
+void Start()
+{
+    Session = {};
+    Menus.Reset();
+    ShowModuleSelection();
+}
+
+void SelectModule(int number)
+{
+    Session.CurrentModule = static_cast<std::int16_t>(number);
+    const Module& module = CurrentModule();
+    desktop::TheScreen().SetIndicator(module.Indicator);
+    Session.ProblemTitle = module.Title;
+    Session.ProblemFileExtension = module.Extension;
+    if (module.IntegerProblem) Session.IntegerProblem = *module.IntegerProblem;
+    Session.ProblemFolder = programFolder + "/Problems";
+}
+
+bool ChooseModule()
+{
+    if (Session.CurrentModule == 0) {
+        MsgBox("You Must Select A Problem Module", "Invalid Selection", Icon::Exclamation);
+        desktop::TheForms().FocusMenu();
+        return false;
+    }
+    desktop::TheForms().Unload(kSelectionForm);
+    LoadProblemForm();
+    desktop::TheForms().Show(CurrentModule().ProblemForm);
+    desktop::TheForms().FocusMenu();
+    return true;
+}
+
+void OpenMenu(TopMenu menu)
+{
+    if (desktop::TheForms().IsLoaded(kSelectionForm)) return;
+    TrapSilently([menu] {
+        const ModuleRoutines* routines = Routines();
+        if (routines != nullptr && routines->FinishEdit) routines->FinishEdit(menu);
+    });
+}
+
+void New()
+{
+    TrapSilently([] {
+        HideIntroduction();
+        const bool hadProblem = ProblemIsOnDisplay();
+        if (!GiveUpProblem("Are you sure you wish to create a new problem?", "Create New Problem")) return;
+        if (hadProblem) ReloadProblemForm();
+        StartNewProblem();
+    });
+}
+
+void Open()
+{
+    Trap(
+        [] {
+            HideIntroduction();
+            const bool hadProblem = ProblemIsOnDisplay();
+            if (!GiveUpProblem("Are you sure you wish to retrieve another problem?",
+                               "Retrieve Another Problem"))
+                return;
+            if (hadProblem) ReloadProblemForm();
+            if (Routines() == nullptr) {
+                TellNotBuilt();
+                return;
+            }
+            Session.ProblemFileName =
+                AskFile(ProblemFileQuestion(false, "Select a Previously Saved Problem"));
+            ReadProblemFile();
+        },
+        ShowError);
+}
+
+void Save()
+{
+    Trap(
+        [] {
+            Session.AskIncomplete = true;
+            const ModuleRoutines& routines = *CurrentModule().Routines;
+            if (routines.Check && !routines.Check()) return;
+            Session.ProblemFileName = AskFile(ProblemFileQuestion(true, "Save the Current Problem"));
+            WriteProblemFile();
+        },
+        ShowError);
+}
+
+void ChangeModules()
+{
+    TrapSilently([] {
+        HideIntroduction();
+        if (!ProblemIsOnDisplay())
+            Session.NewProblem = false;
+        else if (!GiveUpProblem("Are you sure you wish to select a new module?", "Select New Module"))
+            return;
+        UnloadProblemForms();
+        ShowModuleSelection();
+    });
+}
+
+void Solve()
+{
+    const std::string indicator = desktop::TheScreen().Indicator();
+    Trap(SolveProblem, [&indicator](const RuntimeError&) {
+        desktop::TheScreen().SetPointer(Pointer::Normal);
+        desktop::TheScreen().SetIndicator(indicator);
+    });
+}
+
+void Print()
+{
+    Trap(
+        [] {
+            Printer& printer = desktop::ThePrinter();
+            if (!printer.Ask()) return;
+            printer.Begin("Courier New", 12);
+            desktop::TheScreen().SetPointer(Pointer::Hourglass);
+            Session.OutputDestination = "Printer";
+            PrinterChannel channel;
+            RunReports(channel);
+            printer.EndDoc();
+            desktop::TheScreen().SetPointer(Pointer::Normal);
+        },
+        ShowError);
+}
+
+void SaveAsText()
+{
+    Trap(
+        [] {
+            const std::string path = AskFile({.Saving = true,
+                                              .Title = "Print Current Problem to TEXT File",
+                                              .Extension = "OUT",
+                                              .Filter = "OUT File|*.OUT|All Files (*.*)|*.*",
+                                              .Folder = Session.ProblemFolder});
+            desktop::TheScreen().SetPointer(Pointer::Hourglass);
+            Session.OutputDestination = "File";
+            TextFileChannel channel;
+            RunReports(channel);
+            channel.Save(path);
+            desktop::TheScreen().SetPointer(Pointer::Normal);
+        },
+        ShowError);
+}
+
+// An Edit command's failure is shown without an icon and under the program's own title.
+void TellEditError(const RuntimeError& error)
+{
+    MsgBox(error.Text(), "Vantrel", Icon::None);
+}
+
+void DisplayProblem()
+{
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    if (routines.ReturnToProblem) {
+        routines.ReturnToProblem();
+        return;
+    }
+    HideSolution();
+    Menus.SetEnabled(EditItemName(0), false);
+    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
+}
+
+void EditItem(int index)
+{
+    Trap(
+        [index] {
+            if (index == 0) {
+                DisplayProblem();
+                return;
+            }
+            const ModuleRoutines& routines = *CurrentModule().Routines;
+            if (!routines.EditCommand) return;
+            Session.EditDialogActive = true;
+            routines.EditCommand(index);
+            Session.EditDialogActive = false;
+            desktop::TheForms().FocusMenu();
+        },
+        TellEditError);
+}
+
+void LowerItem(int index)
+{
+    Trap(
+        [index] {
+            const ModuleRoutines& routines = *CurrentModule().Routines;
+            if (routines.LowerCommand) routines.LowerCommand(index);
+        },
+        TellEditError);
+}
+
+void SolutionClosed()
+{
+    UnloadSolution();
+    Menus.SetEnabled(EditItemName(0), false);
+    if (const ModuleRoutines* routines = Routines())
+        Menus.EnableEditItems(routines->FirstEditItem, routines->LastEditItem, true);
+}
+
+}  // namespace Commands

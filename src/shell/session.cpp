@@ -1,0 +1,3 @@
+#include "shell/session.h"
+
+SessionRecord Session;

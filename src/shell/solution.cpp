@@ -1,0 +1,47 @@
+#include "shell/solution.h"
+
+#include "desktop/desktop.h"
+#include "shell/menus.h"
+
+namespace {
+
+constexpr std::string_view kForm = "frmSolution";
+
+std::vector<std::string> lines;
+
+}  // namespace
+
+void BeginSolution(std::string_view firstLine)
+{
+    lines.assign(1, std::string(firstLine));
+}
+
+void AddLine(std::string_view text)
+{
+    lines.emplace_back(text);
+}
+
+void ShowSolution()
+{
+    desktop::TheForms().Load(kForm);
+    desktop::TheForms().Show(kForm);
+    desktop::TheForms().FocusMenu();
+}
+
+const std::vector<std::string>& SolutionLines()
+{
+    return lines;
+}
+
+void UnloadSolution()
+{
+    desktop::TheForms().Unload(kForm);
+    lines.clear();
+    Menus.EnablePrinting(false);
+}
+
+void HideSolution()
+{
+    if (desktop::TheForms().IsLoaded(kForm)) desktop::TheForms().Hide(kForm);
+    Menus.EnablePrinting(false);
+}
