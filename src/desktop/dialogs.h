@@ -11,10 +11,10 @@ enum class Answer { OK, Cancel, Yes, No };
 
 struct FileQuestion {
     bool Saving = false;  // asks before overwriting; otherwise the file must exist
-    std::string Title;
-    std::string Extension;  // without a point; given to a name that is typed without one
-    std::string Filter;     // "S&S File|*.S&S|All Files (*.*)|*.*"
-    std::string Folder;
+    std::string Title = {};
+    std::string Extension = {};  // without a point; given to a name that is typed without one
+    std::string Filter = {};     // "S&S File|*.S&S|All Files (*.*)|*.*"
+    std::string Folder = {};
 };
 
 class Dialogs {

@@ -17,10 +17,10 @@ bool CheckProbabilityTableau(const std::function<double(int row, int column)>& p
 
 // The grids of `frmDecisionProblem`.
 struct DecisionGrids {
-    std::function<int(int pass, int row, int column, std::string_view text)> Commit;
-    std::function<bool(int pass)> Runs;                                // pass 0 always does
-    std::function<double(int pass, int row, int column)> Probability;  // passes 1 and 2
-    std::function<int(int pass)> Count;  // what the warning names: states (pass 1), outcomes (pass 2)
+    std::function<int(int pass, int row, int column, std::string_view text)> Commit = {};
+    std::function<bool(int pass)> Runs = {};                                // pass 0 always does
+    std::function<double(int pass, int row, int column)> Probability = {};  // passes 1 and 2
+    std::function<int(int pass)> Count = {};  // what the warning names: states (pass 1), outcomes (pass 2)
 };
 bool CheckDecision(const DecisionGrids& grids);
 

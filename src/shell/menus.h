@@ -8,9 +8,9 @@
 #include <vector>
 
 struct MenuItem {
-    std::string Name;     // "mnuFileNew", "mnudispeditsubs(0)"
-    std::string Parent;   // the menu that it stands in; empty for the menus of the bar
-    std::string Caption;  // "&New..."; empty: there is nothing to show yet
+    std::string Name = {};     // "mnuFileNew", "mnudispeditsubs(0)"
+    std::string Parent = {};   // the menu that it stands in; empty for the menus of the bar
+    std::string Caption = {};  // "&New..."; empty: there is nothing to show yet
     bool Separator = false;
     bool Enabled = true;
     bool Visible = true;
@@ -41,7 +41,7 @@ public:
     void EnablePrinting(bool enabled);  // Print and Save As Text File
 
     // Called after each change; the main window repaints its menus.
-    std::function<void()> Changed;
+    std::function<void()> Changed = {};
 
 private:
     MenuItem* Find(std::string_view name);
@@ -49,7 +49,7 @@ private:
               std::string_view caption);
     void Notify() const;
 
-    std::vector<MenuItem> items_;
+    std::vector<MenuItem> items_ = {};
 };
 
 extern MenuTable Menus;

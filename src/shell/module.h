@@ -22,24 +22,24 @@ enum class TopMenu { File, Edit, Solution };
 // them.
 struct ModuleRoutines {
     // New: asks for the size, makes the arrays and displays the empty problem. Leaves DialogCancelled.
-    std::function<void()> Dimension;
+    std::function<void()> Dimension = {};
     bool LeavesNewProblem = false;  // New does not clear NewProblem behind it
 
     // What the module adds when its problem form is loaded. May be missing.
-    std::function<void()> FormLoaded;
+    std::function<void()> FormLoaded = {};
 
     // Puts the stored problem on its form (empty cells when NewProblem is true).
-    std::function<void()> Display;
+    std::function<void()> Display = {};
 
     // Stores one cell of `gridDisplayEdit` (rows and columns as on the grid). May be missing.
-    std::function<int(int row, int column, std::string_view text)> CommitCell;
+    std::function<int(int row, int column, std::string_view text)> CommitCell = {};
 
     // The problem check of Solve and Save: one of shell/checks.h. May be missing.
-    std::function<bool()> Check;
+    std::function<bool()> Check = {};
 
     // Solve. Prepare comes before the engine and ends the command when it answers false; may be missing.
-    std::function<bool()> Prepare;
-    std::function<void()> SolveAndShow;
+    std::function<bool()> Prepare = {};
+    std::function<void()> SolveAndShow = {};
     bool ShellShowsSolving = false;  // the command shows "Solving Problem . . ." and the hourglass
     bool ShellEnablesPrinting = false;
     bool IndicatorComesBack = true;  // after a solve that ShellShowsSolving
@@ -47,41 +47,41 @@ struct ModuleRoutines {
     // Items of the Edit menu (3 and above, or 2 with its submenu) that are off while a report is on screen.
     int FirstEditItem = 0;
     int LastEditItem = -1;
-    bool SolveDisablesEditItems = false;         // the command does it, not the engine
-    std::vector<std::string> EditItems;          // captions of the items 3, 4, ...
-    std::string SubmenuCaption;                  // of item 2; empty: items 1 and 2 are hidden
-    std::vector<std::string> LowerItems;         // captions of its items 0, 1, ...
-    std::function<void(int item)> EditCommand;   // 3 and above; may be missing
-    std::function<void(int item)> LowerCommand;  // 0 to 3; may be missing
+    bool SolveDisablesEditItems = false;              // the command does it, not the engine
+    std::vector<std::string> EditItems = {};          // captions of the items 3, 4, ...
+    std::string SubmenuCaption = {};                  // of item 2; empty: items 1 and 2 are hidden
+    std::vector<std::string> LowerItems = {};         // captions of its items 0, 1, ...
+    std::function<void(int item)> EditCommand = {};   // 3 and above; may be missing
+    std::function<void(int item)> LowerCommand = {};  // 0 to 3; may be missing
 
     // "Display/Edit the Problem", where it does more than hide the report; may be missing.
-    std::function<void()> ReturnToProblem;
+    std::function<void()> ReturnToProblem = {};
 
     // Finishes what is being typed when a menu of the bar is opened; may be missing.
-    std::function<void(TopMenu menu)> FinishEdit;
+    std::function<void(TopMenu menu)> FinishEdit = {};
 
     // A form of the module besides the problem form, unloaded with it; may be empty.
-    std::string SecondForm;
+    std::string SecondForm = {};
     bool ReloadResetsIndicator = false;  // New and Open put the module's indicator text back
 
     // The full report, routine after routine. BeforeReport may be missing.
-    std::function<void()> BeforeReport;
-    std::vector<std::function<void(ReportChannel&)>> Reports;
+    std::function<void()> BeforeReport = {};
+    std::vector<std::function<void(ReportChannel&)>> Reports = {};
 
     // Problem files. Read sizes the arrays afresh; its run-time errors are reported by the command, which
     // calls Display behind it.
-    std::function<void(RecordWriter&)> Write;
-    std::function<void(RecordReader&)> Read;
+    std::function<void(RecordWriter&)> Write = {};
+    std::function<void(RecordReader&)> Read = {};
 };
 
 struct Module {
-    std::string Option;                          // "12. Markov Processes"
-    std::string Indicator;                       // "Markov Processes Module"
-    std::string Title;                           // "MARKOV PROCESSES PROBLEM"
-    std::string Extension;                       // "MRK"
-    std::string ProblemForm;                     // "frmProblem"
-    std::optional<std::int16_t> IntegerProblem;  // what a click on the option stores, if anything
-    std::string Description;  // on the selection screen and as the introduction on the problem form
+    std::string Option = {};                          // "12. Markov Processes"
+    std::string Indicator = {};                       // "Markov Processes Module"
+    std::string Title = {};                           // "MARKOV PROCESSES PROBLEM"
+    std::string Extension = {};                       // "MRK"
+    std::string ProblemForm = {};                     // "frmProblem"
+    std::optional<std::int16_t> IntegerProblem = {};  // what a click on the option stores, if anything
+    std::string Description = {};  // on the selection screen and as the introduction on the problem form
     const ModuleRoutines* Routines = nullptr;  // null: not in this build
 };
 

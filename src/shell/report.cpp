@@ -13,7 +13,7 @@ constexpr std::string_view kLineEnd = "\n";
 
 }  // namespace
 
-void PrinterChannel::Line(std::string_view text)
+void PrinterChannel::Write(std::string_view text)
 {
     desktop::ThePrinter().Line(text);
 }
@@ -23,7 +23,7 @@ void PrinterChannel::NewPage()
     desktop::ThePrinter().NewPage();
 }
 
-void TextFileChannel::Line(std::string_view text)
+void TextFileChannel::Write(std::string_view text)
 {
     text_ += text;
     text_ += kLineEnd;

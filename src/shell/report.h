@@ -8,24 +8,28 @@
 class ReportChannel {
 public:
     virtual ~ReportChannel() = default;
-    virtual void Line(std::string_view text = {}) = 0;
+    void Line(std::string_view text = {}) { Write(text); }
     // Only paper has pages; in a text file nothing happens.
     virtual void NewPage() = 0;
     // For the few places where paper and file differ in more than page breaks.
     [[nodiscard]] virtual bool OnPaper() const = 0;
+
+private:
+    virtual void Write(std::string_view text) = 0;
 };
 
 class PrinterChannel : public ReportChannel {
 public:
-    void Line(std::string_view text) override;
     void NewPage() override;
     [[nodiscard]] bool OnPaper() const override { return true; }
+
+private:
+    void Write(std::string_view text) override;
 };
 
 // Gathers the lines, each ended by the platform's line end; Save puts the file in place.
 class TextFileChannel : public ReportChannel {
 public:
-    void Line(std::string_view text) override;
     void NewPage() override {}
     [[nodiscard]] bool OnPaper() const override { return false; }
 
@@ -33,5 +37,7 @@ public:
     void Save(const std::string& path) const;  // run-time errors of the disk
 
 private:
+    void Write(std::string_view text) override;
+
     std::string text_;
 };

@@ -17,9 +17,11 @@ void ShowSolution();  // shows the page and gives the focus to the main window
 // The page as a report channel, for blocks that stand on the screen as in the full report.
 class SolutionChannel : public ReportChannel {
 public:
-    void Line(std::string_view text) override { AddLine(text); }
     void NewPage() override {}
     [[nodiscard]] bool OnPaper() const override { return false; }
+
+private:
+    void Write(std::string_view text) override { AddLine(text); }
 };
 
 // The page as `frmSolution` shows it.

@@ -9,18 +9,18 @@
 
 // One question of `frmUserInput`, answered by a whole number.
 struct SizeQuestion {
-    std::string Question;
+    std::string Question = {};
     int Least = 1;
     int Most = 1;
-    std::string RangeMessage;
-    std::string
-        WholeMessage;  // for a text with a fraction or that is no number; empty: such a text is out of range
-    std::string Note;  // a line below the question; may be empty
+    std::string RangeMessage = {};
+    std::string WholeMessage =
+        {};  // for a text with a fraction or that is no number; empty: such a text is out of range
+    std::string Note = {};  // a line below the question; may be empty
 };
 
 struct SizeDialog {
-    std::string Caption;
-    std::vector<SizeQuestion> Questions;  // one or two
+    std::string Caption = {};
+    std::vector<SizeQuestion> Questions = {};  // one or two
 };
 
 // Shows `frmUserInput`; the answers are in the order of the questions, empty when the dialog was cancelled
@@ -29,10 +29,10 @@ std::vector<std::int16_t> AskSizes(const SizeDialog& dialog);
 
 // A list of `frmuserlistinput`.
 struct ListDialog {
-    std::string Caption;
-    std::vector<std::string> Items;
-    std::string EmptyMessage;     // nothing chosen
-    std::string ModuleIndicator;  // put back when the dialog is cancelled
+    std::string Caption = {};
+    std::vector<std::string> Items = {};
+    std::string EmptyMessage = {};     // nothing chosen
+    std::string ModuleIndicator = {};  // put back when the dialog is cancelled
 };
 
 // Shows the list; 1 for the first item, 0 when it was cancelled.
