@@ -1,0 +1,7 @@
+#include "forms.h"
+
+void RegisterForms(qt::QtForms& forms)
+{
+    using qt::Place;
+    (void)forms;
+}

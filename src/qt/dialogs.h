@@ -1,0 +1,23 @@
+// The dialogs of the toolkit: message boxes, the input box, the file dialog, the beep.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "desktop/dialogs.h"
+
+namespace qt {
+
+class QtDialogs : public Dialogs {
+public:
+    Answer MsgBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons) override;
+    std::string InputBox(std::string_view prompt, std::string_view title) override;
+    // The dialog is named "dialogFile". Its properties "filter" and "folder" hold what it was asked with.
+    std::optional<std::string> AskFile(const FileQuestion& question) override;
+    void Beep() override;  // a session player overrides it, to hear it
+};
+
+// The name filters of "OUT File|*.OUT|All Files (*.*)|*.*": each pattern in any case, "*.*" for every file.
+QStringList NameFilters(std::string_view filter);
+
+}  // namespace qt

@@ -1,0 +1,81 @@
+// The building blocks of a form: text boxes that are checked when the focus leaves them, options, lists,
+// buttons. A form states its fields from top to bottom, which is the tab order; the first text is always the
+// control's name.
+//
+// A box is checked once, before anything else happens: when its check answers false (and has told why), the
+// focus stays, the text is selected, and the click or key that would have taken the focus away is without
+// effect. The Cancel button, the window's close button, a message box on top and another window do not check.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace qt {
+
+// Whether the text is taken.
+using TextCheck = std::function<bool(std::string_view text)>;
+
+// Runs the steps; a run-time error is shown by the common error box, and the form stays. For everything that
+// hangs on a signal of a control.
+void Trap(const std::function<void()>& steps);
+
+// ---- controls, each with a name ----
+
+// A label of its own; text as it stands, broken into lines where it is too long.
+QLabel* AddLabel(QLayout* layout, const char* name, std::string_view text);
+
+// A label and its text box on one row. The label may have a name, too.
+QLineEdit* AddBox(QFormLayout* rows, const char* name, std::string_view label, TextCheck check = {},
+                  const char* labelName = "");
+// A box outside of a form layout; `description` is read out to those who do not see the screen.
+QLineEdit* MakeBox(const char* name, std::string_view description, TextCheck check = {});
+
+QGroupBox* AddFrame(QLayout* layout, const char* name, std::string_view caption);  // with a QVBoxLayout
+QRadioButton* AddOption(QLayout* layout, const char* name, std::string_view caption);
+QCheckBox* AddCheck(QLayout* layout, const char* name, std::string_view caption);
+QComboBox* AddCombo(QFormLayout* rows, const char* name, std::string_view label, const char* labelName = "");
+QListWidget* AddList(QLayout* layout, const char* name, std::string_view description);
+
+// The row of buttons at the foot of a form. The first button that is added answers Enter.
+QHBoxLayout* AddButtonRow(QLayout* layout);
+QPushButton* AddButton(QLayout* row, const char* name, std::string_view caption,
+                       std::function<void()> clicked = {});
+// The button that the window's close button and Escape stand for; it checks no box.
+QPushButton* AddCancelButton(QLayout* row, const char* name, std::string_view caption,
+                             std::function<void()> clicked = {});
+
+// ---- what a form does with them ----
+
+[[nodiscard]] std::string TextOf(const QLineEdit* box);
+void SetTextOf(QLineEdit* box, std::string_view text);
+// Gives it the focus, its whole text selected.
+void SelectBox(QLineEdit* box);
+// Shows or hides a control with its label.
+void ShowRow(QWidget* control, bool visible);
+void SetRowLabel(QWidget* control, std::string_view text);
+// Only characters that `takes` answers true for can be typed; others are dropped with a beep.
+void FilterKeys(QLineEdit* box, std::function<bool(char)> takes);
+void OnlyDigits(QLineEdit* box);
+// A click on it gives the focus to the main window.
+void PassClickToMenu(QWidget* widget);
+
+// ---- leaving ----
+
+// Checks `widget` before the focus leaves it; `mayLeave` has told the user when it answers false. With
+// `menusToo` the menu bar of the window counts as leaving.
+void CheckOnLeaving(QWidget* widget, std::function<bool()> mayLeave, bool menusToo = false);
+// Clicking this control checks nothing: it is a way out.
+void LeavesUnchecked(QWidget* control);
+
+}  // namespace qt

@@ -1,0 +1,41 @@
+// The printer of the platform, or a PDF file in its place.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <memory>
+
+#include "desktop/printer.h"
+
+class QPrinter;
+
+namespace qt {
+
+class QtPrinter : public Printer {
+public:
+    QtPrinter();
+    ~QtPrinter() override;
+    QtPrinter(const QtPrinter&) = delete;
+    QtPrinter& operator=(const QtPrinter&) = delete;
+
+    bool Ask() override;
+    void Begin(std::string_view fontName, int pointSize) override;
+    void Line(std::string_view text) override;
+    void NewPage() override;
+    void EndDoc() override;
+
+    // Prints to this PDF file from now on, without a dialog.
+    void PrintToFile(const QString& path);
+
+private:
+    void PutLine(const QString& text);
+
+    std::unique_ptr<QPrinter> printer_;
+    QPainter painter_;
+    double lineHeight_ = 0;  // in device dots, like the two below
+    double pageHeight_ = 0;
+    double top_ = 0;           // of the next line
+    qsizetype columns_ = 0;  // characters that fit on a line
+};
+
+}  // namespace qt
