@@ -287,6 +287,8 @@ void Start()
 {
     Session = {};
     Menus.Reset();
+    desktop::TheForms().Load("frmMenu");
+    desktop::TheForms().Show("frmMenu");
     ShowModuleSelection();
 }
 

@@ -9,7 +9,7 @@
 
 namespace Commands {
 
-// The main window is there: an empty session, the module selection on screen.
+// Behind the start-up notice: an empty session, the main window with the module selection.
 void Start();
 
 // `frmModuleSelection`

@@ -1,0 +1,14 @@
+#include <QApplication>
+
+#include "program.h"
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("Vantrel");
+    QApplication::setApplicationVersion("6.0");
+    QApplication::setQuitOnLastWindowClosed(false);  // Exit ends the program
+    Program program;
+    program.Start();
+    return QApplication::exec();
+}

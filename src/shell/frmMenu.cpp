@@ -1,0 +1,182 @@
+#include "shell/frmMenu.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QStatusBar>
+
+#include "shell/commands.h"
+#include "shell/menus.h"
+
+namespace {
+
+using Command = void (*)();
+
+const std::map<std::string, Command>& PlainCommands()
+{
+    static const std::map<std::string, Command> commands{
+        {"mnuFileNew", Commands::New},
+        {"mnuFileOpen", Commands::Open},
+        {"mnuFileSave", Commands::Save},
+        {"mnuFileChangeModules", Commands::ChangeModules},
+        {"mnuFileExit", [] { QApplication::exit(0); }},
+        {"mnuSolutionSolve", Commands::Solve},
+        {"mnuSolutionPrinttoPrinter", Commands::Print},
+        {"mnuSolutionPrinttoText", Commands::SaveAsText},
+    };
+    return commands;
+}
+
+// The number in "mnudispeditsubs(3)".
+int IndexIn(const std::string& name)
+{
+    return std::stoi(name.substr(name.find('(') + 1));
+}
+
+void RunItem(const std::string& name)
+{
+    if (const auto plain = PlainCommands().find(name); plain != PlainCommands().end())
+        plain->second();
+    else if (name.starts_with("mnudispeditsubslower("))
+        Commands::LowerItem(IndexIn(name));
+    else
+        Commands::EditItem(IndexIn(name));
+}
+
+TopMenu TopMenuOf(const std::string& name)
+{
+    if (name == "mnuFile") return TopMenu::File;
+    return name == "mnudispedit" ? TopMenu::Edit : TopMenu::Solution;
+}
+
+bool IsBarMenu(const MenuItem& item)
+{
+    return item.Parent.empty();
+}
+
+bool HoldsItems(const MenuItem& item)
+{
+    return item.Name == EditItemName(2);
+}
+
+}  // namespace
+
+frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
+{
+    constexpr QSize kFirstSize(1000, 700);
+    setObjectName("frmMenu");
+    setWindowTitle("Vantrel Version 6.0");
+    setFocusPolicy(Qt::StrongFocus);
+
+    auto* area = new QMdiArea;
+    area->setObjectName("mdiArea");
+    area->setFocusPolicy(Qt::NoFocus);
+    setCentralWidget(area);
+
+    auto* indicator = new QLabel;
+    indicator->setObjectName("lblmoduleindicator");
+    indicator->setAccessibleName("Current module");
+    statusBar()->addWidget(indicator, 1);
+    statusBar()->setSizeGripEnabled(false);
+
+    resize(kFirstSize);
+    Menus.Changed = [this] { ShowMenus(); };
+    ShowMenus();
+}
+
+frmMenu::~frmMenu()
+{
+    Menus.Changed = {};
+}
+
+QMenu* frmMenu::MenuFor(const std::string& name, const std::string& parent)
+{
+    QMenu*& menu = menus_[name];
+    if (menu != nullptr) return menu;
+    menu = new QMenu(this);
+    menu->setObjectName(QString::fromStdString(name));
+    menu->menuAction()->setObjectName(QString::fromStdString(name));
+    if (parent.empty()) {
+        connect(menu, &QMenu::aboutToShow, this, [name] { Commands::OpenMenu(TopMenuOf(name)); });
+        menuBar()->addMenu(menu);
+    }
+    actions_[name] = menu->menuAction();
+    return menu;
+}
+
+QAction* frmMenu::ActionFor(const std::string& name, bool separator)
+{
+    QAction*& action = actions_[name];
+    if (action != nullptr) return action;
+    action = new QAction(this);
+    action->setObjectName(QString::fromStdString(name));
+    action->setSeparator(separator);
+    connect(action, &QAction::triggered, this, [name] { RunItem(name); });
+    return action;
+}
+
+// Which items there are changes with the problem form; the actions are kept and put into the menus again.
+void frmMenu::MakeMenus()
+{
+    for (const auto& [name, menu] : menus_) {
+        const auto held = menu->actions();
+        for (QAction* action : held)
+            menu->removeAction(action);
+    }
+    for (const MenuItem& item : Menus.Items()) {
+        if (IsBarMenu(item) || HoldsItems(item)) MenuFor(item.Name, item.Parent);
+        if (!IsBarMenu(item)) menus_.at(item.Parent)->addAction(ActionFor(item.Name, item.Separator));
+    }
+}
+
+void frmMenu::ShowMenus()
+{
+    std::vector<std::string> names;
+    for (const MenuItem& item : Menus.Items())
+        names.push_back(item.Name);
+    if (names != shownItems_) {
+        shownItems_ = names;
+        MakeMenus();
+    }
+    for (const MenuItem& item : Menus.Items()) {
+        QAction* action = actions_.at(item.Name);
+        if (!item.Separator) action->setText(QString::fromStdString(item.Caption));
+        action->setEnabled(item.Enabled);
+        action->setVisible(item.Visible && !item.Caption.empty());
+    }
+}
+
+// Closing the window is Exit: no question, no saving.
+void frmMenu::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+    QApplication::exit(0);
+}
+
+// The report page never has the focus; its scrolling keys arrive here.
+void frmMenu::keyPressEvent(QKeyEvent* event)
+{
+    auto* page = findChild<QWidget*>("gridSolution");
+    switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            if (page != nullptr && page->isVisible()) {
+                QCoreApplication::sendEvent(page, event);
+                return;
+            }
+            break;
+        default:
+            break;
+    }
+    QMainWindow::keyPressEvent(event);
+}

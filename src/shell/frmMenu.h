@@ -1,0 +1,32 @@
+// The main window: the menus, the strip with the module's name, and the area in which the other windows
+// appear.
+#pragma once
+
+#include <QMainWindow>
+#include <map>
+#include <string>
+#include <vector>
+
+class QAction;
+class QMenu;
+
+class frmMenu : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmMenu(QWidget* parent);
+    ~frmMenu() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void MakeMenus();
+    void ShowMenus();  // brings the actions up to the menu table
+    QMenu* MenuFor(const std::string& name, const std::string& parent);
+    QAction* ActionFor(const std::string& name, bool separator);
+
+    std::map<std::string, QAction*> actions_;
+    std::map<std::string, QMenu*> menus_;
+    std::vector<std::string> shownItems_;
+};

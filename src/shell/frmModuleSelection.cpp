@@ -1,0 +1,79 @@
+#include "shell/frmModuleSelection.h"
+
+#include <QEvent>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTextBrowser>
+#include <QVBoxLayout>
+
+#include "shell/commands.h"
+#include "shell/module.h"
+
+frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
+{
+    constexpr int kDescriptionLines = 8;
+    setObjectName("frmModuleSelection");
+    setWindowTitle("  Select A Module");
+
+    auto* page = new QVBoxLayout(this);
+    page->addWidget(MakeOptions());
+
+    txtprobsel = new QTextBrowser;
+    txtprobsel->setObjectName("txtprobsel");
+    txtprobsel->setAccessibleName("What the module does");
+    txtprobsel->setFocusPolicy(Qt::NoFocus);
+    txtprobsel->setPlaceholderText("Choose a module to see what it does.");
+    txtprobsel->setFixedHeight(txtprobsel->fontMetrics().lineSpacing() * kDescriptionLines);
+    page->addWidget(txtprobsel);
+
+    auto* ok = new QPushButton("OK");
+    ok->setObjectName("cmdOK");
+    ok->setDefault(true);
+    page->addWidget(ok, 0, Qt::AlignRight);
+    connect(ok, &QPushButton::clicked, this, [] { Commands::ChooseModule(); });
+}
+
+QWidget* frmModuleSelection::MakeOptions()
+{
+    constexpr int kRows = kModuleCount / 2;
+    constexpr int kColumnGap = 32;
+    auto* frame = new QGroupBox("Module");
+    auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(kColumnGap);
+    for (int number = 1; number <= kModuleCount; ++number) {
+        auto* option = new QRadioButton(QString::fromStdString(ModuleOf(number).Option));
+        option->setObjectName(QStringLiteral("optProblemType(%1)").arg(number));
+        option->installEventFilter(this);
+        connect(option, &QRadioButton::toggled, this, [this, number](bool on) {
+            if (on) Select(number);
+        });
+        grid->addWidget(option, (number - 1) % kRows, (number - 1) / kRows);
+    }
+    return frame;
+}
+
+void frmModuleSelection::Select(int number)
+{
+    Commands::SelectModule(number);
+    txtprobsel->setPlainText(QString::fromStdString(ModuleOf(number).Description));
+}
+
+void frmModuleSelection::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Commands::ChooseModule();
+    else
+        ChildForm::keyPressEvent(event);
+}
+
+// A double click on an option is the click and OK in one.
+bool frmModuleSelection::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonDblClick && qobject_cast<QRadioButton*>(watched) != nullptr) {
+        Commands::ChooseModule();
+        return true;
+    }
+    return ChildForm::eventFilter(watched, event);
+}

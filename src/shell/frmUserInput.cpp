@@ -1,0 +1,55 @@
+#include "shell/frmUserInput.h"
+
+#include "desktop/desktop.h"
+#include "qt/fields.h"
+#include "shell/userinput.h"
+
+namespace {
+
+void Cancel()
+{
+    if (UserInput::ConfirmCancel()) desktop::TheForms().Unload("frmUserInput");
+}
+
+}  // namespace
+
+frmUserInput::frmUserInput(QWidget* parent) : qt::ModalForm(parent)
+{
+    const SizeDialog& dialog = UserInput::CurrentSizes();
+    setObjectName("frmUserInput");
+    setWindowTitle(QString::fromStdString(dialog.Caption));
+
+    auto* page = new QVBoxLayout(this);
+    qt::AddLabel(page, "lblCaption", dialog.Caption);
+    auto* rows = new QFormLayout;
+    page->addLayout(rows);
+    AddQuestions(rows);
+
+    auto* buttons = qt::AddButtonRow(page);
+    qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+}
+
+void frmUserInput::AddQuestions(QFormLayout* rows)
+{
+    for (const SizeQuestion& question : UserInput::CurrentSizes().Questions) {
+        const std::string index = "(" + std::to_string(txtAnswer.size()) + ")";
+        QLineEdit* box = qt::AddBox(rows, ("txtAnswer" + index).c_str(), question.Question, {},
+                                    ("lblQuestion" + index).c_str());
+        qt::OnlyDigits(box);
+        if (!question.Note.empty()) rows->addRow(new QLabel(QString::fromStdString(question.Note)));
+        txtAnswer.push_back(box);
+    }
+}
+
+void frmUserInput::Accept()
+{
+    std::vector<std::string> texts;
+    for (const QLineEdit* box : txtAnswer)
+        texts.push_back(qt::TextOf(box));
+    const int refused = UserInput::TakeSizes(texts);
+    if (refused < 0)
+        desktop::TheForms().Unload("frmUserInput");
+    else
+        qt::SelectBox(txtAnswer[static_cast<std::size_t>(refused)]);
+}

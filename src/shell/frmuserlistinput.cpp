@@ -1,0 +1,44 @@
+#include "shell/frmuserlistinput.h"
+
+#include "desktop/desktop.h"
+#include "qt/fields.h"
+#include "shell/userinput.h"
+
+namespace {
+
+void Cancel()
+{
+    UserInput::CancelList();
+    desktop::TheForms().Unload("frmuserlistinput");
+}
+
+}  // namespace
+
+frmuserlistinput::frmuserlistinput(QWidget* parent) : qt::ModalForm(parent)
+{
+    constexpr int kRoom = 48;  // beside the longest item: frame, margins, scroll bar
+    const ListDialog& dialog = UserInput::CurrentList();
+    setObjectName("frmuserlistinput");
+    setWindowTitle(QString::fromStdString(dialog.Caption));
+
+    auto* page = new QVBoxLayout(this);
+    qt::AddLabel(page, "lblMainTitle", " Problem Features");
+    QLabel* label = qt::AddLabel(page, "lblModel", "Select A Model:");
+    lstModelSelection = qt::AddList(page, "lstModelSelection", "Select A Model:");
+    label->setBuddy(lstModelSelection);
+    for (const std::string& item : dialog.Items)
+        lstModelSelection->addItem(QString::fromStdString(item));
+    lstModelSelection->setMinimumWidth(lstModelSelection->sizeHintForColumn(0) + kRoom);
+    connect(lstModelSelection, &QListWidget::itemDoubleClicked, this, &frmuserlistinput::Accept);
+
+    auto* buttons = qt::AddButtonRow(page);
+    qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+}
+
+void frmuserlistinput::Accept()
+{
+    const auto chosen = lstModelSelection->selectedItems();
+    const int item = chosen.isEmpty() ? 0 : lstModelSelection->row(chosen.first()) + 1;
+    if (UserInput::TakeListItem(item)) desktop::TheForms().Unload("frmuserlistinput");
+}

@@ -1,0 +1,17 @@
+// The choice of a model from a list.
+#pragma once
+
+#include "qt/forms.h"
+
+class QListWidget;
+
+class frmuserlistinput : public qt::ModalForm {
+    Q_OBJECT
+public:
+    explicit frmuserlistinput(QWidget* parent);
+
+private:
+    void Accept();
+
+    QListWidget* lstModelSelection = nullptr;
+};
