@@ -1,7 +1,19 @@
 #include "forms.h"
 
+#include "shell/frmMenu.h"
+#include "shell/frmModuleSelection.h"
+#include "shell/frmSolution.h"
+#include "shell/frmStartup.h"
+#include "shell/frmUserInput.h"
+#include "shell/frmuserlistinput.h"
+
 void RegisterForms(qt::QtForms& forms)
 {
     using qt::Place;
-    (void)forms;
+    forms.Add<frmStartup>("frmStartup", Place::Modal);
+    forms.Add<frmMenu>("frmMenu", Place::Main);
+    forms.Add<frmModuleSelection>("frmModuleSelection", Place::Framed);
+    forms.Add<frmSolution>("frmSolution", Place::Framed);
+    forms.Add<frmUserInput>("frmUserInput", Place::Modal);
+    forms.Add<frmuserlistinput>("frmuserlistinput", Place::Modal);
 }
