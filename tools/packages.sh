@@ -13,7 +13,7 @@ TEST_PACKAGES=(
 )
 CHECK_PACKAGES=(
     "${TEST_PACKAGES[@]}"
-    git clang clang-format clang-tidy libclang-rt-14-dev
+    git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev
 )
 BENCH_PACKAGES=(
     "${RUN_PACKAGES[@]}"

@@ -1,0 +1,60 @@
+// The road of a problem file of one module: read, shown, written, solved, reported. VANTREL_FUZZ_MODULE is the
+// module's number.
+#include "basic/error.h"
+#include "basic/records.h"
+#include "input.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/report.h"
+#include "shell/session.h"
+#include "support/fake_desktop.h"
+
+namespace {
+
+std::string Written(const ModuleRoutines& routines)
+{
+    RecordWriter writer;
+    routines.Write(writer);
+    return writer.Text();
+}
+
+// A file that can be read and is written again reads back as the same problem.
+void ClaimRoundTrip(const ModuleRoutines& routines)
+{
+    const std::string first = Written(routines);
+    RecordReader reader(first);
+    routines.Read(reader);
+    Claim(Written(routines) == first);
+}
+
+void SolveAndReport(const ModuleRoutines& routines)
+{
+    Commands::Solve();
+    TextFileChannel channel;
+    if (routines.BeforeReport) routines.BeforeReport();
+    for (const auto& report : routines.Reports)
+        report(channel);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    FakeDesktop desktop;
+    desktop.screen.escapePressed = true;  // a solve that does not end is broken off
+    Commands::Start();
+    Commands::SelectModule(VANTREL_FUZZ_MODULE);
+    Commands::ChooseModule();
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    try {
+        RecordReader reader(TextOf(data, size));
+        routines.Read(reader);
+        ClaimRoundTrip(routines);
+        Session.NewProblem = false;
+        routines.Display();
+        SolveAndReport(routines);
+    } catch (const RuntimeError&) {
+        return 0;  // what the command's trap would tell the user
+    }
+    return 0;
+}

@@ -1,0 +1,43 @@
+// Texts as numbers: as a leading number, as a field of a record, as an entry of a form.
+#include <cmath>
+
+#include "basic/error.h"
+#include "basic/number.h"
+#include "basic/records.h"
+#include "input.h"
+#include "shell/session.h"
+#include "tableau/tanumchk.h"
+
+namespace {
+
+template <typename Steps>
+void MayRaise(Steps steps)
+{
+    try {
+        steps();
+    } catch (const RuntimeError&) {
+        return;
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string text = TextOf(data, size);
+    const double value = Val(text);
+    Claim(!std::isnan(value));
+    MayRaise([value] { ToInt16(value); });
+    MayRaise([value] { ToInt32(value); });
+
+    MayRaise([&text] { RecordReader(text).ReadDouble(); });
+    MayRaise([&text] { RecordReader(text).ReadVariant(); });
+    MayRaise([&text] {
+        RecordReader reader(text);
+        while (true)
+            reader.ReadString();
+    });
+
+    if (IsNumeric(text)) Claim(Session.CheckText.find(',') == std::string::npos);
+    return 0;
+}
