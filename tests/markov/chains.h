@@ -1,0 +1,42 @@
+// Transition matrices for the Markov tests.
+#pragma once
+
+#include <vector>
+
+#include "markov/Markov.h"
+
+using Rows = std::vector<std::vector<double>>;
+
+inline void Given(const Rows& rows)
+{
+    Markov::Problem.StateCount = static_cast<int>(rows.size());
+    Markov::MakeArrays();
+    for (int from = 1; from <= Markov::Problem.StateCount; ++from)
+        for (int to = 1; to <= Markov::Problem.StateCount; ++to)
+            Markov::Problem.TransitionMatrix(from, to) =
+                rows[static_cast<std::size_t>(from) - 1][static_cast<std::size_t>(to) - 1];
+}
+
+// n states, each of which goes to the next and the last to the first.
+inline Rows Ring(int n)
+{
+    Rows rows(static_cast<std::size_t>(n), std::vector<double>(static_cast<std::size_t>(n), 0.0));
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        rows[i][(i + 1) % rows.size()] = 1;
+    return rows;
+}
+
+// The first states go to the last ones, which are never left, each with the same probability.
+inline Rows Absorbing(int leaving, int absorbing)
+{
+    const auto n = static_cast<std::size_t>(leaving + absorbing);
+    Rows rows(n, std::vector<double>(n, 0.0));
+    for (std::size_t i = 0; i < n; ++i) {
+        if (i >= static_cast<std::size_t>(leaving))
+            rows[i][i] = 1;
+        else
+            for (std::size_t j = static_cast<std::size_t>(leaving); j < n; ++j)
+                rows[i][j] = 1.0 / absorbing;
+    }
+    return rows;
+}

@@ -1,0 +1,283 @@
+#include "shell/checks.h"
+
+#include <gmock/gmock.h>
+
+#include "markov/Markov.h"
+#include "shell/commands.h"
+#include "shell/session.h"
+#include "shell/userinput.h"
+#include "support/fake_desktop.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+const ShownMessage kIncomplete{"Problem is incomplete.  Zeroes will be entered for empty cells",
+                               "Problem Incomplete", Icon::Exclamation, Buttons::OKCancel};
+
+ShownMessage RowSumWarning(std::string_view sum)
+{
+    return {
+        "The sum of the probabilities for the states must equal 1!!!  The probabilities that you have input "
+        "sum "
+        "to " +
+            std::string(sum) + ".  PLEASE REENTER THE PROBABILITIES.",
+        "WARNING", Icon::Critical, Buttons::OK};
+}
+
+// A Markov problem of two states on the tableau form.
+class TableauChecks : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        Commands::Start();
+        Commands::SelectModule(12);
+        Commands::ChooseModule();
+        desktop.forms.onModal["frmUserInput"] = [] { UserInput::TakeSizes({"2"}); };
+        Commands::New();
+        Fill({"0.5", "0.5", "0", "1"});
+        Session.AskIncomplete = true;
+    }
+
+    FakeGrid& Grid() { return desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit"); }
+
+    void Fill(const std::vector<std::string>& cells)
+    {
+        Grid().SetText(1, 1, cells[0]);
+        Grid().SetText(1, 2, cells[1]);
+        Grid().SetText(2, 1, cells[2]);
+        Grid().SetText(2, 2, cells[3]);
+    }
+
+    static bool Check() { return CheckProbabilityTableau(Markov::Probability); }
+
+    FakeDesktop desktop;
+};
+
+}  // namespace
+
+TEST_F(TableauChecks, AFullProblemPassesAndTheIndicatorComesBack)
+{
+    EXPECT_TRUE(Check());
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+    EXPECT_EQ(desktop.screen.indicator, "Markov Processes Module");
+    EXPECT_THAT(desktop.screen.indicators, testing::Contains("Checking Problem Data. . ."));
+    EXPECT_EQ(Grid().Row(), 2);
+    EXPECT_EQ(Grid().Column(), 2);
+}
+
+TEST_F(TableauChecks, TwoEmptyCellsAreAskedAboutOnce)
+{
+    Fill({"", "1", "", "1"});
+    EXPECT_TRUE(Check());
+    EXPECT_THAT(desktop.dialogs.messages, ElementsAre(kIncomplete));
+    EXPECT_EQ(Markov::Probability(1, 1), 0);
+    EXPECT_EQ(Grid().Text(1, 1), "");  // a later Save asks again
+}
+
+TEST_F(TableauChecks, CancelAtTheQuestionEndsAtTheEmptyCell)
+{
+    Fill({"0.5", "0.5", "", "1"});
+    desktop.dialogs.answers = {Answer::Cancel};
+    EXPECT_FALSE(Check());
+    EXPECT_EQ(Grid().Row(), 2);
+    EXPECT_EQ(Grid().Column(), 1);
+    EXPECT_EQ(desktop.screen.indicator, "Markov Processes Module");
+}
+
+TEST_F(TableauChecks, ARefusedCellIsSelectedAndTheGridHasTheFocus)
+{
+    Fill({"0.5", "-0.5", "0", "1"});
+    const int before = Grid().focused;
+    EXPECT_FALSE(Check());
+    EXPECT_EQ(Grid().Row(), 1);
+    EXPECT_EQ(Grid().Column(), 2);
+    EXPECT_EQ(Grid().focused, before + 1);
+    EXPECT_EQ(desktop.dialogs.messages.size(), 1U);
+}
+
+TEST_F(TableauChecks, RowSumsPassFromJustAboveZeroPointNineNineNineToOnePointZeroZeroOne)
+{
+    struct Row {
+        const char* first;
+        bool passes;
+        const char* sum;
+    };
+    for (const Row& row :
+         {Row{"0.9990001", true, ""}, Row{"0.999", false, "0.999"}, Row{"0.99900009", false, "0.999"},
+          Row{"1.001", true, ""}, Row{"1.0011", false, "1.001"}, Row{"1.00100001", false, "1.001"},
+          Row{"0", false, "0.000"}, Row{"2.5", false, "2.500"}}) {
+        Fill({row.first, "0", "0", "1"});
+        desktop.dialogs.messages.clear();
+        EXPECT_EQ(Check(), row.passes) << row.first;
+        if (!row.passes) {
+            EXPECT_THAT(desktop.dialogs.messages, ElementsAre(RowSumWarning(row.sum))) << row.first;
+        }
+    }
+}
+
+TEST_F(TableauChecks, AWrongSumSelectsTheLastCellOfItsRow)
+{
+    Fill({"0.5", "0.5", "0.3", "0.3"});
+    EXPECT_FALSE(Check());
+    EXPECT_EQ(Grid().Row(), 2);
+    EXPECT_EQ(Grid().Column(), 2);
+    EXPECT_EQ(desktop.dialogs.Last(), RowSumWarning("0.600"));
+}
+
+TEST_F(TableauChecks, WithoutProbabilitiesSumsAreNotLookedAt)
+{
+    Fill({"7", "8", "9", "10"});
+    EXPECT_TRUE(CheckTableau());
+}
+
+namespace {
+
+class LinearProgramChecks : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        desktop.screen.indicator = "Linear Programming Module";
+        Names().Resize(2, 3);
+        Names().SetText(0, 1, "X1");
+        Names().SetText(0, 2, "X2");
+        Constraints().Resize(3, 5);
+        for (const int row : {1, 2}) {
+            Constraints().SetText(row, 3, "<");
+            Constraints().SetText(row, 4, "10");
+        }
+    }
+
+    FakeGrid& Names() { return desktop.forms.Loaded("frmLPproblem").GridOf("Grid(0)"); }
+    FakeGrid& Constraints() { return desktop.forms.Loaded("frmLPproblem").GridOf("Grid(1)"); }
+
+    FakeDesktop desktop;
+};
+
+}  // namespace
+
+TEST_F(LinearProgramChecks, EmptyCoefficientsPass)
+{
+    EXPECT_TRUE(CheckLinearProgram());
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+    EXPECT_EQ(desktop.screen.indicator, "Linear Programming Module");
+}
+
+TEST_F(LinearProgramChecks, NamesComeBeforeRelationsBeforeRightHandSides)
+{
+    Constraints().SetText(1, 3, "");
+    Constraints().SetText(1, 4, "");
+    Names().SetText(0, 2, "");
+    EXPECT_FALSE(CheckLinearProgram());
+    EXPECT_THAT(desktop.dialogs.messages, ElementsAre(Refused("Variable Name Not Entered.")));
+    EXPECT_EQ(Names().Column(), 2);
+    EXPECT_EQ(Names().focused, 1);
+
+    Names().SetText(0, 2, "Y");
+    EXPECT_FALSE(CheckLinearProgram());
+    EXPECT_EQ(desktop.dialogs.Last(), Refused("Relation Not Entered."));
+    EXPECT_EQ(Constraints().Column(), 3);
+    EXPECT_EQ(Constraints().focused, 1);
+
+    Constraints().SetText(1, 3, "=");
+    EXPECT_FALSE(CheckLinearProgram());
+    EXPECT_EQ(desktop.dialogs.Last(), Refused("RHS Value Not Entered."));
+    EXPECT_EQ(Constraints().Row(), 1);
+    EXPECT_EQ(Constraints().Column(), 4);
+    EXPECT_EQ(desktop.screen.indicator, "Linear Programming Module");
+}
+
+namespace {
+
+// Two states of nature and two outcomes; the stored probabilities are what the cells say.
+class DecisionChecks : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        for (const int pass : {0, 1, 2})
+            GridOf(pass).Resize(3, 3);
+        Fill(0, {"1", "2", "3", "4"});
+        Fill(1, {"0.5", "0.5", "9", "9"});
+        Fill(2, {"0.1", "0.9", "1", "0"});
+        Session.AskIncomplete = true;
+    }
+
+    FakeGrid& GridOf(int pass)
+    {
+        return desktop.forms.Loaded("frmDecisionProblem").GridOf("Grid(" + std::to_string(pass) + ")");
+    }
+
+    void Fill(int pass, const std::vector<std::string>& cells)
+    {
+        for (int i = 0; i < 4; ++i)
+            GridOf(pass).SetText(1 + i / 2, 1 + i % 2, cells[static_cast<std::size_t>(i)]);
+    }
+
+    bool Check(bool prior, bool indicators)
+    {
+        visited.clear();
+        return CheckDecision(
+            {.Commit =
+                 [this](int pass, int row, int column, std::string_view text) {
+                     visited.push_back(std::to_string(pass) + std::to_string(row));
+                     stored[{pass, row, column}] = text.empty() ? 0 : std::stod(std::string(text));
+                     return text.empty() && Session.AskIncomplete ? kCellEmpty : kCellStored;
+                 },
+             .Runs = [=](int pass) { return pass == 0 || (pass == 1 ? prior : indicators); },
+             .Probability =
+                 [this](int pass, int row, int column) {
+                     return stored[{pass, row, column}];
+                 },
+             .Count = [](int pass) { return pass == 1 ? 7 : 3; }});
+    }
+
+    std::vector<std::string> visited;
+    std::map<std::tuple<int, int, int>, double> stored;
+    FakeDesktop desktop;
+};
+
+}  // namespace
+
+TEST_F(DecisionChecks, PassesFollowTheFeaturesOfTheProblem)
+{
+    EXPECT_TRUE(Check(false, false));
+    EXPECT_THAT(visited, ElementsAre("01", "01", "02", "02"));
+    EXPECT_TRUE(Check(true, true));
+    EXPECT_THAT(visited, ElementsAre("01", "01", "02", "02", "11", "11", "21", "21", "22", "22"));
+}
+
+TEST_F(DecisionChecks, PayoffsAreNotSummed)
+{
+    Fill(0, {"100", "0", "0", "0"});
+    EXPECT_TRUE(Check(true, true));
+}
+
+TEST_F(DecisionChecks, WrongSumsNameTheStatesOrTheOutcomes)
+{
+    Fill(1, {"0.5", "0.4", "", ""});
+    EXPECT_FALSE(Check(true, true));
+    EXPECT_EQ(desktop.dialogs.Last(),
+              (ShownMessage{"The sum of the probabilities for the 7 states of nature must equal 1!!!  The "
+                            "probabilities that you have input sum to 0.900.",
+                            "WARNING", Icon::Critical, Buttons::OK}));
+    EXPECT_EQ(GridOf(1).Column(), 2);
+    EXPECT_EQ(GridOf(1).focused, 1);
+
+    Fill(1, {"0.5", "0.5", "", ""});
+    Fill(2, {"0.1", "0.9", "1", "1"});
+    EXPECT_FALSE(Check(true, true));
+    EXPECT_EQ(desktop.dialogs.Last(),
+              (ShownMessage{"The sum of the probabilities for the 3 indicator outcomes must equal 1!!!  The "
+                            "probabilities that you have input sum to 2.000.",
+                            "WARNING", Icon::Critical, Buttons::OK}));
+    EXPECT_EQ(GridOf(2).Row(), 2);
+}
+
+TEST_F(DecisionChecks, EmptyCellsAreAskedAboutOnceOverAllPasses)
+{
+    Fill(0, {"", "", "3", "4"});
+    Fill(1, {"", "1", "", ""});
+    EXPECT_TRUE(Check(true, false));
+    EXPECT_THAT(desktop.dialogs.messages, ElementsAre(kIncomplete));
+}

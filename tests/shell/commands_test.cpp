@@ -1,0 +1,399 @@
+#include "shell/commands.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "shell/menus.h"
+#include "shell/session.h"
+#include "shell/solution.h"
+#include "shell/userinput.h"
+#include "support/fake_desktop.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+ShownMessage Question(std::string_view text, std::string_view title)
+{
+    return {std::string(text), std::string(title), Icon::Question, Buttons::YesNo};
+}
+
+const ShownMessage kFileInputError{"File Input Error.  Make sure this is a file for the current module.",
+                                   "Error Opening File", Icon::Critical, Buttons::OK};
+
+// Sessions with the Markov module, whose problem form is the tableau.
+class CommandsOfTheShell : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        folder = std::filesystem::temp_directory_path() /
+                 ("vantrel-commands-" +
+                  std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+        std::filesystem::create_directories(folder);
+        Commands::Start();
+        Commands::SelectModule(12);
+    }
+    void TearDown() override { std::filesystem::remove_all(folder); }
+
+    // The states of New, Open, Save, Change Modules, Edit, Solution, Print and Save As Text, '1' for on.
+    static std::string MenuStates()
+    {
+        std::string states;
+        for (const char* item :
+             {"mnuFileNew", "mnuFileOpen", "mnuFileSave", "mnuFileChangeModules", "mnudispedit",
+              "mnuSolution", "mnuSolutionPrinttoPrinter", "mnuSolutionPrinttoText"})
+            states += Menus.Item(item).Enabled ? '1' : '0';
+        return states;
+    }
+
+    static MenuItem DisplayItem() { return Menus.Item("mnudispeditsubs(0)"); }
+
+    void NewProblem(const std::string& states = "2")
+    {
+        desktop.forms.onModal["frmUserInput"] = [states] { UserInput::TakeSizes({states}); };
+        Commands::New();
+    }
+
+    void FillCells(const std::vector<std::string>& cells)
+    {
+        FakeGrid& grid = desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit");
+        const int n = grid.Rows() - 1;
+        for (int i = 0; i < n * n; ++i)
+            grid.SetText(1 + i / n, 1 + i % n, cells[static_cast<std::size_t>(i)]);
+    }
+
+    void SolvedProblem()
+    {
+        Commands::ChooseModule();
+        NewProblem();
+        FillCells({"0.9", "0.1", "0.3", "0.7"});
+        Commands::Solve();
+    }
+
+    std::string Path(const std::string& name) const { return (folder / name).string(); }
+
+    std::string Write(const std::string& name, const std::string& text) const
+    {
+        std::ofstream(Path(name), std::ios::binary) << text;
+        return Path(name);
+    }
+
+    std::string Read(const std::string& name) const
+    {
+        std::ostringstream text;
+        text << std::ifstream(Path(name), std::ios::binary).rdbuf();
+        return text.str();
+    }
+
+    std::filesystem::path folder;
+    FakeDesktop desktop;
+};
+
+}  // namespace
+
+TEST_F(CommandsOfTheShell, WithoutAChoiceTheSelectionStays)
+{
+    Commands::Start();
+    EXPECT_FALSE(Commands::ChooseModule());
+    EXPECT_THAT(desktop.dialogs.messages,
+                ElementsAre(ShownMessage{"You Must Select A Problem Module", "Invalid Selection",
+                                         Icon::Exclamation, Buttons::OK}));
+    EXPECT_TRUE(desktop.forms.IsLoaded("frmModuleSelection"));
+}
+
+TEST_F(CommandsOfTheShell, MenusFollowTheStatesOfASession)
+{
+    EXPECT_EQ(MenuStates(), "00000000");
+    EXPECT_EQ(DisplayItem().Caption, "");
+
+    Commands::ChooseModule();
+    EXPECT_EQ(MenuStates(), "11010000");
+    EXPECT_EQ(DisplayItem().Caption, "");
+    EXPECT_FALSE(Menus.Item("mnudispeditsubs(1)").Visible);
+    EXPECT_FALSE(Menus.Item("mnudispeditsubs(2)").Visible);
+
+    NewProblem();
+    EXPECT_EQ(MenuStates(), "11111100");
+    EXPECT_EQ(DisplayItem().Caption, "&Display/Edit the Problem");
+    EXPECT_FALSE(DisplayItem().Enabled);
+
+    FillCells({"0.9", "0.1", "0.3", "0.7"});
+    Commands::Solve();
+    EXPECT_EQ(MenuStates(), "11111111");
+    EXPECT_TRUE(DisplayItem().Enabled);
+
+    Commands::EditItem(0);
+    EXPECT_EQ(MenuStates(), "11111100");
+    EXPECT_FALSE(DisplayItem().Enabled);
+    EXPECT_FALSE(desktop.forms.Loaded("frmSolution").shown);
+
+    Commands::ChangeModules();
+    EXPECT_EQ(MenuStates(), "00000000");
+    EXPECT_EQ(DisplayItem().Caption, "&Display/Edit the Problem");
+    EXPECT_FALSE(desktop.forms.IsLoaded("frmProblem"));
+    EXPECT_TRUE(desktop.forms.IsLoaded("frmModuleSelection"));
+    EXPECT_EQ(Session.CurrentModule, 0);
+    EXPECT_EQ(desktop.screen.indicator, "");
+}
+
+TEST_F(CommandsOfTheShell, AClosedReportLeavesTheProblem)
+{
+    SolvedProblem();
+    Commands::SolutionClosed();
+    EXPECT_EQ(MenuStates(), "11111100");
+    EXPECT_FALSE(DisplayItem().Enabled);
+    EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
+}
+
+TEST_F(CommandsOfTheShell, TheProblemFormIntroducesItsModule)
+{
+    Commands::ChooseModule();
+    FakeForm& form = desktop.forms.Loaded("frmProblem");
+    EXPECT_EQ(
+        form.Text("txtLoadInfo"),
+        "This module will analyze Markov processes with up to 10 states.  Both Markov processes involving "
+        "steady-state behavior and absorbing states can be analyzed.");
+    EXPECT_EQ(form.Text("lblLoadInfo"), "  Select 'File' and click 'New' or 'Open' to work with a problem.");
+    NewProblem();
+    EXPECT_FALSE(form.visible.at("txtLoadInfo"));
+    EXPECT_FALSE(form.visible.at("lblLoadInfo"));
+}
+
+TEST_F(CommandsOfTheShell, NewAsksOnlyWithAProblemOnDisplay)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+    desktop.dialogs.answers = {Answer::No};
+    NewProblem("3");
+    EXPECT_THAT(
+        desktop.dialogs.messages,
+        ElementsAre(Question("Are you sure you wish to create a new problem?", "Create New Problem")));
+    EXPECT_EQ(Session.ProblemOnDisplay, "YES");
+    NewProblem("3");
+    EXPECT_EQ(desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit").Rows(), 4);
+}
+
+TEST_F(CommandsOfTheShell, ANewProblemAfterAReportStartsWithoutIt)
+{
+    SolvedProblem();
+    NewProblem("2");
+    EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
+    EXPECT_EQ(MenuStates(), "11111100");
+}
+
+TEST_F(CommandsOfTheShell, NewProblemStaysTrueAfterACancelledDialog)
+{
+    Commands::ChooseModule();
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::ConfirmCancel(); };
+    Commands::New();
+    EXPECT_TRUE(Session.NewProblem);
+    Commands::ChangeModules();
+    EXPECT_THAT(desktop.dialogs.messages,
+                ElementsAre(Question("Are you sure you wish to cancel the current problem?",
+                                     "Cancel Current Problem")));
+    EXPECT_FALSE(Session.NewProblem);
+}
+
+TEST_F(CommandsOfTheShell, ChangeModulesAsksWithAProblemOnDisplay)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    desktop.dialogs.answers = {Answer::No, Answer::Yes};
+    Commands::ChangeModules();
+    EXPECT_EQ(desktop.dialogs.Last(),
+              Question("Are you sure you wish to select a new module?", "Select New Module"));
+    EXPECT_EQ(Session.CurrentModule, 12);
+    Commands::ChangeModules();
+    EXPECT_EQ(Session.CurrentModule, 0);
+    EXPECT_EQ(Session.ProblemOnDisplay, "NO");
+}
+
+TEST_F(CommandsOfTheShell, OpenAsksThenLosesTheOldProblemEvenWhenCancelled)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    Commands::Open();
+    EXPECT_THAT(desktop.dialogs.messages,
+                ElementsAre(Question("Are you sure you wish to retrieve another problem?",
+                                     "Retrieve Another Problem")));
+    EXPECT_EQ(Session.ProblemOnDisplay, "NO");
+    EXPECT_EQ(MenuStates(), "11010000");
+}
+
+TEST_F(CommandsOfTheShell, TheFileDialogsCarryTheModulesExtension)
+{
+    SetProgramFolder("/opt/program");
+    Commands::SelectModule(12);
+    Commands::ChooseModule();
+    NewProblem();
+    FillCells({"1", "0", "0", "1"});
+    Commands::Save();
+    Commands::Open();
+    ASSERT_EQ(desktop.dialogs.fileQuestions.size(), 2U);
+    const FileQuestion& save = desktop.dialogs.fileQuestions[0];
+    EXPECT_TRUE(save.Saving);
+    EXPECT_EQ(save.Title, "Save the Current Problem");
+    EXPECT_EQ(save.Extension, "MRK");
+    EXPECT_EQ(save.Filter, "MRK File|*.MRK|All Files (*.*)|*.*");
+    EXPECT_EQ(save.Folder, "/opt/program/Problems");
+    const FileQuestion& open = desktop.dialogs.fileQuestions[1];
+    EXPECT_FALSE(open.Saving);
+    EXPECT_EQ(open.Title, "Select a Previously Saved Problem");
+}
+
+TEST_F(CommandsOfTheShell, ASavedProblemComesBack)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    FillCells({"0.25", ".75", "", "1"});
+    desktop.dialogs.files = {Path("a.MRK"), Path("a.MRK")};
+    Commands::Save();
+    EXPECT_EQ(Read("a.MRK"), "2\r\n0.25\r\n0.75\r\n0\r\n1\r\n");
+    EXPECT_EQ(Session.ProblemFileName, Path("a.MRK"));
+    Commands::Open();
+    FakeGrid& grid = desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit");
+    EXPECT_THAT(grid.RowTexts(1), ElementsAre("1", "0.25", "0.75"));
+    EXPECT_THAT(grid.RowTexts(2), ElementsAre("2", "0", "1"));
+    EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
+}
+
+TEST_F(CommandsOfTheShell, AFailedCheckSavesNothing)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    FillCells({"0.5", "0.4", "0", "1"});
+    Commands::Save();
+    EXPECT_EQ(desktop.dialogs.Last().Title, "WARNING");
+    EXPECT_THAT(desktop.dialogs.fileQuestions, IsEmpty());
+}
+
+TEST_F(CommandsOfTheShell, FilesThatCannotBeReadLeaveTheFormEmpty)
+{
+    Commands::ChooseModule();
+    const std::vector<std::string> files = {
+        Write("short.MRK", "2\r\n0.5\r\n0.5\r\n"),
+        Write("letters.MRK", "2\r\n0.5\r\nhalf\r\n0\r\n1\r\n"),
+        Write("nul.MRK", std::string("2\r\n0.5\r\n0\0.5\r\n", 15)),
+        Write("wide.MRK", "40000\r\n1\r\n"),
+        Write("beyond.MRK", "11\r\n" + std::string(3000, '1') + "\r\n"),
+        Write("negative.MRK", "-3\r\n"),
+        Write("many.MRK",
+              [] {
+                  std::string text = "11\r\n";
+                  for (int i = 0; i < 121; ++i)
+                      text += "0.5\r\n";
+                  return text;
+              }()),
+        Path("missing.MRK"),
+    };
+    for (const std::string& file : files) {
+        desktop.dialogs.messages.clear();
+        desktop.dialogs.files = {file};
+        Commands::Open();
+        EXPECT_THAT(desktop.dialogs.messages, ElementsAre(kFileInputError)) << file;
+        EXPECT_EQ(Session.ProblemOnDisplay, "NO") << file;
+        EXPECT_EQ(MenuStates(), "11010000") << file;
+        EXPECT_EQ(desktop.screen.pointer, Pointer::Normal) << file;
+    }
+}
+
+TEST_F(CommandsOfTheShell, AFolderThatIsMissingShowsTheErrorBox)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    FillCells({"1", "0", "0", "1"});
+    desktop.dialogs.files = {Path("no/such/folder/a.MRK")};
+    Commands::Save();
+    EXPECT_EQ(desktop.dialogs.Last(),
+              (ShownMessage{"Path not found", "Error # 76", Icon::Critical, Buttons::OK}));
+}
+
+TEST_F(CommandsOfTheShell, SolvingShowsThatItSolvesAndPutsTheIndicatorBack)
+{
+    SolvedProblem();
+    EXPECT_THAT(desktop.screen.indicators,
+                testing::IsSupersetOf({"Checking Problem Data. . .", "Solving Problem . . ."}));
+    EXPECT_EQ(desktop.screen.indicator, "Markov Processes Module");
+    EXPECT_THAT(desktop.screen.pointers, testing::Contains(Pointer::Hourglass));
+    EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
+    EXPECT_EQ(SolutionLines()[0], "Markov Processes Solution");
+}
+
+TEST_F(CommandsOfTheShell, AFailedCheckOfSolveTakesTheOldReportAway)
+{
+    SolvedProblem();
+    FillCells({"0.9", "0.9", "0.3", "0.7"});
+    Commands::Solve();
+    EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
+    EXPECT_EQ(MenuStates(), "11111100");
+    EXPECT_FALSE(DisplayItem().Enabled);
+    EXPECT_EQ(desktop.screen.indicator, "Markov Processes Module");
+}
+
+TEST_F(CommandsOfTheShell, TheReportGoesToPaper)
+{
+    SolvedProblem();
+    Commands::Print();
+    EXPECT_EQ(desktop.printer.font, "Courier New");
+    EXPECT_EQ(desktop.printer.pointSize, 12);
+    EXPECT_EQ(desktop.printer.Lines().at(0), "MARKOV PROCESSES");
+    EXPECT_EQ(Session.OutputDestination, "Printer");
+    EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
+}
+
+TEST_F(CommandsOfTheShell, ACancelledPrinterDialogChangesNothing)
+{
+    SolvedProblem();
+    Session.OutputDestination = "File";
+    desktop.printer.accepts = false;
+    Commands::Print();
+    EXPECT_THAT(desktop.printer.pages, IsEmpty());
+    EXPECT_EQ(Session.OutputDestination, "File");
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+}
+
+TEST_F(CommandsOfTheShell, AFailingPrinterShowsTheErrorBoxAndKeepsTheHourglass)
+{
+    SolvedProblem();
+    desktop.printer.failure = ErrorNumber::PathFileAccess;
+    Commands::Print();
+    EXPECT_EQ(desktop.dialogs.Last(),
+              (ShownMessage{"Path/File access error", "Error # 75", Icon::Critical, Buttons::OK}));
+    EXPECT_EQ(desktop.screen.pointer, Pointer::Hourglass);
+}
+
+TEST_F(CommandsOfTheShell, TheReportGoesToATextFile)
+{
+    SolvedProblem();
+    desktop.dialogs.files = {Write("a.OUT", "an older and longer file\n")};
+    Commands::SaveAsText();
+    const FileQuestion& question = desktop.dialogs.fileQuestions.back();
+    EXPECT_TRUE(question.Saving);
+    EXPECT_EQ(question.Title, "Print Current Problem to TEXT File");
+    EXPECT_EQ(question.Extension, "OUT");
+    EXPECT_EQ(question.Filter, "OUT File|*.OUT|All Files (*.*)|*.*");
+    EXPECT_TRUE(Read("a.OUT").starts_with("MARKOV PROCESSES"));
+    EXPECT_EQ(Read("a.OUT").find("older"), std::string::npos);
+    EXPECT_EQ(Session.OutputDestination, "File");
+}
+
+TEST_F(CommandsOfTheShell, AModuleThatIsNotInThisBuildSaysSo)
+{
+    for (int number = 1; number <= kModuleCount; ++number) {
+        if (ModuleOf(number).Routines != nullptr) continue;
+        Commands::Start();
+        Commands::SelectModule(number);
+        Commands::ChooseModule();
+        desktop.dialogs.messages.clear();
+        Commands::New();
+        EXPECT_THAT(desktop.dialogs.messages,
+                    ElementsAre(ShownMessage{"The " + ModuleOf(number).Indicator + " is not in this build.",
+                                             "Vantrel", Icon::Information, Buttons::OK}));
+        EXPECT_EQ(Session.ProblemOnDisplay, "NO");
+    }
+}
