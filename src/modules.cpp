@@ -2,7 +2,9 @@
 #include <array>
 
 #include "basic/error.h"
+#include "forecasting/module.h"
 #include "markov/module.h"
+#include "project/module.h"
 #include "shell/module.h"
 #include "shell/session.h"
 
@@ -81,7 +83,7 @@ const std::array<Module, kModuleCount>& Table()
                         "are allowed.  Activities are identified by letters of the alphabet; "
                         "immediate predecessors must be represented by letters appearing earlier in "
                         "the alphabet.",
-         .Routines = nullptr},
+         .Routines = &PertCpm()},
         {.Option = "8.  Inventory",
          .Indicator = "Inventory Module",
          .Title = "INVENTORY PROBLEM",
@@ -123,7 +125,7 @@ const std::array<Module, kModuleCount>& Table()
                         "forecasting methods:  Moving Averages, Exponential Smoothing, Trend "
                         "Projection, and Trend and Seasonal Components.  The program can analyze a "
                         "time series with up to 100 data values (observations).",
-         .Routines = nullptr},
+         .Routines = &Forecasting()},
         {.Option = "12. Markov Processes",
          .Indicator = "Markov Processes Module",
          .Title = "MARKOV PROCESSES PROBLEM",

@@ -1,0 +1,302 @@
+#include "forecasting/VtForecasting.h"
+
+#include "basic/format.h"
+#include "basic/number.h"
+#include "desktop/desktop.h"
+#include "shell/checks.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/session.h"
+#include "shell/userinput.h"
+#include "tableau/decimals.h"
+#include "tableau/tanumchk.h"
+
+namespace VtForecasting {
+
+ForecastProblem Problem;
+ForecastResult Result;
+
+namespace {
+
+constexpr const char* kForm = "frmProblem";
+constexpr const char* kGrid = "gridDisplayEdit";
+
+Grid& SeriesGrid()
+{
+    return desktop::TheForms().Loaded(kForm).GridOf(kGrid);
+}
+
+void FillGrid(bool withValues)
+{
+    constexpr int kValueWidth = 20;
+    Grid& grid = SeriesGrid();
+    grid.Resize(Problem.PeriodCount + 1, 2);
+    grid.SetColumnWidth(1, kValueWidth);
+    grid.SetText(0, 0, "Period");
+    grid.SetText(0, 1, "Time Series Value");
+    for (int t = 1; t <= Problem.PeriodCount; ++t) {
+        grid.SetText(t, 0, std::to_string(t));
+        if (withValues) grid.SetText(t, 1, Problem.TimeSeries(t).Text());
+    }
+}
+
+bool IsWhole(std::string_view text)
+{
+    if (!IsNumeric(text)) return false;
+    const double value = Val(Session.CheckText);
+    return value == Int(value);
+}
+
+// What is typed into a cell counts before the periods move.
+bool CommitGridCell(int row)
+{
+    const int code = CommitCell(row, 1, SeriesGrid().Text(row, 1));
+    if (AcceptCell(code, kForm, kGrid, row, 1)) return true;
+    if (code == kCellRefused) SeriesGrid().SetFocus();
+    return false;
+}
+
+bool CommitTypedCell()
+{
+    const int row = SeriesGrid().Row();
+    return row < 1 || SeriesGrid().Text(row, 1).empty() || CommitGridCell(row);
+}
+
+}  // namespace
+
+void MakeArrays()
+{
+    Problem.TimeSeries = Array1<Variant>(kMostPeriods);
+    Problem.DecimalPlaces = 0.0;
+    Problem.ForecastMethod = 0;
+    Problem.MethodParameter.clear();
+    Problem.ForecastCount.clear();
+    Result = {};
+}
+
+void NewTimeSeries()
+{
+    const auto answers =
+        AskSizes({.Caption = " Time Periods",
+                  .Questions = {{.Question = "Enter Number of Time Periods (MAX=100):",
+                                 .Least = 1,
+                                 .Most = kMostPeriods,
+                                 .RangeMessage = "YOU MAY ONLY SELECT A NUMBER BETWEEN 1 AND 100.  "
+                                                 "PLEASE TRY AGAIN."}}});
+    if (answers.empty()) {
+        desktop::TheForms().FocusMenu();
+        return;
+    }
+    Problem.PeriodCount = answers[0];
+    MakeArrays();
+    Session.ProblemOnDisplay = "NO";
+    Display();
+}
+
+void Display()
+{
+    BeginDisplay();
+    Form& form = desktop::TheForms().Loaded(kForm);
+    form.SetText("lblInfo", "Enter Time Series Value for Each Period.");
+    form.SetVisible("lblInfo", true);
+    FillGrid(!Session.NewProblem);
+    form.SetVisible(kGrid, true);
+    EndDisplay();
+    if (!Session.NewProblem) return;
+    SeriesGrid().Select(1, 1);
+    SeriesGrid().SetFocus();
+}
+
+int CommitCell(int row, int column, std::string_view text)
+{
+    if (row < 1 || column != 1) return kCellStored;
+    Session.CheckText = UpperCase(text);
+    if (Session.CheckText.empty()) {
+        Problem.TimeSeries(row) = 0.0;
+        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+    }
+    CheckNumber();
+    if (Session.IsNumber == "NO") {
+        Refuse("Values Must be Numeric.  PLEASE REENTER.");
+        return kCellRefused;
+    }
+    const double value = Val(Session.CheckText);
+    Problem.TimeSeries(row) = value;
+    RaiseDecimalPlaces(Problem.DecimalPlaces, value);
+    return kCellStored;
+}
+
+// ---- adding and deleting periods ----
+
+namespace {
+
+bool MayAdd(std::string_view text)
+{
+    if (!IsWhole(text)) return Refuse("The Number of Time Periods must be an Integer!!");
+    const double count = Val(Session.CheckText);
+    if (count <= 0) return Refuse("Time Periods to Add Must be Positive");
+    if (Problem.PeriodCount + count > kMostPeriods)
+        return Refuse("The Number of Time Periods must not Exceed 100  PLEASE TRY AGAIN.");
+    return true;
+}
+
+bool MayDelete(std::string_view text)
+{
+    if (!IsWhole(text)) return Refuse("The Time Periods must be an Integer!!");
+    const double count = Val(Session.CheckText);
+    if (count <= 0) return Refuse("Time Periods Must be Positive");
+    if (count >= Problem.PeriodCount)
+        return Refuse("The Number of Time Periods to Delete must be less than " +
+                      std::to_string(Problem.PeriodCount));
+    return true;
+}
+
+}  // namespace
+
+void AddTimePeriods()
+{
+    if (!CommitTypedCell()) return;
+    const std::string answer = InputBox(
+        "Enter the Number of Time Periods to Add (Data will be added to the end of the time series.):",
+        "Add Time Periods");
+    if (answer.empty() || !MayAdd(answer)) return;
+    const int first = Problem.PeriodCount + 1;
+    Problem.PeriodCount = ToInt16(Problem.PeriodCount + Val(Session.CheckText));
+    for (int t = first; t <= Problem.PeriodCount; ++t)
+        Problem.TimeSeries(t) = Variant();
+    FillGrid(true);
+    SeriesGrid().Select(first, 1);
+}
+
+void DeleteTimePeriods()
+{
+    if (!CommitTypedCell() || !CommitGridCell(Problem.PeriodCount)) return;
+    const std::string answer = InputBox(
+        "Enter the Number of Time Periods to Delete (Data will be deleted from the beginning of the time "
+        "series.):",
+        "Delete Time Periods");
+    if (answer.empty() || !MayDelete(answer)) return;
+    const std::int16_t deleted = ToInt16(Val(Session.CheckText));
+    Problem.PeriodCount = ToInt16(Problem.PeriodCount - deleted);
+    for (int t = 1; t <= Problem.PeriodCount; ++t)
+        Problem.TimeSeries(t) = Problem.TimeSeries(t + deleted);
+    FillGrid(true);
+}
+
+// ---- the method and its inputs ----
+
+namespace {
+
+std::string HalfThePeriods()
+{
+    return PlainText(Problem.PeriodCount / 2.0);
+}
+
+std::string_view IndicatorOf(int method)
+{
+    switch (method) {
+        case kMovingAverages:
+            return "Forecasting Module - Moving Averages";
+        case kExponentialSmoothing:
+            return "Forecasting Module - Exponential Smoothing";
+        case kTrendProjection:
+            return "Forecasting Module - Trend Projection";
+        default:
+            return "Forecasting Module - Trend && Seasonal Projection";
+    }
+}
+
+// The text is a whole number from 1 to `most`.
+bool IsPeriodCount(std::string_view text, int most)
+{
+    if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE.");
+    const double count = Val(Session.CheckText);
+    if (count < 1 || count > most)
+        return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND " + std::to_string(most));
+    return true;
+}
+
+bool IsSmoothingConstant(std::string_view text)
+{
+    if (IsNumeric(text)) {
+        const double constant = Val(Session.CheckText);
+        if (constant >= 0 && constant <= 1) return true;
+    }
+    return Refuse("NOTE:  THE VALUE OF THE SMOOTHING CONSTANT MUST BE BETWEEN 0 AND 1.");
+}
+
+bool IsSeasonCount(std::string_view text)
+{
+    if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF SEASONS MUST BE AN INTEGER VALUE.");
+    const double seasons = Val(Session.CheckText);
+    if (seasons < 1) return Refuse("NOTE:  THE NUMBER OF SEASONS MUST BE AT LEAST 1.");
+    if (seasons > Problem.PeriodCount / 2.0)
+        return Refuse("NOTE:  THE NUMBER OF SEASONS CANNOT BE GREATER THAN " + HalfThePeriods());
+    return true;
+}
+
+bool IsForecastCount(std::string_view text, double seasons)
+{
+    if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE ");
+    if (Val(Session.CheckText) > seasons)
+        return Refuse(
+            "NOTE:  THE NUMBER OF FORECAST PERIODS MUST BE LESS THAN OR EQUAL TO THE NUMBER OF "
+            "SEASONS.");
+    return true;
+}
+
+}  // namespace
+
+std::array<std::string, 2> FieldLabels(int method)
+{
+    switch (method) {
+        case kMovingAverages:
+            return {"Number of Periods in Moving Average:", ""};
+        case kExponentialSmoothing:
+            return {"Smoothing Constant (0-1):", ""};
+        case kTrendProjection:
+            return {"Number of Periods to Forescast (MAX=12):", ""};
+        default:
+            return {"Number of Seasons (MAX=" + HalfThePeriods() + "):", "Number of Periods to Forecast:"};
+    }
+}
+
+int TakeMethod(int method, const std::array<std::string, 2>& fields)
+{
+    desktop::TheScreen().SetIndicator(IndicatorOf(method));
+    bool accepted = false;
+    switch (method) {
+        case kMovingAverages:
+            accepted = IsPeriodCount(fields[0], Problem.PeriodCount);
+            break;
+        case kExponentialSmoothing:
+            accepted = IsSmoothingConstant(fields[0]);
+            break;
+        case kTrendProjection:
+            accepted = IsPeriodCount(fields[0], kMostTrendForecasts);
+            break;
+        default:
+            accepted = IsSeasonCount(fields[0]);
+            break;
+    }
+    if (!accepted) return 0;
+    // The check has taken the thousands separators out, which would end a number when it is read.
+    const std::string first = Session.CheckText;
+    std::string second;
+    if (method == kTrendAndSeasonal) {
+        if (!IsForecastCount(fields[1], Val(first))) return 1;
+        second = Session.CheckText;
+    }
+    Problem.ForecastMethod = static_cast<std::int16_t>(method);
+    Problem.MethodParameter = method == kTrendProjection ? "" : first;
+    Problem.ForecastCount = method == kTrendProjection ? first : second;
+    Session.DialogCancelled = false;
+    return -1;
+}
+
+void CancelMethod()
+{
+    Session.DialogCancelled = true;
+}
+
+}  // namespace VtForecasting

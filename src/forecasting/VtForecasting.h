@@ -1,0 +1,85 @@
+// Forecasting: a time series as the user enters it, and its forecasts by one of four methods.
+//
+// Periods and seasons are numbered from 1. Values are in the user's own unit.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "basic/array.h"
+#include "basic/variant.h"
+
+namespace VtForecasting {
+
+constexpr int kMostPeriods = 100;
+constexpr int kMostTrendForecasts = 12;
+
+enum ForecastMethods {
+    kMovingAverages = 1,
+    kExponentialSmoothing = 2,
+    kTrendProjection = 3,
+    kTrendAndSeasonal = 4,
+};
+
+struct ForecastProblem {
+    std::int16_t PeriodCount = 0;  // n, 1 to 100
+    Array1<Variant> TimeSeries;    // 100 values; empty where the user has entered nothing
+    Variant DecimalPlaces = 0.0;   // 0 to 2, raised by the values entered
+    std::int16_t ForecastMethod = 0;
+    std::string MethodParameter;  // periods in the average, smoothing constant or seasons
+    std::string ForecastCount;    // periods to forecast, trend methods only
+};
+
+// What a solve leaves for the reports.
+struct ForecastResult {
+    int Method = 0;  // 0: nothing has been solved since the problem began
+    double Parameter = 0;
+    int PeriodCount = 0;
+    Array1<double> Series;
+    Array1<double> Fitted;    // from FirstFittedPeriod
+    Array1<double> FitError;  // series minus fitted value
+    int FirstFittedPeriod = 1;
+    double MeanSquareError = 0;
+    double NextForecast = 0;    // of period n + 1, methods 1 and 2
+    double TrendIntercept = 0;  // b0 of T = b0 + b1 t
+    double TrendSlope = 0;      // b1
+    int SeasonCount = 0;
+    Array1<double> SeasonalIndex;  // averages 1 over the seasons
+    int ZeroIndexCount = 0;        // above 0: there is nothing behind the indexes
+    int ForecastCount = 0;
+    Array1<double> Forecast;  // of the periods n + 1, n + 2, ..., trend methods
+};
+
+extern ForecastProblem Problem;
+extern ForecastResult Result;
+
+// ---- model and entry ----
+
+void MakeArrays();     // an empty series; PeriodCount stays
+void NewTimeSeries();  // asks for the number of periods and displays the empty series
+void Display();        // puts the series on `frmProblem`
+int CommitCell(int row, int column, std::string_view text);
+
+// Ask how many and change the series: new periods come at the end, old ones go from the beginning.
+void AddTimePeriods();
+void DeleteTimePeriods();
+
+// ---- `frmForecastingModels` ----
+
+// The labels of the two fields; an empty one has no field.
+std::array<std::string, 2> FieldLabels(int method);
+
+// The check behind its Solve button. Answers which field is refused (0 or 1), after its message; -1: the
+// method and its inputs are taken.
+int TakeMethod(int method, const std::array<std::string, 2>& fields);
+void CancelMethod();
+
+// ---- engine ----
+
+// Reads Problem, leaves Result. "Division by zero" or "Overflow" where a divisor is 0: an average over all
+// periods, a trend over one period, seasonal indexes that add up to 0; nothing counts as solved then.
+void Forecast();
+
+}  // namespace VtForecasting
