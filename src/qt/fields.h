@@ -64,7 +64,7 @@ void SelectBox(QLineEdit* box);
 // Shows or hides a control with its label.
 void ShowRow(QWidget* control, bool visible);
 void SetRowLabel(QWidget* control, std::string_view text);
-// Only characters that `takes` answers true for can be typed; others are dropped with a beep.
+// Only characters that `takes` answers true for can be typed; others are dropped silently.
 void FilterKeys(QLineEdit* box, std::function<bool(char)> takes);
 void OnlyDigits(QLineEdit* box);
 // A click on it gives the focus to the main window.
@@ -72,10 +72,13 @@ void PassClickToMenu(QWidget* widget);
 
 // ---- leaving ----
 
-// Checks `widget` before the focus leaves it; `mayLeave` has told the user when it answers false. With
-// `menusToo` the menu bar of the window counts as leaving.
-void CheckOnLeaving(QWidget* widget, std::function<bool()> mayLeave, bool menusToo = false);
+// Checks `widget` before the focus leaves it; `mayLeave` has told the user when it answers false.
+void CheckOnLeaving(QWidget* widget, std::function<bool()> mayLeave);
 // Clicking this control checks nothing: it is a way out.
 void LeavesUnchecked(QWidget* control);
+
+// The properties behind it.
+constexpr const char* kLeavesUnchecked = "leavesUnchecked";
+constexpr const char* kCancelsForm = "cancelsForm";
 
 }  // namespace qt

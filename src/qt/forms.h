@@ -19,9 +19,10 @@
 namespace qt {
 
 enum class Place {
-    Main,     // the main window; it has a QMdiArea, in which the next two stand
+    Main,     // the main window; it has a QMdiArea, in which the next three stand
     Filling,  // over the whole area, without a frame: the problem forms
-    Framed,   // in front of those, with a title bar: the report, the choice of a module
+    Framed,   // in front of those, with a title bar: the choice of a module, the project's activities
+    Report,   // likewise over the whole area, and the user may close it
     Modal,    // a dialog of its own, centred on the main window
 };
 
@@ -35,7 +36,8 @@ public:
     virtual void ClosedByHand() = 0;
 };
 
-// A form inside the main window.
+// A form inside the main window. Its focus proxy gets the keys that come while only the main window has the
+// focus.
 class ChildForm : public QWidget, public FormEvents {
     Q_OBJECT
 
@@ -54,7 +56,7 @@ class ModalForm : public QDialog, public FormEvents {
 public:
     explicit ModalForm(QWidget* parent);
     void ClosedByHand() override;
-    void reject() override { ClosedByHand(); }
+    void reject() override;
 };
 
 class QtForms : public ::Forms {
@@ -94,8 +96,6 @@ private:
 
     Entry& EntryOf(std::string_view form) const;
     Entry& LoadedEntry(std::string_view form);
-    void Dispose(QWidget* top);
-
     std::map<std::string, std::unique_ptr<Entry>, std::less<>> entries_;
     std::set<QWidget*> running_;  // the dialogs whose ShowModal has not yet returned
     std::unique_ptr<Area> area_;

@@ -35,7 +35,7 @@ private:
     double lineHeight_ = 0;  // in device dots, like the two below
     double pageHeight_ = 0;
     double top_ = 0;           // of the next line
-    qsizetype columns_ = 0;  // characters that fit on a line
+    qsizetype columns_ = 0;    // characters that fit on a line
 };
 
 }  // namespace qt

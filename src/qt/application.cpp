@@ -1,0 +1,129 @@
+#include "qt/application.h"
+
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include "basic/error.h"
+#include "qt/fields.h"
+#include "shell/commands.h"
+
+namespace qt {
+namespace {
+
+// The widget that takes the focus when `clicked` is pressed, as the toolkit finds it; null when none does.
+QWidget* FocusTaker(QWidget& clicked)
+{
+    for (QWidget* widget = &clicked; widget != nullptr; widget = widget->parentWidget()) {
+        QWidget* taker = widget;
+        while (taker->focusProxy() != nullptr)
+            taker = taker->focusProxy();
+        const bool byClick = (widget->focusPolicy() & taker->focusPolicy() & Qt::ClickFocus) != 0;
+        if (widget->isEnabled() && byClick) return taker;
+        if (widget->isWindow() || taker->hasFocus()) break;
+    }
+    return nullptr;
+}
+
+bool IsWayOut(const QWidget& widget)
+{
+    return widget.property(kLeavesUnchecked).toBool();
+}
+
+bool LeavesByClick(const QWidget& from, Leaving kind, QWidget& clicked)
+{
+    if (qobject_cast<QMenuBar*>(&clicked) != nullptr) return kind == Leaving::Grid;
+    const QWidget* taker = FocusTaker(clicked);
+    return taker != nullptr && taker != &from && !from.isAncestorOf(taker) && !taker->isAncestorOf(&from) &&
+           !IsWayOut(*taker);
+}
+
+bool LeavesByKey(const QKeyEvent& event)
+{
+    switch (event.key()) {
+        case Qt::Key_Tab:
+        case Qt::Key_Backtab:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+
+void Application::Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave)
+{
+    guards_[widget] = {kind, std::move(mayLeave)};
+    connect(widget, &QObject::destroyed, this, [this](QObject* gone) { guards_.erase(gone); });
+}
+
+bool Application::notify(QObject* receiver, QEvent* event)
+{
+    try {
+        if (Prevents(receiver, *event)) {
+            event->accept();
+            return true;
+        }
+        return QApplication::notify(receiver, event);
+    } catch (const RuntimeError& error) {
+        ShowError(error);
+        return true;
+    }
+}
+
+// A press that was refused takes its release with it.
+bool Application::Prevents(QObject* receiver, const QEvent& event)
+{
+    if (checking_ || !receiver->isWidgetType()) return false;
+    if (event.type() == QEvent::MouseButtonRelease && dropsRelease_) {
+        dropsRelease_ = false;
+        return true;
+    }
+    if (event.type() == QEvent::MouseButtonPress) dropsRelease_ = false;
+    const Guarded* guard = FocusGuard();
+    if (guard == nullptr) return false;
+    if (!Leaves(*guard, *static_cast<QWidget*>(receiver), event)) return false;
+    if (Allows(*guard)) return false;
+    dropsRelease_ = event.type() == QEvent::MouseButtonPress;
+    return true;
+}
+
+const Application::Guarded* Application::FocusGuard() const
+{
+    const auto found = guards_.find(focusWidget());
+    return found == guards_.end() ? nullptr : &found->second;
+}
+
+bool Application::Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event)
+{
+    const QWidget& from = *focusWidget();
+    if (receiver.window() != from.window()) return false;
+    switch (event.type()) {
+        case QEvent::MouseButtonPress:
+            return LeavesByClick(from, guard.Kind, receiver);
+        case QEvent::KeyPress:
+            return guard.Kind == Leaving::Box && &receiver == &from &&
+                   LeavesByKey(static_cast<const QKeyEvent&>(event));
+        case QEvent::Shortcut:
+            if (qobject_cast<QMenuBar*>(&receiver) != nullptr) return guard.Kind == Leaving::Grid;
+            return &receiver != &from && !IsWayOut(receiver);
+        default:
+            return false;
+    }
+}
+
+bool Application::Allows(const Guarded& guard)
+{
+    const QScopedValueRollback<bool> once(checking_, true);
+    const auto mayLeave = guard.MayLeave;  // the widget may be gone when it returns
+    bool allowed = true;
+    Trap([&] { allowed = mayLeave(); });
+    return allowed;
+}
+
+}  // namespace qt

@@ -1,0 +1,45 @@
+// The application object. Everything that happens to a control passes through it first, so it is here that a
+// text box or a grid is checked before a click or a key takes the focus away.
+#pragma once
+
+#include <QApplication>
+#include <functional>
+#include <map>
+
+class QKeyEvent;
+
+namespace qt {
+
+enum class Leaving {
+    Box,   // Tab, Backtab and Enter leave it
+    Grid,  // these keys are its own; opening a menu leaves it
+};
+
+class Application : public QApplication {
+    Q_OBJECT
+
+public:
+    Application(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    // `mayLeave` answers false when the focus must stay, and has told the user why.
+    void Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave);
+
+private:
+    struct Guarded {
+        Leaving Kind = Leaving::Box;
+        std::function<bool()> MayLeave;
+    };
+
+    bool Prevents(QObject* receiver, const QEvent& event);
+    [[nodiscard]] const Guarded* FocusGuard() const;
+    [[nodiscard]] static bool Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event);
+    bool Allows(const Guarded& guard);
+
+    std::map<const QObject*, Guarded> guards_;
+    bool checking_ = false;
+    bool dropsRelease_ = false;
+};
+
+}  // namespace qt

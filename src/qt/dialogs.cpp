@@ -1,0 +1,152 @@
+#include "qt/dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QRegularExpression>
+
+#include "qt/text.h"
+
+namespace qt {
+namespace {
+
+QMessageBox::Icon IconOf(Icon icon)
+{
+    switch (icon) {
+        case Icon::Critical:
+            return QMessageBox::Critical;
+        case Icon::Question:
+            return QMessageBox::Question;
+        case Icon::Exclamation:
+            return QMessageBox::Warning;
+        case Icon::Information:
+            return QMessageBox::Information;
+        case Icon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+void SetButtons(QMessageBox& box, Buttons buttons)
+{
+    switch (buttons) {
+        case Buttons::OK:
+            box.setStandardButtons(QMessageBox::Ok);
+            box.setEscapeButton(QMessageBox::Ok);
+            break;
+        case Buttons::OKCancel:
+            box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+            box.setEscapeButton(QMessageBox::Cancel);
+            break;
+        case Buttons::YesNo:
+            box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+            box.setEscapeButton(QMessageBox::No);
+            break;
+    }
+    box.setDefaultButton(buttons == Buttons::YesNo ? QMessageBox::Yes : QMessageBox::Ok);
+}
+
+Answer AnswerOf(int button)
+{
+    switch (button) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::No:
+            return Answer::No;
+        case QMessageBox::Cancel:
+            return Answer::Cancel;
+        default:
+            return Answer::OK;
+    }
+}
+
+// What a dialog stands in front of.
+QWidget* Behind()
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : QApplication::activeWindow();
+}
+
+// "*.out" for any case of its letters: file systems that tell them apart are asked for each.
+QString AnyCase(const QString& pattern)
+{
+    if (pattern == QLatin1String("*.*")) return QStringLiteral("*");
+    QString any;
+    for (const QChar character : pattern) {
+        if (character.toUpper() == character.toLower())
+            any += character;
+        else
+            any += QLatin1Char('[') + character.toUpper() + character.toLower() + QLatin1Char(']');
+    }
+    return any;
+}
+
+void SetFolder(QFileDialog& dialog, const QString& folder)
+{
+    dialog.setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
+}
+
+// A name without an extension gets the default one before the dialog asks whether to overwrite.
+void SetKind(QFileDialog& dialog, const FileQuestion& question)
+{
+    dialog.setAcceptMode(question.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode(question.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog.setDefaultSuffix(ToQt(question.Extension));
+}
+
+}  // namespace
+
+QStringList NameFilters(std::string_view filter)
+{
+    const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        // The toolkit takes the patterns from the last brackets of the text.
+        filters << parts[i] + QLatin1String(" (") + AnyCase(parts[i + 1]) + QLatin1Char(')');
+    }
+    return filters;
+}
+
+Answer QtDialogs::MsgBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons)
+{
+    QMessageBox box(Behind());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(ToQt(text));
+    box.setWindowTitle(ToQt(title));
+    box.setIcon(IconOf(icon));
+    SetButtons(box, buttons);
+    return AnswerOf(box.exec());
+}
+
+std::string QtDialogs::InputBox(std::string_view prompt, std::string_view title)
+{
+    QInputDialog box(Behind());
+    box.setInputMode(QInputDialog::TextInput);
+    box.setWindowTitle(ToQt(title));
+    box.setLabelText(ToQt(prompt));
+    return box.exec() == QDialog::Accepted ? FromQt(box.textValue()) : std::string();
+}
+
+std::optional<std::string> QtDialogs::AskFile(const FileQuestion& question)
+{
+    QFileDialog dialog(Behind());
+    dialog.setObjectName(QStringLiteral("dialogFile"));
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setWindowTitle(ToQt(question.Title));
+    dialog.setProperty("filter", ToQt(question.Filter));
+    dialog.setProperty("folder", ToQt(question.Folder));
+    dialog.setNameFilters(NameFilters(question.Filter));
+    SetKind(dialog, question);
+    SetFolder(dialog, ToQt(question.Folder));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return FromQt(dialog.selectedFiles().constFirst());
+}
+
+void QtDialogs::Beep()
+{
+    QApplication::beep();
+}
+
+}  // namespace qt

@@ -1,0 +1,292 @@
+#include "qt/fields.h"
+
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QValidator>
+
+#include "basic/error.h"
+#include "desktop/desktop.h"
+#include "qt/application.h"
+#include "qt/text.h"
+#include "shell/commands.h"
+
+namespace qt {
+namespace {
+
+// A text box whose whole text is selected whenever it gets the focus.
+class TextBox : public QLineEdit {
+protected:
+    void focusInEvent(QFocusEvent* event) override
+    {
+        QLineEdit::focusInEvent(event);
+        if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) return;
+        selectAll();
+        clickedInto_ = event->reason() == Qt::MouseFocusReason;
+    }
+
+    // The click that brought the focus would put the cursor between two characters.
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        if (!clickedInto_) QLineEdit::mousePressEvent(event);
+    }
+
+    void mouseReleaseEvent(QMouseEvent* event) override
+    {
+        if (!clickedInto_) QLineEdit::mouseReleaseEvent(event);
+        clickedInto_ = false;
+    }
+
+private:
+    bool clickedInto_ = false;
+};
+
+class CharacterValidator : public QValidator {
+public:
+    CharacterValidator(std::function<bool(char)> takes, QObject* parent)
+        : QValidator(parent), takes_(std::move(takes))
+    {
+    }
+
+    State validate(QString& text, int& /*cursor*/) const override
+    {
+        for (const QChar character : std::as_const(text))
+            if (character.unicode() > 127 || !takes_(character.toLatin1())) return Invalid;
+        return Acceptable;
+    }
+
+private:
+    std::function<bool(char)> takes_;
+};
+
+template <typename Control>
+Control* Named(Control* control, const char* name)
+{
+    control->setObjectName(QString::fromUtf8(name));
+    return control;
+}
+
+// Captions of buttons and frames: an ampersand stands for itself.
+QString Caption(std::string_view text)
+{
+    return ToQt(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+void Put(QLayout* layout, QWidget* control)
+{
+    if (auto* rows = qobject_cast<QFormLayout*>(layout))
+        rows->addRow(control);
+    else
+        layout->addWidget(control);
+}
+
+QLabel* MakeLabel(const char* name, std::string_view text)
+{
+    auto* label = Named(new QLabel, name);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(ToQt(text));
+    return label;
+}
+
+template <typename Control>
+Control* PutRow(QFormLayout* rows, Control* control, std::string_view label, const char* labelName)
+{
+    control->setAccessibleName(ToQt(label).trimmed());
+    rows->addRow(MakeLabel(labelName, label), control);
+    return control;
+}
+
+QFormLayout* RowsAround(QWidget* control)
+{
+    if (control->parentWidget() == nullptr) return nullptr;
+    for (auto* rows : control->parentWidget()->findChildren<QFormLayout*>())
+        if (rows->indexOf(control) >= 0) return rows;
+    return nullptr;
+}
+
+bool IsFirstButton(QLayout* row)
+{
+    for (int i = 0; i < row->count(); ++i)
+        if (qobject_cast<QPushButton*>(row->itemAt(i)->widget()) != nullptr) return false;
+    return true;
+}
+
+// Gives the focus to the main window when its widget is clicked.
+class ClickToMenu : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseButtonPress) desktop::TheForms().FocusMenu();
+        return false;
+    }
+};
+
+}  // namespace
+
+void Trap(const std::function<void()>& steps)
+{
+    try {
+        steps();
+    } catch (const RuntimeError& error) {
+        ShowError(error);
+    }
+}
+
+QLabel* AddLabel(QLayout* layout, const char* name, std::string_view text)
+{
+    QLabel* label = MakeLabel(name, text);
+    label->setWordWrap(true);
+    Put(layout, label);
+    return label;
+}
+
+QLineEdit* MakeBox(const char* name, std::string_view description, TextCheck check)
+{
+    auto* box = Named(new TextBox, name);
+    box->setAccessibleName(ToQt(description).trimmed());
+    if (!check) return box;
+    CheckOnLeaving(box, [box, check = std::move(check)] {
+        if (check(TextOf(box))) return true;
+        SelectBox(box);
+        return false;
+    });
+    return box;
+}
+
+QLineEdit* AddBox(QFormLayout* rows, const char* name, std::string_view label, TextCheck check,
+                  const char* labelName)
+{
+    return PutRow(rows, MakeBox(name, label, std::move(check)), label, labelName);
+}
+
+QGroupBox* AddFrame(QLayout* layout, const char* name, std::string_view caption)
+{
+    auto* frame = Named(new QGroupBox(Caption(caption)), name);
+    new QVBoxLayout(frame);  // owned by the frame
+    Put(layout, frame);
+    return frame;
+}
+
+QRadioButton* AddOption(QLayout* layout, const char* name, std::string_view caption)
+{
+    auto* option = Named(new QRadioButton(Caption(caption)), name);
+    Put(layout, option);
+    return option;
+}
+
+QCheckBox* AddCheck(QLayout* layout, const char* name, std::string_view caption)
+{
+    auto* box = Named(new QCheckBox(Caption(caption)), name);
+    Put(layout, box);
+    return box;
+}
+
+QComboBox* AddCombo(QFormLayout* rows, const char* name, std::string_view label, const char* labelName)
+{
+    auto* combo = Named(new QComboBox, name);
+    combo->setFocusPolicy(Qt::StrongFocus);  // turning the wheel over it takes no focus
+    return PutRow(rows, combo, label, labelName);
+}
+
+QListWidget* AddList(QLayout* layout, const char* name, std::string_view description)
+{
+    auto* list = Named(new QListWidget, name);
+    list->setAccessibleName(ToQt(description).trimmed());
+    Put(layout, list);
+    return list;
+}
+
+QHBoxLayout* AddButtonRow(QLayout* layout)
+{
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    if (auto* rows = qobject_cast<QFormLayout*>(layout))
+        rows->addRow(row);
+    else if (auto* box = qobject_cast<QBoxLayout*>(layout))
+        box->addLayout(row);
+    return row;
+}
+
+QPushButton* AddButton(QLayout* row, const char* name, std::string_view caption,
+                       std::function<void()> clicked)
+{
+    auto* button = Named(new QPushButton(Caption(caption)), name);
+    const bool first = IsFirstButton(row);
+    row->addWidget(button);
+    if (first) button->setDefault(true);
+    if (clicked)
+        QObject::connect(button, &QPushButton::clicked, button,
+                         [clicked = std::move(clicked)] { Trap(clicked); });
+    return button;
+}
+
+QPushButton* AddCancelButton(QLayout* row, const char* name, std::string_view caption,
+                             std::function<void()> clicked)
+{
+    QPushButton* button = AddButton(row, name, caption, std::move(clicked));
+    button->setProperty(kCancelsForm, true);
+    LeavesUnchecked(button);
+    return button;
+}
+
+std::string TextOf(const QLineEdit* box)
+{
+    return FromQt(box->text());
+}
+
+void SetTextOf(QLineEdit* box, std::string_view text)
+{
+    box->setText(ToQt(text));
+}
+
+void SelectBox(QLineEdit* box)
+{
+    box->setFocus(Qt::OtherFocusReason);
+    box->selectAll();
+}
+
+void ShowRow(QWidget* control, bool visible)
+{
+    if (QFormLayout* rows = RowsAround(control))
+        rows->setRowVisible(control, visible);
+    else
+        control->setVisible(visible);
+}
+
+void SetRowLabel(QWidget* control, std::string_view text)
+{
+    QFormLayout* rows = RowsAround(control);
+    if (rows == nullptr) return;
+    if (auto* label = qobject_cast<QLabel*>(rows->labelForField(control))) label->setText(ToQt(text));
+    control->setAccessibleName(ToQt(text).trimmed());
+}
+
+void FilterKeys(QLineEdit* box, std::function<bool(char)> takes)
+{
+    box->setValidator(new CharacterValidator(std::move(takes), box));
+}
+
+void OnlyDigits(QLineEdit* box)
+{
+    FilterKeys(box, [](char character) { return character >= '0' && character <= '9'; });
+}
+
+void PassClickToMenu(QWidget* widget)
+{
+    widget->setFocusPolicy(Qt::ClickFocus);  // so that the click leaves what has the focus
+    widget->installEventFilter(new ClickToMenu(widget));
+}
+
+void CheckOnLeaving(QWidget* widget, std::function<bool()> mayLeave)
+{
+    if (auto* application = qobject_cast<Application*>(qApp))
+        application->Guard(widget, Leaving::Box, std::move(mayLeave));
+}
+
+void LeavesUnchecked(QWidget* control)
+{
+    control->setProperty(kLeavesUnchecked, true);
+}
+
+}  // namespace qt

@@ -1,0 +1,127 @@
+#include "qt/printer.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QMarginsF>
+#include <QPageLayout>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "basic/error.h"
+#include "qt/text.h"
+
+namespace qt {
+namespace {
+
+constexpr int kColumns = 80;
+constexpr double kSideMargin = 7;  // points; 80 columns of 12 point type are 576 points of A4's 595
+constexpr double kTopMargin = 36;
+
+// A printer that cannot print so near to the edge keeps its own margin.
+void SetMargins(QPrinter& printer)
+{
+    QPageLayout layout = printer.pageLayout();
+    layout.setUnits(QPageLayout::Point);
+    const QMarginsF least = layout.minimumMargins();
+    layout.setMargins({qMax(kSideMargin, least.left()), qMax(kTopMargin, least.top()),
+                       qMax(kSideMargin, least.right()), qMax(kTopMargin, least.bottom())});
+    printer.setPageLayout(layout);
+}
+
+QFont FixedFont(std::string_view name, double points)
+{
+    QFont font(ToQt(name));
+    font.setStyleHint(QFont::TypeWriter);
+    font.setFixedPitch(true);
+    font.setPointSizeF(points);
+    return font;
+}
+
+double PitchOf(const QFont& font, QPrinter& printer)
+{
+    return QFontMetricsF(font, &printer).horizontalAdvance(QLatin1Char('0'));
+}
+
+// The font in the size that was asked for, or smaller where 80 columns would not fit the page.
+QFont FittingFont(std::string_view name, int points, QPrinter& printer)
+{
+    const double width = printer.pageRect(QPrinter::DevicePixel).width();
+    QFont font = FixedFont(name, points);
+    const double needed = kColumns * PitchOf(font, printer);
+    if (needed > width) font = FixedFont(name, points * width / needed);
+    while (kColumns * PitchOf(font, printer) > width && font.pointSizeF() > 4)
+        font.setPointSizeF(font.pointSizeF() - 0.1);
+    return font;
+}
+
+}  // namespace
+
+QtPrinter::QtPrinter() = default;
+QtPrinter::~QtPrinter() = default;
+
+bool QtPrinter::Ask()
+{
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    QPrintDialog dialog(printer.get(), QApplication::activeWindow());
+    dialog.setObjectName(QStringLiteral("DialogPrinter"));
+    dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    printer_ = std::move(printer);
+    return true;
+}
+
+void QtPrinter::PrintToFile(const QString& path)
+{
+    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_->setOutputFormat(QPrinter::PdfFormat);
+    printer_->setOutputFileName(path);
+}
+
+void QtPrinter::Begin(std::string_view fontName, int pointSize)
+{
+    if (printer_ == nullptr) Raise(ErrorNumber::InvalidProcedureCall);
+    SetMargins(*printer_);
+    if (painter_.isActive()) painter_.end();
+    if (!painter_.begin(printer_.get())) Raise(ErrorNumber::PathFileAccess);
+    const QFont font = FittingFont(fontName, pointSize, *printer_);
+    painter_.setFont(font);
+    const QRectF page = printer_->pageRect(QPrinter::DevicePixel);
+    lineHeight_ = QFontMetricsF(font, printer_.get()).lineSpacing();
+    pageHeight_ = page.height();
+    columns_ = qMax<qsizetype>(kColumns, static_cast<qsizetype>(page.width() / PitchOf(font, *printer_)));
+    top_ = 0;
+}
+
+// A line that is longer than the page is wide goes on below: nothing is cut.
+void QtPrinter::Line(std::string_view text)
+{
+    QString rest = ToQt(text);
+    do {
+        PutLine(rest.left(columns_));
+        rest = rest.mid(columns_);
+    } while (!rest.isEmpty());
+}
+
+void QtPrinter::PutLine(const QString& text)
+{
+    if (top_ + lineHeight_ > pageHeight_) NewPage();
+    const double ascent = QFontMetricsF(painter_.font(), printer_.get()).ascent();
+    painter_.drawText(QPointF(0, top_ + ascent), text);
+    top_ += lineHeight_;
+}
+
+void QtPrinter::NewPage()
+{
+    if (!printer_->newPage()) Raise(ErrorNumber::PathFileAccess);
+    top_ = 0;
+}
+
+void QtPrinter::EndDoc()
+{
+    const bool ended = painter_.end();
+    const bool failed = !ended || printer_->printerState() == QPrinter::Error;
+    printer_.reset();
+    if (failed) Raise(ErrorNumber::PathFileAccess);
+}
+
+}  // namespace qt
