@@ -6,6 +6,9 @@
 #include "shell/frmStartup.h"
 #include "shell/frmUserInput.h"
 #include "shell/frmuserlistinput.h"
+#include "tableau/frmErrorMsg.h"
+#include "tableau/frmProblem.h"
+#include "tableau/frmTransObj.h"
 
 void RegisterForms(qt::QtForms& forms)
 {
@@ -13,7 +16,10 @@ void RegisterForms(qt::QtForms& forms)
     forms.Add<frmStartup>("frmStartup", Place::Modal);
     forms.Add<frmMenu>("frmMenu", Place::Main);
     forms.Add<frmModuleSelection>("frmModuleSelection", Place::Framed);
-    forms.Add<frmSolution>("frmSolution", Place::Framed);
+    forms.Add<frmSolution>("frmSolution", Place::Report);
     forms.Add<frmUserInput>("frmUserInput", Place::Modal);
     forms.Add<frmuserlistinput>("frmuserlistinput", Place::Modal);
+    forms.Add<frmProblem>("frmProblem", Place::Filling);
+    forms.Add<frmTransObj>("frmTransObj", Place::Modal);
+    forms.Add<frmErrorMsg>("frmErrorMsg", Place::Modal);
 }

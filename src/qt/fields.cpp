@@ -1,7 +1,6 @@
 #include "qt/fields.h"
 
 #include <QMouseEvent>
-#include <QPlainTextEdit>
 #include <QValidator>
 
 #include "basic/error.h"
@@ -187,6 +186,17 @@ QComboBox* AddCombo(QFormLayout* rows, const char* name, std::string_view label,
     auto* combo = Named(new QComboBox, name);
     combo->setFocusPolicy(Qt::StrongFocus);  // turning the wheel over it takes no focus
     return PutRow(rows, combo, label, labelName);
+}
+
+QPlainTextEdit* AddText(QLayout* layout, const char* name, std::string_view description)
+{
+    auto* page = Named(new QPlainTextEdit, name);
+    page->setAccessibleName(ToQt(description));
+    page->setReadOnly(true);
+    page->setFrameShape(QFrame::NoFrame);
+    page->viewport()->setAutoFillBackground(false);
+    Put(layout, page);
+    return page;
 }
 
 QListWidget* AddList(QLayout* layout, const char* name, std::string_view description)

@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <functional>
@@ -45,6 +46,8 @@ QGroupBox* AddFrame(QLayout* layout, const char* name, std::string_view caption)
 QRadioButton* AddOption(QLayout* layout, const char* name, std::string_view caption);
 QCheckBox* AddCheck(QLayout* layout, const char* name, std::string_view caption);
 QComboBox* AddCombo(QFormLayout* rows, const char* name, std::string_view label, const char* labelName = "");
+// A text to read, over several lines.
+QPlainTextEdit* AddText(QLayout* layout, const char* name, std::string_view description);
 QListWidget* AddList(QLayout* layout, const char* name, std::string_view description);
 
 // The row of buttons at the foot of a form. The first button that is added answers Enter.

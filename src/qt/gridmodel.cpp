@@ -1,0 +1,89 @@
+#include "qt/gridmodel.h"
+
+#include "basic/error.h"
+
+namespace qt {
+
+void GridModel::Resize(int rows, int columns, int fixedRows, int fixedColumns)
+{
+    if (rows < 0 || columns < 0) Raise(ErrorNumber::SubscriptOutOfRange);
+    beginResetModel();
+    rows_ = rows;
+    columns_ = columns;
+    fixedRows_ = fixedRows;
+    fixedColumns_ = fixedColumns;
+    texts_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), QString());
+    endResetModel();
+}
+
+bool GridModel::Has(int row, int column) const
+{
+    return row >= 0 && row < rows_ && column >= 0 && column < columns_;
+}
+
+std::size_t GridModel::Place(int row, int column) const
+{
+    if (!Has(row, column)) Raise(ErrorNumber::SubscriptOutOfRange);
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
+           static_cast<std::size_t>(column);
+}
+
+const QString& GridModel::Text(int row, int column) const
+{
+    return texts_[Place(row, column)];
+}
+
+void GridModel::SetText(int row, int column, const QString& text)
+{
+    QString& held = texts_[Place(row, column)];
+    if (held == text) return;
+    held = text;
+    const QModelIndex at = index(row, column);
+    emit dataChanged(at, at, {Qt::DisplayRole});
+    if (row < fixedRows_) emit headerDataChanged(Qt::Horizontal, column, column);
+    if (column < fixedColumns_) emit headerDataChanged(Qt::Vertical, row, row);
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : columns_;
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const
+{
+    if (!Has(index.row(), index.column())) return {};
+    if (role == Qt::DisplayRole) return Text(index.row(), index.column());
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    return {};
+}
+
+// The headers show what the last fixed row and column hold.
+QString GridModel::HeaderText(int section, Qt::Orientation orientation) const
+{
+    const bool across = orientation == Qt::Horizontal;
+    const int row = across ? fixedRows_ - 1 : section;
+    const int column = across ? section : fixedColumns_ - 1;
+    return Has(row, column) ? Text(row, column) : QString();
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role == Qt::DisplayRole) return HeaderText(section, orientation);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue((orientation == Qt::Horizontal ? Qt::AlignRight : Qt::AlignLeft) |
+                                   Qt::AlignVCenter);
+    return {};
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const
+{
+    if (IsFixed(index.row(), index.column())) return Qt::ItemIsEnabled;
+    return Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+}
+
+}  // namespace qt

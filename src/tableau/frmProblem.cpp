@@ -1,0 +1,61 @@
+#include "tableau/frmProblem.h"
+
+#include "qt/fields.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/session.h"
+
+namespace {
+
+constexpr int kTransportation = 2;  // its number in the module table
+
+}  // namespace
+
+frmProblem::frmProblem(QWidget* parent) : qt::ChildForm(parent)
+{
+    auto* page = new QVBoxLayout(this);
+    AddIntroduction(page);
+    AddProblem(page);
+    page->addStretch();
+    setFocusProxy(gridDisplayEdit);
+}
+
+// The shell fills it and takes it away with the first problem.
+void frmProblem::AddIntroduction(QLayout* page)
+{
+    qt::PassClickToMenu(qt::AddText(page, "txtLoadInfo", "What the module does"));
+    qt::AddLabel(page, "lblLoadInfo", "");
+}
+
+void frmProblem::AddProblem(QLayout* page)
+{
+    for (const char* name : {"lblTitle", "lblgridcaption"}) {
+        QLabel* heading = qt::AddLabel(page, name, "");
+        heading->setAlignment(Qt::AlignHCenter);
+        heading->hide();
+    }
+    gridDisplayEdit = new qt::EntryGrid("gridDisplayEdit", "Problem data", Rules());
+    gridDisplayEdit->hide();
+    page->addWidget(gridDisplayEdit);
+    QLabel* advice = qt::AddLabel(page, "lblInfo", "");
+    qt::PassClickToMenu(advice);
+    advice->hide();
+}
+
+// Supplies and demands meet there.
+bool frmProblem::IsCorner(int row, int column) const
+{
+    Grid& cells = gridDisplayEdit->Cells();
+    return Session.CurrentModule == kTransportation && row == cells.Rows() - 1 && column == cells.Columns() - 1;
+}
+
+qt::EntryRules frmProblem::Rules() const
+{
+    qt::EntryRules rules;
+    rules.Key = [](int, int, char character, bool) { return qt::NumberKey(character); };
+    rules.Commit = [](int row, int column, std::string_view text) {
+        return CommitCell(row, column, text) != kCellRefused;
+    };
+    rules.Closed = [this](int row, int column) { return IsCorner(row, column); };
+    return rules;
+}
