@@ -1,11 +1,10 @@
-#include <QApplication>
-
 #include "program.h"
+#include "qt/application.h"
 #include "qt/icon.h"
 
 int main(int argc, char* argv[])
 {
-    QApplication application(argc, argv);
+    qt::Application application(argc, argv);
     QApplication::setApplicationName("Vantrel");
     QApplication::setApplicationVersion("6.0");
     QApplication::setDesktopFileName("vantrel");

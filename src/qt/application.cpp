@@ -54,7 +54,9 @@ bool LeavesByKey(const QKeyEvent& event)
 
 }  // namespace
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv) {}
+Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+{
+}
 
 void Application::Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave)
 {

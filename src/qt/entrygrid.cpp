@@ -471,7 +471,8 @@ QSize EntryGrid::minimumSizeHint() const
 // The cells of the headers lie outside of the viewport.
 QRect EntryGrid::visualRect(const QModelIndex& index) const
 {
-    if (!index.isValid() || !model_->IsFixed(index.row(), index.column())) return QTableView::visualRect(index);
+    if (!index.isValid() || !model_->IsFixed(index.row(), index.column()))
+        return QTableView::visualRect(index);
     const QPoint outside(-verticalHeader()->width(), -horizontalHeader()->height());
     return {index.column() < model_->FixedColumns() ? outside.x() : columnViewportPosition(index.column()),
             index.row() < model_->FixedRows() ? outside.y() : rowViewportPosition(index.row()), 1, 1};

@@ -36,8 +36,8 @@ struct EntryRules {
     // A cell that takes no entry at all: every key that would change it beeps. May be missing.
     std::function<bool(int row, int column)> Closed;
 
-    bool RestoresRefused = false;       // the former text comes back; otherwise the cell is blanked
-    bool BackspaceOnlyTyped = false;    // Backspace takes nothing from a text that stood in the cell before
+    bool RestoresRefused = false;     // the former text comes back; otherwise the cell is blanked
+    bool BackspaceOnlyTyped = false;  // Backspace takes nothing from a text that stood in the cell before
     bool EnterBeepsAtLastRow = false;
     // Tab behind the last cell and Backtab before the first one; missing: to the other end of the grid.
     std::function<void()> LeaveForward;

@@ -106,7 +106,9 @@ Qt::WindowFlags FrameFlags(Place place)
 
 }  // namespace
 
-ChildForm::ChildForm(QWidget* parent) : QWidget(parent) {}
+ChildForm::ChildForm(QWidget* parent) : QWidget(parent)
+{
+}
 
 void ChildForm::ClosedByHand()
 {
@@ -119,7 +121,9 @@ void ChildForm::closeEvent(QCloseEvent* event)
     Trap([this] { ClosedByHand(); });
 }
 
-ModalForm::ModalForm(QWidget* parent) : QDialog(parent) {}
+ModalForm::ModalForm(QWidget* parent) : QDialog(parent)
+{
+}
 
 void ModalForm::ClosedByHand()
 {
@@ -192,7 +196,8 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (watched == &main_) return event->type() == QEvent::KeyPress && HandOn(*static_cast<QKeyEvent*>(event));
+        if (watched == &main_)
+            return event->type() == QEvent::KeyPress && HandOn(*static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::Resize) Fill();
         return false;
     }

@@ -58,8 +58,7 @@ QLabel* QtScreen::Label() const
 void QtScreen::SetIndicator(std::string_view text)
 {
     indicator_ = text;
-    if (QLabel* label = Label())
-        label->setText(ToQt(text).replace(QLatin1String("&&"), QLatin1String("&")));
+    if (QLabel* label = Label()) label->setText(ToQt(text).replace(QLatin1String("&&"), QLatin1String("&")));
 }
 
 // Painted at once, without a look at the events that wait: nothing else may happen inside a command.

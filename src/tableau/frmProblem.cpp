@@ -46,7 +46,8 @@ void frmProblem::AddProblem(QLayout* page)
 bool frmProblem::IsCorner(int row, int column) const
 {
     Grid& cells = gridDisplayEdit->Cells();
-    return Session.CurrentModule == kTransportation && row == cells.Rows() - 1 && column == cells.Columns() - 1;
+    return Session.CurrentModule == kTransportation && row == cells.Rows() - 1 &&
+           column == cells.Columns() - 1;
 }
 
 qt::EntryRules frmProblem::Rules() const
