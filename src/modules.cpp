@@ -3,7 +3,7 @@
 
 #include "basic/error.h"
 #include "forecasting/module.h"
-#include "lp/module.h"
+#include "inventory/module.h"
 #include "markov/module.h"
 #include "project/module.h"
 #include "shell/module.h"
@@ -23,7 +23,7 @@ const std::array<Module, kModuleCount>& Table()
          .Description = "This module will maximize or minimize the value of a linear objective "
                         "function subject to a set of linear contraints.  The program can handle "
                         "problems containing up to 100 variables and 50 constraints.",
-         .Routines = &LinearProgramming()},
+         .Routines = nullptr},
         {.Option = "2.  Transportation",
          .Indicator = "Transportation Module",
          .Title = "TRANSPORTATION PROBLEM",
@@ -50,7 +50,7 @@ const std::array<Module, kModuleCount>& Table()
          .Description = "This module solves the following types of Integer Linear Programs:  "
                         "All-Integer Linear Programs and Mixed Integer Programs.  The program can "
                         "handle problems containing up to 100 decision variables and 50 constraints.",
-         .Routines = &IntegerLinearProgramming()},
+         .Routines = nullptr},
         {.Option = "5.  Shortest Route",
          .Indicator = "Shortest Route Module",
          .Title = "SHORTEST ROUTE PROBLEM",
@@ -95,7 +95,7 @@ const std::array<Module, kModuleCount>& Table()
                         "Order Quantity with Planned Shortages, Economic Order Quantity with Quantity "
                         "Discounts, Order Quantity-Reorder Point with Probabilistic Demand, & "
                         "Single-Period Inventory with Probabilistic Demand.",
-         .Routines = nullptr},
+         .Routines = &Inventory()},
         {.Option = "9.  Waiting Lines",
          .Indicator = "Waiting Lines Module",
          .Title = "WAITING LINES PROBLEM",

@@ -1,0 +1,11 @@
+// The inventory report: the policy on screen; the full report begins with the data.
+#pragma once
+
+#include "shell/report.h"
+
+namespace VtInvent {
+
+void SolveAndShow();
+void WriteReport(ReportChannel& out);
+
+}  // namespace VtInvent

@@ -1,0 +1,164 @@
+// Inventory: the problem as its six forms fill it, and the policy that answers it.
+//
+// Years are the unit of time but for WorkingDays, LeadTimeDays and CycleTimeDays. Fields that were never
+// entered are empty and count as 0. Categories are indexed from 1.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "basic/array.h"
+#include "basic/variant.h"
+
+namespace VtInvent {
+
+// The values of ModelKind.
+constexpr int kOrderQuantity = 1;
+constexpr int kLotSize = 2;
+constexpr int kShortages = 3;
+constexpr int kDiscounts = 4;
+constexpr int kReorderPoint = 5;
+constexpr int kSinglePeriod = 6;
+constexpr int kModelCount = 6;
+
+constexpr int kAmountMethod = 0;  // values of HoldingCostMethod
+constexpr int kPercentMethod = 1;
+constexpr int kAllowedStockouts = 1;  // values of ServiceMethod
+constexpr int kStockoutProbability = 2;
+constexpr int kUniform = 1;  // values of DistributionKind
+constexpr int kNormal = 2;
+
+constexpr int kMostCategories = 5;  // that a user can ask for; a file may bring one more
+constexpr int kCategoryRows = 6;
+
+struct InventoryProblem {
+    int ModelKind = 0;   // 1 to 6; 0: there is no problem
+    bool Saved = false;  // it is in a file, or has come from one
+
+    Variant AnnualDemand;
+    Variant OrderCost;  // per order; per setup of a lot; per unit of overestimated demand
+    Variant HoldingCost;
+    // Beside HoldingCost in the file. It equals HoldingCost when the cost was entered as an amount: that is
+    // how a form finds its method again.
+    std::string HoldingText;
+    Variant CarryingPercent;  // of the unit cost, a year
+    Variant UnitCost;
+    Variant HoldingCostMethod;  // empty until a form with the choice is shown
+    Variant BackorderCost;      // per unit and year
+    Variant WorkingDays;        // 1 to 366
+    Variant LeadTimeDays;
+    double ComputeReorderPoint = 0;  // a flag: -1 or 0
+    Variant ProductionRate;
+    Variant ServiceMethod;
+    Variant StockoutProbability;  // per cycle
+    Variant AllowedStockouts;     // per year
+    Variant MeanDemand;           // during the lead time, or of the single period
+    Variant DemandStdDev;
+    Variant UnderCost;  // per unit of underestimated demand
+    Variant DistributionKind;
+    Variant LowestDemand;
+    Variant HighestDemand;
+    Variant CategoryCount;
+    Array1<Variant> CategoryUnitCost{kCategoryRows};
+    Array1<Variant> CategoryMinimum{kCategoryRows};
+    Array1<std::string> CategoryUnitCostText{kCategoryRows};  // beside the values in the file
+    Array1<std::string> CategoryMinimumText{kCategoryRows};
+    double ReorderMark = 0;  // has a place in the file and no use
+};
+
+struct InventoryResult {
+    double OrderQuantity = 0;
+    double AnnualHoldingCost = 0;
+    double AnnualOrderingCost = 0;
+    double AnnualBackorderCost = 0;
+    double AnnualPurchaseCost = 0;
+    double TotalAnnualCost = 0;
+    double MaximumInventory = 0;
+    double AverageInventory = 0;
+    double MaximumBackorders = 0;
+    double ReorderPoint = 0;  // stands in the file as well
+    double OrdersPerYear = 0;
+    double CycleTimeDays = 0;
+    double SafetyStock = 0;
+    double SafetyStockCost = 0;
+    double CriticalRatio = 0;
+    Array1<double> CategoryHolding{kCategoryRows};  // cost per unit and year
+    Array1<double> CategoryQuantity{kCategoryRows};
+    Array1<double> CategoryPurchase{kCategoryRows};
+    Array1<double> CategoryHoldingCost{kCategoryRows};
+    Array1<double> CategoryOrdering{kCategoryRows};
+    Array1<double> CategoryTotal{kCategoryRows};
+};
+
+extern InventoryProblem Problem;
+extern InventoryResult Result;
+
+// ---- the problem and its form ----
+
+void MakeArrays();        // an empty problem and an empty result
+void NewProblem();        // asks for the model and displays its empty form
+void Display();           // shows the form of the problem; nothing for a kind without a form
+void ReturnToProblem();   // the same after a report
+void ShowModelCaption();  // the model into the status text
+bool HasModel();          // false without a problem, or with one of a kind that does not exist
+
+// ---- entry ----
+//
+// Each routine stores the value of a box that is left, or tells why not and answers false; an empty box is
+// passed over, because only Solve and Save ask for it. A text that is no number counts as 0.
+
+bool TakeAnnualDemand(std::string_view text);
+bool TakeOrderCost(std::string_view text);
+bool TakeSetupCost(std::string_view text);
+// Also warns of a rate that is not above the demand; it is stored, and the focus still comes back.
+bool TakeProductionRate(std::string_view text);
+bool TakeBackorderCost(std::string_view text);
+bool TakeWorkingDays(std::string_view text);
+bool TakeHoldingAmount(std::string_view text);
+bool TakeCarryingPercent(std::string_view text);
+bool TakeUnitCost(std::string_view text);
+bool TakeLeadTime(std::string_view text);
+bool TakeCategoryUnitCost(int category, std::string_view text);
+bool TakeCategoryMinimum(int category, std::string_view text);
+bool TakeStockoutProbability(std::string_view text);
+bool TakeAllowedStockouts(std::string_view text);
+bool TakeOverCost(std::string_view text);
+bool TakeUnderCost(std::string_view text);
+bool TakeLowestDemand(std::string_view text);
+bool TakeHighestDemand(std::string_view text);
+bool TakeMeanDemand(std::string_view text);
+bool TakeDemandStdDev(std::string_view text);
+
+// The choices of a form. Values that a choice hides stay as they are.
+void ChooseHoldingMethod(int method);
+void ChooseReorderPoint(bool compute);
+void ChooseServiceMethod(int method);
+void ChooseDistribution(int kind);
+
+// What a form opens with.
+int OpeningHoldingMethod();
+int OpeningServiceMethod();
+int OpeningDistribution();
+std::string OpeningWorkingDays();
+
+// What Solve and Save do when no box is empty any more.
+void KeepWorkingDays(std::string_view text);
+void KeepHoldingCost(std::string_view percent, std::string_view unitCost);
+void KeepFirstMinimum(std::string_view text);
+
+// ---- engine ----
+
+// Reads Problem, leaves Result; a probabilistic order quantity also leaves the derived one of
+// StockoutProbability and AllowedStockouts in Problem. Run-time errors where a division or a root fails, as
+// with a production rate not above the demand.
+void Solve();
+
+// Row i, 1 to 310: the area under the standard normal curve between 0 and (i - 1) / 100. Row 0 is 0.
+extern Array1<double> NormalAreaTable;
+void FillNormalAreaTable();
+
+// Sets SafetyStock from StockoutProbability and DemandStdDev; needs the table.
+void SafetyFactorLookup();
+
+}  // namespace VtInvent

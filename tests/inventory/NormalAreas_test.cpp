@@ -1,0 +1,88 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <set>
+
+#include "inventory/VtInvent.h"
+
+namespace {
+
+double TrueArea(int row)
+{
+    const double z = (row - 1) / 100.0;
+    return std::erf(z / std::sqrt(2.0)) / 2;
+}
+
+// Rows that are kept as they were set.
+const std::map<int, double>& KeptRows()
+{
+    static const std::map<int, double> rows = [] {
+        std::map<int, double> kept{{69, .2518},  {72, .2612},  {157, .4409}, {239, .4911}, {254, .4941},
+                                   {277, .4671}, {280, .4973}, {281, .4973}, {282, .4975}};
+        for (int row = 283; row <= 285; ++row)
+            kept[row] = .4976;
+        for (int row = 286; row <= 288; ++row)
+            kept[row] = .4978;
+        for (int row = 289; row <= 293; ++row)
+            kept[row] = .4980;
+        for (int row = 294; row <= 310; ++row)
+            kept[row] = .4983;
+        return kept;
+    }();
+    return rows;
+}
+
+class NormalAreas : public testing::Test {
+protected:
+    NormalAreas() { VtInvent::FillNormalAreaTable(); }
+};
+
+}  // namespace
+
+TEST_F(NormalAreas, HaveRowsUpTo310AndAnUnusedRowZero)
+{
+    EXPECT_EQ(VtInvent::NormalAreaTable.Upper(), 310);
+    EXPECT_EQ(VtInvent::NormalAreaTable(0), 0.0);
+}
+
+TEST_F(NormalAreas, StandAsInACommonTable)
+{
+    EXPECT_EQ(VtInvent::NormalAreaTable(1), 0.0);
+    EXPECT_EQ(VtInvent::NormalAreaTable(2), .0040);
+    EXPECT_EQ(VtInvent::NormalAreaTable(6), .0199);
+    EXPECT_EQ(VtInvent::NormalAreaTable(11), .0398);
+    EXPECT_EQ(VtInvent::NormalAreaTable(101), .3413);
+    EXPECT_EQ(VtInvent::NormalAreaTable(197), .4750);
+}
+
+TEST_F(NormalAreas, AgreeWithTheErrorFunctionToFourDecimals)
+{
+    for (int row = 1; row <= 310; ++row) {
+        if (KeptRows().count(row) > 0) continue;
+        EXPECT_NEAR(VtInvent::NormalAreaTable(row), TrueArea(row), .00005 + 1e-12) << "row " << row;
+    }
+}
+
+TEST_F(NormalAreas, KeepTheRowsThatDifferFromOtherTables)
+{
+    for (const auto& [row, area] : KeptRows())
+        EXPECT_EQ(VtInvent::NormalAreaTable(row), area) << "row " << row;
+}
+
+TEST_F(NormalAreas, DipOnceAndNeverExceedTheLastRow)
+{
+    std::set<int> dips;
+    for (int row = 2; row <= 310; ++row) {
+        if (VtInvent::NormalAreaTable(row) < VtInvent::NormalAreaTable(row - 1)) dips.insert(row);
+        EXPECT_LE(VtInvent::NormalAreaTable(row), VtInvent::NormalAreaTable(310));
+    }
+    EXPECT_EQ(dips, std::set<int>{277});
+}
+
+TEST_F(NormalAreas, AreFilledAfreshWheneverAModelNeedsThem)
+{
+    VtInvent::NormalAreaTable(50) = 7;
+    VtInvent::FillNormalAreaTable();
+    EXPECT_EQ(VtInvent::NormalAreaTable(50), .1879);
+}
