@@ -8,6 +8,7 @@
 #include "project/module.h"
 #include "shell/module.h"
 #include "shell/session.h"
+#include "waiting/module.h"
 
 namespace {
 
@@ -107,7 +108,7 @@ const std::array<Module, kModuleCount>& Table()
                         "Times, (iv.) Poisson Arrivals and Arbitrary Service Times (No Waiting), and "
                         "(v.) Poisson Arrivals and Exponential Service Times with a Finite Calling "
                         "Population.  Multiple-channel models may have a maximum of 25 channels.",
-         .Routines = nullptr},
+         .Routines = &WaitingLines()},
         {.Option = "10. Decision Analysis",
          .Indicator = "Decision Analysis Module",
          .Title = "DECISION ANALYSIS PROBLEM",

@@ -1,0 +1,153 @@
+#include "waiting/VtWait.h"
+
+#include "desktop/desktop.h"
+#include "shell/commands.h"
+#include "shell/menus.h"
+#include "shell/modelform.h"
+#include "shell/session.h"
+#include "shell/solution.h"
+#include "shell/userinput.h"
+
+namespace VtWait {
+
+WaitingProblem Problem;
+WaitingResult Result;
+
+namespace {
+
+constexpr std::string_view kModuleIndicator = "Waiting Lines Module";
+constexpr std::string_view kForm = "frmWL_Model";
+
+constexpr Box kChannels{"Number of Channels:", "", TakeChannels, &WaitingProblem::Channels};
+constexpr Box kArrivals{"Mean Arrival Rate:", "", TakeArrivalRate, &WaitingProblem::ArrivalRate};
+constexpr Box kServices{"Mean Service Rate:", "", TakeServiceRate, &WaitingProblem::ServiceRate};
+constexpr Box kChannelServices{"Mean Service Rate per Channel:", "", TakeServiceRate,
+                               &WaitingProblem::ServiceRate};
+constexpr Box kDeviation{"Standard Deviation of Service Time:", "(In Units of Time Period)",
+                         TakeServiceStdDev, &WaitingProblem::ServiceStdDev};
+constexpr Box kPopulation{"Population Size (MAX=30):", "", TakePopulation, &WaitingProblem::Population};
+constexpr Box kHidden{};
+
+struct Model {
+    std::string_view Item;       // in the list of models
+    std::string_view Indicator;  // in the status text
+    std::array<Box, kBoxCount> Boxes;
+};
+
+constexpr std::array<Model, kModelCount> kModels{{
+    {"Poisson Arrivals / Exponential Service",
+     "Waiting Line Model:  M/M/K",
+     {{kChannels, kArrivals, kChannelServices, kHidden}}},
+    {"Poisson Arrivals / Arbitrary Service (1 Channel)",
+     "Waiting Line Model:  M/G/1",
+     {{kArrivals, kServices, kDeviation, kHidden}}},
+    {"Poisson Arrivals / Deterministic Service (1 Channel)",
+     "Waiting Line Model:  M/D/1",
+     {{kArrivals, kServices, kHidden, kHidden}}},
+    {"Poisson Arrivals / Arbitrary Service (No Waiting)",
+     "Waiting Line Model:  No Wait",
+     {{kChannels, kArrivals, kChannelServices, kHidden}}},
+    {"Poisson Arrivals / Exponential Service (Finite Pop.)",
+     "Waiting Line Model:  Finite Population",
+     {{kChannels, kArrivals, kChannelServices, kPopulation}}},
+}};
+
+// "Subscript out of range" without a model.
+const Model& CurrentModel()
+{
+    if (!HasModel()) Raise(ErrorNumber::SubscriptOutOfRange);
+    return kModels.at(static_cast<std::size_t>(Problem.WaitingModel) - 1);
+}
+
+int AskModel()
+{
+    ListDialog list{.Caption = " Waiting Lines",
+                    .Items = {},
+                    .EmptyMessage = "You Must Select a Waiting Line Model",
+                    .ModuleIndicator = std::string(kModuleIndicator)};
+    for (const Model& model : kModels)
+        list.Items.emplace_back(model.Item);
+    return AskListItem(list);
+}
+
+void GiveUpProblem()
+{
+    Problem.WaitingModel = 0;
+    Problem.Saved = false;
+    desktop::TheScreen().SetIndicator(kModuleIndicator);
+}
+
+void ShowForm()
+{
+    if (!HasModel()) return;
+    if (RunModelForm(kForm) != FormExit::Cancelled) return;
+    GiveUpProblem();
+    NewProblem();
+}
+
+}  // namespace
+
+void MakeArrays()
+{
+    Problem = {};
+    Result = {};
+}
+
+void NewProblem()
+{
+    const int model = AskModel();
+    if (model == 0) {
+        desktop::TheForms().FocusMenu();
+        return;
+    }
+    MakeArrays();
+    Problem.WaitingModel = model;
+    Session.ProblemOnDisplay = "NO";
+    Display();
+}
+
+void Display()
+{
+    BeginDisplay();
+    EndDisplay();
+    ShowForm();
+}
+
+void ReturnToProblem()
+{
+    UnloadSolution();
+    Menus.SetEnabled(EditItemName(0), false);
+    ShowForm();
+}
+
+bool HasModel()
+{
+    return Problem.WaitingModel >= 1 && Problem.WaitingModel <= kModelCount;
+}
+
+void ShowModelCaption()
+{
+    if (HasModel()) desktop::TheScreen().SetIndicator(CurrentModel().Indicator);
+}
+
+bool HasEconomicAnalysis()
+{
+    return Problem.EconomicAnalysis == "YES";
+}
+
+void ChooseEconomicAnalysis(bool wanted)
+{
+    Problem.EconomicAnalysis = wanted ? "YES" : "NO";
+}
+
+const std::array<Box, kBoxCount>& Boxes()
+{
+    return CurrentModel().Boxes;
+}
+
+std::string_view Title()
+{
+    return CurrentModel().Item;
+}
+
+}  // namespace VtWait
