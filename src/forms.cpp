@@ -1,5 +1,8 @@
 #include "forms.h"
 
+#include "lp/frmIP.h"
+#include "lp/frmLPFeatures.h"
+#include "lp/frmLPproblem.h"
 #include "shell/frmMenu.h"
 #include "shell/frmModuleSelection.h"
 #include "shell/frmSolution.h"
@@ -20,6 +23,9 @@ void RegisterForms(qt::QtForms& forms)
     forms.Add<frmUserInput>("frmUserInput", Place::Modal);
     forms.Add<frmuserlistinput>("frmuserlistinput", Place::Modal);
     forms.Add<frmProblem>("frmProblem", Place::Filling);
+    forms.Add<frmLPproblem>("frmLPproblem", Place::Filling);
+    forms.Add<frmLPFeatures>("frmLPFeatures", Place::Modal);
+    forms.Add<frmIP>("frmIP", Place::Modal);
     forms.Add<frmTransObj>("frmTransObj", Place::Modal);
     forms.Add<frmErrorMsg>("frmErrorMsg", Place::Modal);
 }

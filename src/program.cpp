@@ -1,17 +1,23 @@
 #include "program.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include "desktop/desktop.h"
 #include "forms.h"
+#include "qt/icon.h"
 #include "qt/text.h"
 #include "shell/commands.h"
 
 Program::Program(std::unique_ptr<qt::QtDialogs> dialogs) : dialogs_(std::move(dialogs))
 {
+    QApplication::setApplicationName("Vantrel");
+    QApplication::setApplicationVersion("6.0");
+    QApplication::setDesktopFileName("vantrel");
+    QApplication::setWindowIcon(qt::ProgramIcon());
+    QApplication::setQuitOnLastWindowClosed(false);  // Exit ends the program
     RegisterForms(forms_);
     desktop::Install({.dialogs = dialogs_.get(), .screen = &screen_, .forms = &forms_, .printer = &printer_});
-    SetProgramFolder(qt::FromQt(QCoreApplication::applicationDirPath()));
+    SetProgramFolder(qt::FromQt(QApplication::applicationDirPath()));
 }
 
 void Program::Start()

@@ -17,7 +17,7 @@ CHECK_PACKAGES=(
 )
 BENCH_PACKAGES=(
     "${RUN_PACKAGES[@]}"
-    libbenchmark-dev glpk-utils
+    libbenchmark-dev gnuplot-nox libglpk-dev
 )
 COVERAGE_PACKAGES=("${CHECK_PACKAGES[@]}" gcovr)
 ICON_PACKAGES=(librsvg2-bin)

@@ -7,9 +7,29 @@
 #include <QRadioButton>
 #include <QTextBrowser>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "shell/commands.h"
 #include "shell/module.h"
+
+namespace {
+
+// How far an arrow key goes in the list of modules.
+int StepOf(const QKeyEvent& key)
+{
+    switch (key.key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Left:
+            return -1;
+        case Qt::Key_Down:
+        case Qt::Key_Right:
+            return 1;
+        default:
+            return 0;
+    }
+}
+
+}  // namespace
 
 frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
 {
@@ -46,6 +66,7 @@ QWidget* frmModuleSelection::MakeOptions()
         auto* option = new QRadioButton(QString::fromStdString(ModuleOf(number).Option));
         option->setObjectName(QStringLiteral("optProblemType(%1)").arg(number));
         option->installEventFilter(this);
+        options.push_back(option);
         connect(option, &QRadioButton::toggled, this, [this, number](bool on) {
             if (on) Select(number);
         });
@@ -68,12 +89,28 @@ void frmModuleSelection::keyPressEvent(QKeyEvent* event)
         ChildForm::keyPressEvent(event);
 }
 
-// A double click on an option is the click and OK in one.
+// A double click on an option is the click and OK in one; the arrow keys go through the modules by number.
 bool frmModuleSelection::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonDblClick && qobject_cast<QRadioButton*>(watched) != nullptr) {
+    if (event->type() == QEvent::MouseButtonDblClick) {
         Commands::ChooseModule();
         return true;
     }
+    if (event->type() == QEvent::KeyPress) {
+        const int step = StepOf(static_cast<const QKeyEvent&>(*event));
+        if (step != 0) {
+            const auto at = std::find(options.begin(), options.end(), watched) - options.begin();
+            Choose(static_cast<int>(at) + step);
+            return true;
+        }
+    }
     return ChildForm::eventFilter(watched, event);
+}
+
+// Around both ends.
+void frmModuleSelection::Choose(int index)
+{
+    QRadioButton* option = options[static_cast<std::size_t>((index + kModuleCount) % kModuleCount)];
+    option->setFocus(Qt::TabFocusReason);
+    option->setChecked(true);
 }

@@ -1,8 +1,11 @@
 // The choice of a module: twelve options and what the chosen one does.
 #pragma once
 
+#include <vector>
+
 #include "qt/forms.h"
 
+class QRadioButton;
 class QTextBrowser;
 
 class frmModuleSelection : public qt::ChildForm {
@@ -19,6 +22,8 @@ protected:
 private:
     void Select(int number);
     QWidget* MakeOptions();
+    void Choose(int index);
 
+    std::vector<QRadioButton*> options;  // module 1 first
     QTextBrowser* txtprobsel = nullptr;
 };

@@ -14,7 +14,6 @@ QLabel* AddNotice(QVBoxLayout* page, const QString& text)
 {
     auto* notice = new QLabel(text);
     notice->setAlignment(Qt::AlignCenter);
-    notice->setWordWrap(true);
     page->addWidget(notice);
     return notice;
 }

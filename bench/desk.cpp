@@ -1,0 +1,41 @@
+#include "desk.h"
+
+#include "problems.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/report.h"
+#include "shell/session.h"
+
+namespace bench {
+
+Desk::Desk(int module, int size)
+{
+    AnswerDialogs();
+    Commands::Start();
+    Commands::SelectModule(module);
+    Commands::ChooseModule();
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    RecordReader file(ProblemText(module, size));
+    routines.Read(file);
+    Session.NewProblem = false;
+    routines.Display();
+}
+
+void Desk::Solve()
+{
+    Commands::Solve();
+}
+
+std::string Desk::Report()
+{
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    TextFileChannel file;
+    if (routines.BeforeReport) routines.BeforeReport();
+    for (const auto& report : routines.Reports)
+        report(file);
+    return file.Text();
+}
+
+void Desk::AnswerDialogs() {}
+
+}  // namespace bench

@@ -1,0 +1,158 @@
+// Measures whole processes: the start and the memory of Vantrel beside a bare Qt program, and what the session
+// player takes for a problem. Prints the rows of a table.
+//
+//     bench_processes FOLDER-OF-THE-BENCHMARKS vantrel-play
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+struct Run {
+    double WallMs = 0.0;
+    double ProcessorMs = 0.0;
+    double PeakMb = 0.0;
+};
+
+double Milliseconds(const timeval& time)
+{
+    return static_cast<double>(time.tv_sec) * 1000.0 + static_cast<double>(time.tv_usec) / 1000.0;
+}
+
+// In the child: the program without its output.
+[[noreturn]] void Become(std::vector<std::string> command)
+{
+    std::vector<char*> arguments;
+    for (std::string& word : command)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+    dup2(nowhere, STDOUT_FILENO);
+    execv(arguments.front(), arguments.data());
+    _exit(127);
+}
+
+Run Measure(const std::vector<std::string>& command)
+{
+    const auto began = Clock::now();
+    const pid_t child = fork();
+    if (child == 0) Become(command);
+    int status = 0;
+    rusage usage{};
+    wait4(child, &status, 0, &usage);
+    const std::chrono::duration<double, std::milli> wall = Clock::now() - began;
+    if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        std::fprintf(stderr, "%s failed\n", command.front().c_str());
+        std::exit(1);
+    }
+    return {.WallMs = wall.count(),
+            .ProcessorMs = Milliseconds(usage.ru_utime) + Milliseconds(usage.ru_stime),
+            .PeakMb = static_cast<double>(usage.ru_maxrss) / 1024.0};
+}
+
+double Median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+// The two commands in turn, so that what else the machine does meets both.
+struct Pair {
+    Run First;
+    Run Second;
+};
+
+Pair MeasurePair(const std::vector<std::string>& first, const std::vector<std::string>& second)
+{
+    constexpr int kRounds = 21;
+    std::vector<double> wall[2];
+    std::vector<double> peak[2];
+    for (int round = 0; round < kRounds; ++round) {
+        const Run runs[2] = {Measure(first), Measure(second)};
+        for (int i = 0; i < 2; ++i) {
+            wall[i].push_back(runs[i].WallMs);
+            peak[i].push_back(runs[i].PeakMb);
+        }
+    }
+    return {.First = {.WallMs = Median(wall[0]), .PeakMb = Median(peak[0])},
+            .Second = {.WallMs = Median(wall[1]), .PeakMb = Median(peak[1])}};
+}
+
+void Row(const char* what, double value, double against, const char* unit)
+{
+    std::printf("| %s | %.1f %s | %.1f %s | %.2f |\n", what, value, unit, against, unit, value / against);
+}
+
+void WriteScript(const fs::path& path, int problems)
+{
+    constexpr int kStates = 10;
+    std::ofstream script(path);
+    script << "choose 12\n";
+    for (int problem = 0; problem < problems; ++problem) {
+        script << "menu mnuFileNew\n";
+        if (problem > 0) script << "answer Yes\n";
+        script << "type txtAnswer(0) \"" << kStates << "\"\nclick cmdOK\n";
+        for (int from = 1; from <= kStates; ++from)
+            for (int to = 1; to <= kStates; ++to)
+                script << "cell gridDisplayEdit " << from << ' ' << to << " \"0.1\"\n";
+        script << "menu mnuSolutionSolve\nreport\n";
+    }
+}
+
+Run Play(const std::string& player, int problems)
+{
+    const fs::path script = fs::temp_directory_path() / ("bench-" + std::to_string(getpid()) + ".play");
+    WriteScript(script, problems);
+    const Run run = Measure({player, script.string()});
+    fs::remove(script);
+    return run;
+}
+
+void CompareWithBareProgram(const std::string& folder)
+{
+    const Pair start = MeasurePair({folder + "/startup_vantrel"}, {folder + "/startup_bare"});
+    const Run report = Measure({folder + "/report_on_screen"});
+    std::printf("| | Vantrel | bare Qt program | ratio |\n| --- | --- | --- | --- |\n");
+    Row("from process start to the first painted window", start.First.WallMs, start.Second.WallMs, "ms");
+    Row("peak memory at the start-up notice", start.First.PeakMb, start.Second.PeakMb, "MB");
+    Row("peak memory with a report on screen", report.PeakMb, start.Second.PeakMb, "MB");
+}
+
+void MeasurePlayer(const std::string& player)
+{
+    constexpr int kFew = 10;
+    constexpr int kMany = 1000;
+    const Run few = Play(player, kFew);
+    const Run many = Play(player, kMany);
+    const double perProblem = (many.ProcessorMs - few.ProcessorMs) / (kMany - kFew);
+    std::printf("\n| Session player, problems of ten states | |\n| --- | --- |\n");
+    std::printf("| processor time a problem: entered, solved, reported | %.1f ms |\n", perProblem);
+    std::printf("| memory that %d problems add | %.1f MB |\n", kMany - kFew, many.PeakMb - few.PeakMb);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc != 3) {
+        std::fprintf(stderr, "bench_processes FOLDER PLAYER\n");
+        return 2;
+    }
+    setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    CompareWithBareProgram(argv[1]);
+    MeasurePlayer(argv[2]);
+    return 0;
+}

@@ -1,0 +1,126 @@
+#include "lp/frmIP.h"
+
+#include <QItemSelectionModel>
+
+#include "desktop/desktop.h"
+#include "lp/VtLP.h"
+#include "qt/fields.h"
+#include "qt/text.h"
+#include "shell/session.h"
+
+namespace {
+
+QListWidget* AddVariableList(QLayout* lists, const char* name, const char* caption)
+{
+    auto* column = new QVBoxLayout;
+    static_cast<QHBoxLayout*>(lists)->addLayout(column);
+    auto* label = new QLabel(caption);
+    column->addWidget(label);
+    QListWidget* list = qt::AddList(column, name, caption);
+    label->setBuddy(list);
+    list->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (int j = 1; j <= VtLP::Problem.NumVariables; ++j)
+        list->addItem(qt::ToQt(VtLP::Problem.LpVariableNames(j)));
+    return list;
+}
+
+// What becomes selected in `list` is taken out of `other`.
+void LetExclude(QListWidget* list, QListWidget* other)
+{
+    QObject::connect(list->selectionModel(), &QItemSelectionModel::selectionChanged, other,
+                     [other](const QItemSelection& selected) {
+                         for (const QModelIndex& index : selected.indexes())
+                             other->item(index.row())->setSelected(false);
+                     });
+}
+
+std::vector<bool> SelectionOf(const QListWidget* list)
+{
+    std::vector<bool> selected;
+    for (int row = 0; row < list->count(); ++row)
+        selected.push_back(list->item(row)->isSelected());
+    return selected;
+}
+
+void Select(QListWidget* list, const std::vector<bool>& selected)
+{
+    for (int row = 0; row < list->count(); ++row)
+        list->item(row)->setSelected(selected[static_cast<std::size_t>(row)]);
+}
+
+void Cancel()
+{
+    Session.DialogCancelled = true;
+    desktop::TheForms().Unload("frmIP");
+}
+
+}  // namespace
+
+frmIP::frmIP(QWidget* parent) : qt::ModalForm(parent)
+{
+    setObjectName("frmIP");
+    setWindowTitle(" Integer Variable Identification");
+    auto* page = new QVBoxLayout(this);
+    AddOptions(page);
+    AddLists(page);
+    auto* buttons = qt::AddButtonRow(page);
+    qt::AddButton(buttons, "CmdSolve", "Solve", [this] { Accept(); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    ShowChoice(VtLP::StoredIntegerChoice());
+}
+
+void frmIP::AddOptions(QLayout* page)
+{
+    QLayout* frame = qt::AddFrame(page, "Frame1", "")->layout();
+    optbinary = qt::AddOption(frame, "optbinary", "All Variables Are 0/1 (Binary)");
+    optgeneral = qt::AddOption(frame, "optgeneral", "All Variables Are General Integer");
+    optMultiple = qt::AddOption(frame, "optMultiple", "Multiple Types Of Variables");
+}
+
+void frmIP::AddLists(QLayout* page)
+{
+    auto* lists = new QHBoxLayout;
+    static_cast<QVBoxLayout*>(page)->addLayout(lists);
+    lstBinary = AddVariableList(lists, "lstBinary", "Select 0/1 Variables:");
+    lstGeneral = AddVariableList(lists, "lstGeneral", "Select General Integer Variables:");
+    LetExclude(lstBinary, lstGeneral);
+    LetExclude(lstGeneral, lstBinary);
+
+    const auto choose = [this](QRadioButton* option, const std::function<void()>& select) {
+        connect(option, &QRadioButton::toggled, this, [select](bool chosen) {
+            if (chosen) select();
+        });
+    };
+    choose(optbinary, [this] { lstBinary->selectAll(); });
+    choose(optgeneral, [this] { lstGeneral->selectAll(); });
+    choose(optMultiple, [this] {
+        lstBinary->clearSelection();
+        lstGeneral->clearSelection();
+    });
+}
+
+void frmIP::ShowChoice(const VtLP::IntegerChoice& choice)
+{
+    using VtLP::IntegerKind;
+    if (choice.Kind == IntegerKind::AllBinary) optbinary->setChecked(true);
+    if (choice.Kind == IntegerKind::AllGeneral) optgeneral->setChecked(true);
+    if (choice.Kind != IntegerKind::Multiple) return;
+    optMultiple->setChecked(true);
+    Select(lstBinary, choice.Binary);
+    Select(lstGeneral, choice.General);
+}
+
+VtLP::IntegerChoice frmIP::Choice() const
+{
+    using VtLP::IntegerKind;
+    IntegerKind kind = IntegerKind::Multiple;
+    if (optbinary->isChecked()) kind = IntegerKind::AllBinary;
+    if (optgeneral->isChecked()) kind = IntegerKind::AllGeneral;
+    return {.Kind = kind, .Binary = SelectionOf(lstBinary), .General = SelectionOf(lstGeneral)};
+}
+
+void frmIP::Accept()
+{
+    VtLP::StoreIntegerChoice(Choice());
+    desktop::TheForms().Unload("frmIP");
+}

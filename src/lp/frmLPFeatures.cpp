@@ -1,0 +1,49 @@
+#include "lp/frmLPFeatures.h"
+
+#include "desktop/desktop.h"
+#include "lp/VtLP.h"
+#include "qt/fields.h"
+#include "tableau/Criterion.h"
+
+namespace {
+
+void Cancel()
+{
+    VtLP::CancelFeatures();
+    desktop::TheForms().Unload("frmLPFeatures");
+}
+
+}  // namespace
+
+frmLPFeatures::frmLPFeatures(QWidget* parent) : qt::ModalForm(parent)
+{
+    setObjectName("frmLPFeatures");
+    setWindowTitle(" Problem Features");
+    auto* page = new QVBoxLayout(this);
+    auto* rows = new QFormLayout;
+    page->addLayout(rows);
+    txtConstraints = qt::AddBox(rows, "txtConstraints", "Number of Constraints:");
+    rows->addRow(new QLabel("(Not Including Nonnegativity)"));
+    txtVariables = qt::AddBox(rows, "txtVariables", "Number of Decision Variables:");
+    QLayout* frame = qt::AddFrame(page, "Frame1", "Optimization Type")->layout();
+    optMinimize = qt::AddOption(frame, "optMinimize", "Minimize");
+    optMaximize = qt::AddOption(frame, "optMaximize", "Maximize");
+    auto* buttons = qt::AddButtonRow(page);
+    qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    if (VtLP::ChangesFeatures()) ShowProblem();
+}
+
+void frmLPFeatures::ShowProblem()
+{
+    qt::SetTextOf(txtConstraints, std::to_string(VtLP::Problem.NumConstraints));
+    qt::SetTextOf(txtVariables, std::to_string(VtLP::Problem.NumVariables));
+    (MinimizeFlag == 1 ? optMinimize : optMaximize)->setChecked(true);
+}
+
+void frmLPFeatures::Accept()
+{
+    if (VtLP::TakeFeatures(qt::TextOf(txtConstraints), qt::TextOf(txtVariables), optMinimize->isChecked(),
+                           optMaximize->isChecked()))
+        desktop::TheForms().Unload("frmLPFeatures");
+}

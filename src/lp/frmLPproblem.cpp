@@ -1,0 +1,96 @@
+#include "lp/frmLPproblem.h"
+
+#include "lp/VtLP.h"
+#include "qt/fields.h"
+#include "shell/module.h"
+
+namespace {
+
+constexpr int kShownConstraints = 17;  // more of them scroll
+
+const char* const kNames[] = {"Grid(0)", "Grid(1)"};
+const char* const kDescriptions[] = {"Variable names and objective function", "Constraints"};
+
+qt::KeyAnswer AnswerTo(VtLP::Key key)
+{
+    if (key == VtLP::Key::Taken) return qt::KeyAnswer::Taken;
+    return key == VtLP::Key::Beeps ? qt::KeyAnswer::Refused : qt::KeyAnswer::Told;
+}
+
+}  // namespace
+
+frmLPproblem::frmLPproblem(QWidget* parent) : qt::ChildForm(parent)
+{
+    auto* page = new QVBoxLayout(this);
+    AddIntroduction(page);
+    AddProblem(page);
+    page->addStretch();
+    setFocusProxy(grids_[0]);
+}
+
+// The shell fills it and takes it away with the first problem.
+void frmLPproblem::AddIntroduction(QLayout* page)
+{
+    qt::PassClickToMenu(qt::AddText(page, "txtLoadInfo", "What the module does"));
+    qt::PassClickToMenu(qt::AddLabel(page, "lblLoadInfo", ""));
+}
+
+void frmLPproblem::AddProblem(QLayout* page)
+{
+    QLabel* type = qt::AddLabel(page, "lblopttype", "");
+    qt::PassClickToMenu(type);
+    type->hide();
+    grids_[0] = AddGrid(page, 0);
+    grids_[1] = AddGrid(page, 1);
+    grids_[0]->ShowRows(2);
+    grids_[1]->ShowRows(kShownConstraints);
+    QLabel* advice = qt::AddLabel(
+        page, "lblInfo",
+        "Note:  Decision variable names can be changed if desired.  Enter Objective function coefficients in "
+        "the objective function portion of the input screen.  In the constraints section, enter constraint "
+        "coefficients, constraint relationship (<, =, >), and constraint right-hand-side.  Do not enter "
+        "nonnegativity constraints.");
+    qt::PassClickToMenu(advice);
+    advice->hide();
+}
+
+qt::EntryGrid* frmLPproblem::AddGrid(QLayout* page, int index)
+{
+    auto* grid = new qt::EntryGrid(kNames[index], kDescriptions[index], Rules(index));
+    grid->hide();
+    page->addWidget(grid);
+    return grid;
+}
+
+// Tab goes round through both grids.
+qt::EntryRules frmLPproblem::Rules(int index)
+{
+    qt::EntryRules rules;
+    rules.Key = [index](int row, int column, char character, bool first) {
+        return AnswerTo(VtLP::JudgeKey(index, row, column, character, first));
+    };
+    rules.Commit = [index](int row, int column, std::string_view text) {
+        return VtLP::ValidateCell(index, row, column, text) != kCellRefused;
+    };
+    rules.RestoresRefused = true;
+    rules.BackspaceOnlyTyped = true;
+    rules.EnterBeepsAtLastRow = true;
+    rules.LeaveForward = [this] { GoToConstraints(); };
+    rules.LeaveBackward = [this] { GoToObjective(); };
+    return rules;
+}
+
+// The cell behind the objective's last one, and behind the last one of the constraints as well.
+void frmLPproblem::GoToConstraints()
+{
+    Grid& cells = grids_[1]->Cells();
+    if (cells.Rows() > 1) cells.Select(1, 1);
+    cells.SetFocus();
+}
+
+void frmLPproblem::GoToObjective()
+{
+    Grid& cells = grids_[0]->Cells();
+    cells.Select(cells.Rows() - 1, cells.Columns() - 1);
+    cells.SetFocus();
+}

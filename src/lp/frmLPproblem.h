@@ -1,0 +1,25 @@
+// The problem form of the linear and integer programs: the names and the objective in one grid, the
+// constraints in another; before there is a problem, the introduction to the module.
+#pragma once
+
+#include "qt/entrygrid.h"
+#include "qt/forms.h"
+
+class QLayout;
+
+class frmLPproblem : public qt::ChildForm {
+    Q_OBJECT
+
+public:
+    explicit frmLPproblem(QWidget* parent);
+
+private:
+    void AddIntroduction(QLayout* page);
+    void AddProblem(QLayout* page);
+    qt::EntryGrid* AddGrid(QLayout* page, int index);
+    [[nodiscard]] qt::EntryRules Rules(int index);
+    void GoToConstraints();
+    void GoToObjective();
+
+    qt::EntryGrid* grids_[2] = {};
+};

@@ -1,0 +1,133 @@
+// vantrel-play: drives the program from session scripts.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QDir>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <optional>
+
+#include "play/player.h"
+#include "program.h"
+#include "qt/application.h"
+
+namespace {
+
+using play::Script;
+
+constexpr int kUnusableArguments = 2;
+
+struct Arguments {
+    QString Folder = QDir::currentPath();
+    std::vector<Script> Scripts;
+};
+
+int Usage(std::FILE* out, int status)
+{
+    std::fputs(
+        "usage: vantrel-play [--folder DIR] SCRIPT...\n"
+        "Plays each script in a fresh session; '-' is standard input.\n",
+        out);
+    return status;
+}
+
+bool ReadScript(const std::string& name, std::vector<Script>& scripts)
+{
+    if (name == "-") {
+        scripts.push_back({name, play::ReadScript(std::cin)});
+        return true;
+    }
+    std::ifstream file(name);
+    if (!file || !QFileInfo(QString::fromStdString(name)).isFile()) {
+        std::fprintf(stderr, "vantrel-play: %s cannot be read\n", name.c_str());
+        return false;
+    }
+    scripts.push_back({name, play::ReadScript(file)});
+    return true;
+}
+
+bool TakeFolder(const char* name, Arguments& arguments)
+{
+    arguments.Folder = QDir(QString::fromLocal8Bit(name)).absolutePath();
+    if (QDir(arguments.Folder).exists()) return true;
+    std::fprintf(stderr, "vantrel-play: there is no folder %s\n", name);
+    return false;
+}
+
+std::optional<Arguments> ReadArguments(int count, char* values[])
+{
+    Arguments arguments;
+    for (int i = 1; i < count; ++i) {
+        const std::string argument = values[i];
+        if (argument == "--folder") {
+            if (++i == count || !TakeFolder(values[i], arguments)) return std::nullopt;
+        } else if (argument.starts_with("-") && argument != "-") {
+            std::fprintf(stderr, "vantrel-play: there is no option %s\n", argument.c_str());
+            return std::nullopt;
+        } else if (!ReadScript(argument, arguments.Scripts)) {
+            return std::nullopt;
+        }
+    }
+    if (arguments.Scripts.empty()) return std::nullopt;
+    return arguments;
+}
+
+// Standard error is for steps that cannot be done; the off-screen platform talks about what it has not got.
+void PassMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (message.startsWith("This plugin does not support") || message.startsWith("QStandardPaths:")) return;
+    std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, message).toLocal8Bit().constData());
+}
+
+int Play(const Script& script, const QString& folder, char* program)
+{
+    int count = 1;
+    char* values[] = {program, nullptr};
+    qInstallMessageHandler(PassMessage);
+    qt::Application application(count, values);
+    play::Transcript transcript(stdout);
+    play::Listener listener(transcript);
+    Program vantrel(std::make_unique<play::OverheardDialogs>(transcript));
+    play::Player player(script, {transcript, folder}, listener);
+    vantrel.Start();
+    player.Start();
+    QApplication::exec();
+    return static_cast<int>(player.Finish());
+}
+
+// A session of its own: nothing of an earlier one is left in the process.
+int PlayApart(const Script& script, const QString& folder, char* program)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        const int status = Play(script, folder, program);
+        std::fflush(nullptr);
+        std::exit(status);
+    }
+    int status = 0;
+    if (child < 0 || waitpid(child, &status, 0) < 0 || !WIFEXITED(status)) {
+        std::fprintf(stderr, "%s: the program ended abnormally\n", script.Name.c_str());
+        return static_cast<int>(play::Ending::NotDone);
+    }
+    return WEXITSTATUS(status);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[])
+{
+    if (argc == 2 && std::string(argv[1]) == "--help") return Usage(stdout, 0);
+    const std::optional<Arguments> arguments = ReadArguments(argc, argv);
+    if (!arguments) return Usage(stderr, kUnusableArguments);
+
+    // One dispatcher whose rest can be told, one platform on all machines.
+    qputenv("QT_NO_GLIB", "1");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (arguments->Scripts.size() == 1) return Play(arguments->Scripts.front(), arguments->Folder, argv[0]);
+    int status = 0;
+    for (const Script& script : arguments->Scripts)
+        status = std::max(status, PlayApart(script, arguments->Folder, argv[0]));
+    return status;
+}

@@ -1,0 +1,147 @@
+#include "play/player.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QTimerEvent>
+#include <cstdio>
+#include <cstdlib>
+
+#include "play/alarm.h"
+#include "play/controls.h"
+
+namespace play {
+namespace {
+
+constexpr unsigned kPatienceSeconds = 30;
+// Rounds of the event loop in which the program was at work, before a key is sent into it.
+constexpr int kBusyRounds = 2;
+constexpr int kMostActivations = 3;
+
+}  // namespace
+
+Player::Player(const Script& script, Stage stage, Listener& listener)
+    : script_(script), stage_(std::move(stage)), listener_(listener)
+{
+    listener_.Ignore(this);
+}
+
+void Player::Start()
+{
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            &Player::ProgramWaits);
+    SetAlarm();
+}
+
+Ending Player::Finish()
+{
+    play::StopAlarm();
+    if (!ended_ && !AtEnd()) Fail(script_.Steps[next_], "the program has ended");
+    return ending_;
+}
+
+// Nothing is left to be delivered, save for timers that are due. Those come before the one that is set here.
+void Player::ProgramWaits()
+{
+    busyRounds_ = 0;
+    if (ended_ || idleCheck_.isActive()) return;
+    eventsBefore_ = listener_.Events();
+    idleCheck_.start(0, this);
+}
+
+void Player::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() == escapeTimer_.timerId()) {
+        BreakIn();
+        return;
+    }
+    idleCheck_.stop();
+    if (ended_ || listener_.Events() != eventsBefore_ || BringToFront()) return;
+    DoNext();
+}
+
+// A desktop gives the keyboard to the window that comes to the front when another one is closed.
+bool Player::BringToFront()
+{
+    const QWidget* screen = ScreenInFront();
+    QWidget* window = screen == nullptr ? nullptr : screen->window();
+    const bool isActive = window == nullptr || QApplication::activePopupWidget() != nullptr ||
+                          window == QApplication::activeWindow();
+    if (isActive || activations_ == kMostActivations) return false;
+    ++activations_;
+    window->activateWindow();
+    return true;
+}
+
+bool Player::EscapeIsNext() const
+{
+    if (AtEnd()) return false;
+    const Step& step = script_.Steps[next_];
+    return CheckStep(step).empty() && step.Name() == "key" && step.Argument(1).Text == "Escape";
+}
+
+// Escape does not wait for a program that is at work.
+void Player::BreakIn()
+{
+    if (ended_ || !EscapeIsNext()) {
+        escapeTimer_.stop();
+    } else if (++busyRounds_ > kBusyRounds) {
+        escapeTimer_.stop();
+        DoNext();
+    }
+}
+
+void Player::DoNext()
+{
+    activations_ = 0;
+    escapeTimer_.stop();
+    if (AtEnd()) {
+        End(Ending::Done);
+        return;
+    }
+    Do(script_.Steps[next_++]);
+}
+
+void Player::Do(const Step& step)
+{
+    SetAlarm();
+    stage_.Out.Echo(step.Source);
+    busyRounds_ = 0;
+    if (EscapeIsNext()) escapeTimer_.start(0, this);
+    ++running_;
+    const Outcome check = CheckStep(step);
+    const Outcome why = check.empty() ? Perform(step, stage_) : check;
+    --running_;
+    stage_.Out.Flush();
+    if (!ended_ && !why.empty()) Fail(step, why);
+}
+
+void Player::Fail(const Step& step, const Outcome& why)
+{
+    stage_.Out.Flush();
+    std::fprintf(stderr, "%s:%d: %s\n", script_.Name.c_str(), step.Line, why.c_str());
+    End(Ending::NotDone);
+}
+
+// Inside of a dialog there is no orderly way out that does not answer it: the process ends where it stands.
+void Player::End(Ending ending)
+{
+    ended_ = true;
+    ending_ = ending;
+    play::StopAlarm();
+    stage_.Out.Flush();
+    if (running_ > 0) std::_Exit(static_cast<int>(ending));
+    QCoreApplication::exit();
+}
+
+// For the step that waits its turn; behind the last one, for what that has set going.
+void Player::SetAlarm() const
+{
+    if (script_.Steps.empty()) return;
+    const Step& waiting = AtEnd() ? script_.Steps.back() : script_.Steps[next_];
+    stage_.Out.Flush();
+    play::SetAlarm(script_.Name + ":" + std::to_string(waiting.Line) + ": the program is not idle after " +
+                       std::to_string(kPatienceSeconds) + " s\n",
+                   kPatienceSeconds);
+}
+
+}  // namespace play

@@ -1,0 +1,63 @@
+// Plays one script: does a step whenever the program has nothing left to do and waits for its user.
+//
+// A step that brings up a dialog does not return before the dialog is closed; the steps that follow run
+// inside the dialog's own event loop, on top of it.
+#pragma once
+
+#include <QBasicTimer>
+#include <QObject>
+#include <string>
+#include <vector>
+
+#include "play/listener.h"
+#include "play/steps.h"
+
+namespace play {
+
+struct Script {
+    std::string Name;  // as given on the command line
+    std::vector<Step> Steps;
+};
+
+enum class Ending { Done = 0, NotDone = 1 };
+
+class Player : public QObject {
+public:
+    Player(const Script& script, Stage stage, Listener& listener);
+
+    // Begins to play; the event loop does the rest and ends with the script.
+    void Start();
+    // After the event loop: steps that are left when the program has ended by itself cannot be done.
+    [[nodiscard]] Ending Finish();
+
+protected:
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    [[nodiscard]] bool AtEnd() const { return next_ == script_.Steps.size(); }
+    [[nodiscard]] bool EscapeIsNext() const;
+    void ProgramWaits();
+    void BreakIn();
+    bool BringToFront();
+    void DoNext();
+    void Do(const Step& step);
+    void Fail(const Step& step, const Outcome& why);
+    void End(Ending ending);
+    void SetAlarm() const;
+
+    const Script& script_;
+    Stage stage_;
+    Listener& listener_;
+    std::size_t next_ = 0;
+    int running_ = 0;  // steps that have begun and not yet returned
+    Ending ending_ = Ending::Done;
+    bool ended_ = false;
+
+    QBasicTimer idleCheck_;
+    unsigned long eventsBefore_ = 0;
+    int activations_ = 0;
+    QBasicTimer escapeTimer_;
+    int busyRounds_ = 0;
+};
+
+}  // namespace play
