@@ -203,14 +203,22 @@ void ReadProblemFile()
 
 // ---- solving ----
 
+// The Edit menu while the problem itself is on screen: its commands are on, there is nothing to go back to.
+void ShowMenusOfProblem(const ModuleRoutines& routines)
+{
+    Menus.SetEnabled(EditItemName(0), false);
+    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
+}
+
 void SolveProblem()
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
     UnloadSolution();
-    Menus.SetEnabled(EditItemName(0), false);
-    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
     Session.AskIncomplete = true;
-    if (routines.Check && !routines.Check()) return;
+    if (routines.Check && !routines.Check()) {
+        ShowMenusOfProblem(routines);
+        return;
+    }
 
     if (routines.SolveDisablesEditItems)
         Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, false);
@@ -443,8 +451,7 @@ void DisplayProblem()
         return;
     }
     HideSolution();
-    Menus.SetEnabled(EditItemName(0), false);
-    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
+    ShowMenusOfProblem(routines);
 }
 
 void EditItem(int index)
@@ -478,9 +485,7 @@ void LowerItem(int index)
 void SolutionClosed()
 {
     UnloadSolution();
-    Menus.SetEnabled(EditItemName(0), false);
-    if (const ModuleRoutines* routines = Routines())
-        Menus.EnableEditItems(routines->FirstEditItem, routines->LastEditItem, true);
+    if (const ModuleRoutines* routines = Routines()) ShowMenusOfProblem(*routines);
 }
 
 }  // namespace Commands
