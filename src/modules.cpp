@@ -2,6 +2,7 @@
 #include <array>
 
 #include "basic/error.h"
+#include "decision/module.h"
 #include "forecasting/module.h"
 #include "inventory/module.h"
 #include "markov/module.h"
@@ -117,7 +118,7 @@ const std::array<Module, kModuleCount>& Table()
          .Description = "This module solves balanced decision analysis problems.  The maximum number "
                         "of decision alternatives is 10; the maximum number of states of nature for "
                         "the chance event is 10.",
-         .Routines = nullptr},
+         .Routines = &DecisionAnalysis()},
         {.Option = "11. Forecasting",
          .Indicator = "Forecasting Module",
          .Title = "FORECASTING PROBLEM",

@@ -1,0 +1,12 @@
+// The decision report: the recommendation and the strategy on screen; the full report begins with the
+// payoffs and probabilities as they were entered.
+#pragma once
+
+#include "shell/report.h"
+
+namespace Decision {
+
+void SolveAndShow();
+void WriteReport(ReportChannel& out);  // nothing when nothing has been solved
+
+}  // namespace Decision

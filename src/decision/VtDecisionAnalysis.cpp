@@ -1,0 +1,284 @@
+#include "decision/VtDecisionAnalysis.h"
+
+#include "basic/number.h"
+#include "desktop/desktop.h"
+#include "shell/commands.h"
+#include "shell/module.h"
+#include "shell/session.h"
+#include "tableau/Criterion.h"
+#include "tableau/decimals.h"
+#include "tableau/tanumchk.h"
+
+namespace Decision {
+
+DecisionProblem Problem;
+DecisionResult Result;
+
+namespace {
+
+constexpr std::string_view kForm = "frmDecisionProblem";
+constexpr std::string_view kFeaturesForm = "frmDecisionFeatures";
+
+// A number of alternatives, states or outcomes as a dialog asks for it.
+struct CountRule {
+    const char* WholeMessage;
+    const char* RangeMessage;
+};
+
+constexpr CountRule kAlternatives{"NOTE:  THE NUMBER OF DECISION ALTERNATIVES MUST BE AN INTEGER.",
+                                  "NOTE:  THE NUMBER OF DECISION ALTERNATIVES MUST BE BETWEEN 1 AND 10."};
+constexpr CountRule kStates{"NOTE:  THE NUMBER OF STATES OF NATURE MUST BE AN INTEGER.",
+                            "NOTE:  THE NUMBER OF STATES OF NATURE MUST BE BETWEEN 1 AND 10."};
+constexpr CountRule kIndicators{"NOTE:  THE NUMBER OF INDICATOR OUTCOMES MUST BE AN INTEGER.",
+                                "NOTE:  THE NUMBER OF INDICATOR OUTCOMES MUST BE BETWEEN 1 AND 10."};
+
+bool IsCount(const CountRule& rule, std::string_view text)
+{
+    const double value = Val(text);
+    if (value != Int(value)) return Refuse(rule.WholeMessage);
+    if (value < 1 || value > kMost) return Refuse(rule.RangeMessage);
+    return true;
+}
+
+bool IsCountOrEmpty(const CountRule& rule, std::string_view text)
+{
+    return text.empty() || IsCount(rule, text);
+}
+
+// An empty box is not a whole number here.
+bool IsGivenCount(const CountRule& rule, std::string_view text)
+{
+    return text.empty() ? Refuse(rule.WholeMessage) : IsCount(rule, text);
+}
+
+std::string YesOrNo(bool yes)
+{
+    return yes ? "YES" : "NO";
+}
+
+// ---- the grids ----
+
+std::string GridName(int pass)
+{
+    return "Grid(" + std::to_string(pass) + ")";
+}
+
+int RowsOf(int pass)
+{
+    if (pass == kPayoffs) return Problem.AlternativeCount;
+    return pass == kStateProbabilities ? 1 : Problem.NatureStateCount;
+}
+
+int ColumnsOf(int pass)
+{
+    return pass == kIndicatorProbabilities ? Problem.IndicatorCount : Problem.NatureStateCount;
+}
+
+double& Stored(int pass, int row, int column)
+{
+    if (pass == kPayoffs) return Problem.Payoff(row, column);
+    if (pass == kStateProbabilities) return Problem.StatePrior(column);
+    return Problem.IndicatorGivenState(row, column);
+}
+
+void FillHeadings(Grid& grid, int pass)
+{
+    const bool isRowOfProbabilities = pass == kStateProbabilities;
+    if (!isRowOfProbabilities) grid.SetText(0, 0, pass == kPayoffs ? "Decisions" : "Given State");
+    for (int row = 1; row <= RowsOf(pass); ++row)
+        grid.SetText(row, 0, isRowOfProbabilities ? "Probabilities" : LabelOf(row));
+    const std::string letter = pass == kIndicatorProbabilities ? "I" : "S";
+    for (int column = 1; column <= ColumnsOf(pass); ++column)
+        grid.SetText(0, column, letter + LabelOf(column));
+}
+
+void FillGrid(Grid& grid, int pass)
+{
+    constexpr int kHeadingWidth = 13;  // "Probabilities"
+    grid.Resize(RowsOf(pass) + 1, ColumnsOf(pass) + 1);
+    grid.SetColumnWidth(0, kHeadingWidth);
+    FillHeadings(grid, pass);
+    if (Session.NewProblem) return;
+    for (int row = 1; row <= RowsOf(pass); ++row)
+        for (int column = 1; column <= ColumnsOf(pass); ++column)
+            grid.SetText(row, column, Variant(Stored(pass, row, column)).Text());
+}
+
+int RefuseProbability()
+{
+    Refuse("NOTE:  THE PROBABILITY MUST BE BETWEEN 0 AND 1.");
+    return kCellRefused;
+}
+
+int CommitProbability(double& stored, std::string_view text, bool isNumber)
+{
+    if (!isNumber) return RefuseProbability();
+    const double value = Val(text);
+    if (value < 0 || value > 1) return RefuseProbability();
+    stored = value;
+    return kCellStored;
+}
+
+int CommitPayoff(double& stored, std::string_view text)
+{
+    if (!IsNumeric(text)) {
+        Refuse("NOTE:  THE PAYOFF MUST BE A NUMERICAL VALUE.");
+        return kCellRefused;
+    }
+    stored = Val(Session.CheckText);
+    RaiseDecimalPlaces(Problem.PayoffDecimals, stored);
+    return kCellStored;
+}
+
+// A probability that begins like one is read as it stands, whatever follows its number.
+int CommitStateProbability(double& stored, std::string_view text)
+{
+    if (text.front() == '.' || text.front() == '0') return CommitProbability(stored, text, true);
+    const bool isNumber = IsNumeric(text);
+    return CommitProbability(stored, Session.CheckText, isNumber);
+}
+
+int CommitIndicatorProbability(double& stored, std::string_view text)
+{
+    const bool isNumber = IsNumeric(text);
+    return CommitProbability(stored, Session.CheckText, isNumber);
+}
+
+}  // namespace
+
+bool HasStateProbabilities()
+{
+    return Problem.HasStateProbabilities == "YES";
+}
+
+bool ComputesStrategy()
+{
+    return Problem.ComputeStrategy == "YES";
+}
+
+bool Maximizes()
+{
+    return Problem.Maximize == "YES";
+}
+
+std::string LabelOf(int index)
+{
+    return std::to_string(index);
+}
+
+bool TakeAlternativeCount(std::string_view text)
+{
+    return IsCountOrEmpty(kAlternatives, text);
+}
+
+bool TakeStateCount(std::string_view text)
+{
+    return IsCountOrEmpty(kStates, text);
+}
+
+bool TakeIndicatorCount(std::string_view text)
+{
+    if (!IsCountOrEmpty(kIndicators, text)) return false;
+    if (Val(text) == 1)
+        MsgBox("With one indicator outcome the sample carries no information.", "WARNING!!",
+               Icon::Exclamation);
+    return true;
+}
+
+FeatureBox TakeFeatures(const Features& features)
+{
+    const bool strategy = features.StateProbabilities && features.Strategy;
+    if (!IsGivenCount(kAlternatives, features.Alternatives)) return FeatureBox::Alternatives;
+    if (!IsGivenCount(kStates, features.States)) return FeatureBox::States;
+    if (strategy && !IsGivenCount(kIndicators, features.Indicators)) return FeatureBox::Indicators;
+
+    Problem = {};
+    Result = {};
+    Problem.AlternativeCount = ToInt16(Val(features.Alternatives));
+    Problem.NatureStateCount = ToInt16(Val(features.States));
+    if (strategy) Problem.IndicatorCount = ToInt16(Val(features.Indicators));
+    Problem.HasStateProbabilities = YesOrNo(features.StateProbabilities);
+    Problem.ComputeStrategy = YesOrNo(strategy);
+    Session.DialogCancelled = false;
+    return FeatureBox::None;
+}
+
+void NewProblem()
+{
+    desktop::TheForms().ShowModal(kFeaturesForm);
+    if (Session.DialogCancelled) {
+        desktop::TheForms().FocusMenu();
+        return;
+    }
+    Session.ProblemOnDisplay = "NO";
+    Display();
+}
+
+void Display()
+{
+    BeginDisplay();
+    Form& form = desktop::TheForms().Loaded(kForm);
+    for (const int pass : {kPayoffs, kStateProbabilities, kIndicatorProbabilities}) {
+        if (Runs(pass)) FillGrid(form.GridOf(GridName(pass)), pass);
+        form.SetVisible(GridName(pass), Runs(pass));
+    }
+    EndDisplay();
+    if (!Session.NewProblem) return;
+    Grid& payoffs = form.GridOf(GridName(kPayoffs));
+    payoffs.Select(1, 1);
+    payoffs.SetFocus();
+}
+
+bool Runs(int pass)
+{
+    if (pass == kStateProbabilities) return HasStateProbabilities();
+    return pass == kPayoffs || ComputesStrategy();
+}
+
+int CommitCell(int pass, int row, int column, std::string_view text)
+{
+    double& stored = Stored(pass, row, column);
+    if (text.empty()) {
+        stored = 0;
+        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+    }
+    if (pass == kPayoffs) return CommitPayoff(stored, text);
+    if (pass == kStateProbabilities) return CommitStateProbability(stored, text);
+    return CommitIndicatorProbability(stored, text);
+}
+
+double Probability(int pass, int row, int column)
+{
+    return Stored(pass, row, column);
+}
+
+int Count(int pass)
+{
+    return ColumnsOf(pass);
+}
+
+bool AskSenseAndCriterion()
+{
+    if (HasStateProbabilities()) {
+        if (AskCriterion({.Minimize = "Minimize the Payoff", .Maximize = "Maximize the Payoff"}))
+            Problem.Maximize = MaximizeFlag;
+    } else {
+        desktop::TheForms().ShowModal("frmdecnopt");
+    }
+    if (Session.DialogCancelled) desktop::TheForms().FocusMenu();
+    return !Session.DialogCancelled;
+}
+
+void TakeCriterion(bool maximize, int criterion)
+{
+    Problem.Maximize = YesOrNo(maximize);
+    Problem.Criterion = criterion;
+    Session.DialogCancelled = false;
+}
+
+void CancelDialog()
+{
+    Session.DialogCancelled = true;
+}
+
+}  // namespace Decision

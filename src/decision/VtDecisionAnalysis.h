@@ -1,0 +1,120 @@
+// Decision analysis: a payoff table, the criteria that pick an alternative from it, what information is worth
+// and which alternative follows each outcome of a sample.
+//
+// Payoffs are in the user's own unit, gains or costs alike; all probabilities lie between 0 and 1. Tables are
+// indexed from 1: alternatives i, states of nature j, indicator (sample) outcomes k.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "basic/array.h"
+#include "basic/variant.h"
+
+namespace Decision {
+
+constexpr int kMost = 10;  // alternatives, states, outcomes
+
+// The sense of the payoffs: a code, not a factor.
+constexpr int kGains = 1;
+constexpr int kCosts = 2;
+
+enum Criteria { kOptimistic = 1, kConservative, kMinimaxRegret, kExpectedValue };
+
+struct DecisionProblem {
+    std::int16_t AlternativeCount = 0;
+    std::int16_t NatureStateCount = 0;
+    std::int16_t IndicatorCount = 0;                                    // 0 without a strategy
+    Array2<double> Payoff = Array2<double>(kMost, kMost);               // (i, j)
+    Array1<double> StatePrior = Array1<double>(kMost);                  // (j)
+    Array2<double> IndicatorGivenState = Array2<double>(kMost, kMost);  // (j, k)
+    std::string HasStateProbabilities = "NO";
+    std::string ComputeStrategy = "NO";
+    std::string Maximize = "YES";  // "NO": the payoffs are costs
+    int Criterion = kOptimistic;
+    Variant PayoffDecimals = 0.0;  // 0, 1 or 2: the most that a payoff entered so far needs
+};
+
+struct DecisionResult {
+    bool Solved = false;
+    bool HasStrategy = false;  // the fields from JointProbability on are filled
+
+    int PayoffSign = kGains;
+    Array2<double> SignedPayoff;      // (i, j): the payoff, negated for costs, so that more is always better
+    Array1<double> AlternativeValue;  // (i): the score, on the payoffs' own scale
+    Array1<int> Recommended;          // (i): 1 for every alternative with the best score, else 0
+    double BestValue = 0;             // on the signed scale
+    Array1<double> ColumnBest;        // (j): the best signed payoff of a state
+    Array2<double> Regret;            // (i, j)
+    double ExpectedBestPayoff = 0;    // with the state known beforehand; on the signed scale
+    double PerfectInformationValue = 0;  // not negative
+
+    Array2<double> JointProbability;      // (j, k)
+    Array1<double> IndicatorProbability;  // (k)
+    Array2<double> PosteriorProbability;  // (j, k): of the state, once the outcome is known
+    Array1<int> StrategyDecision;         // (k): alternative
+    Array1<double> StrategyValue;         // (k): on the signed scale
+    double ExpectedStrategyValue = 0;     // on the payoffs' own scale
+    double SampleInformationValue = 0;    // not negative
+    double SampleEfficiency = 0;          // percent of the value of perfect information, when that is not 0
+};
+
+extern DecisionProblem Problem;
+extern DecisionResult Result;
+
+// ---- the problem ----
+
+bool HasStateProbabilities();
+bool ComputesStrategy();
+bool Maximizes();
+
+// How an alternative, a state or an outcome is called: its number.
+std::string LabelOf(int index);
+
+// ---- entry: `frmDecisionFeatures` ----
+
+// What leaving a box checks; an empty box passes. False: refused, and told.
+bool TakeAlternativeCount(std::string_view text);
+bool TakeStateCount(std::string_view text);
+bool TakeIndicatorCount(std::string_view text);  // warns of a single outcome
+
+struct Features {
+    std::string Alternatives = {};
+    std::string States = {};
+    std::string Indicators = {};
+    bool StateProbabilities = false;
+    bool Strategy = false;
+};
+enum class FeatureBox { None, Alternatives, States, Indicators };
+
+// OK: the box that is refused, and told; none: a new problem of that size has taken the place of the old one.
+FeatureBox TakeFeatures(const Features& features);
+
+// ---- entry: `frmDecisionProblem` and `frmdecnopt` ----
+
+void NewProblem();  // asks for the features and displays the empty problem
+void Display();
+
+// The grids, as passes of the problem check.
+enum Pass { kPayoffs, kStateProbabilities, kIndicatorProbabilities };
+
+bool Runs(int pass);
+int CommitCell(int pass, int row, int column, std::string_view text);
+double Probability(int pass, int row, int column);  // of the two grids that hold some
+int Count(int pass);                                // of the probabilities in one row
+
+// Asks for the sense and, without state probabilities, for the criterion. False: cancelled.
+bool AskSenseAndCriterion();
+void TakeCriterion(bool maximize, int criterion);  // the answer of `frmdecnopt`
+void CancelDialog();                               // its Cancel, and that of `frmDecisionFeatures`
+
+// ---- engine ----
+
+// Reads Problem (Criterion 1 to 3 without state probabilities), leaves Result and, with state probabilities,
+// sets Criterion to the expected value. All alternatives with the best score are recommended; of alternatives
+// that tie at an outcome of the sample the last one is taken. An outcome that cannot come has no posterior
+// probabilities and the value 0.
+void Analyse();
+
+}  // namespace Decision

@@ -1,0 +1,90 @@
+#include "decision/frmDecisionFeatures.h"
+
+#include "decision/VtDecisionAnalysis.h"
+#include "desktop/desktop.h"
+#include "qt/fields.h"
+
+namespace {
+
+void Close()
+{
+    desktop::TheForms().Unload("frmDecisionFeatures");
+}
+
+void Cancel()
+{
+    Decision::CancelDialog();
+    Close();
+}
+
+}  // namespace
+
+frmDecisionFeatures::frmDecisionFeatures(QWidget* parent) : qt::ModalForm(parent)
+{
+    setObjectName("frmDecisionFeatures");
+    setWindowTitle(" Problem Features");
+    auto* page = new QVBoxLayout(this);
+    AddSizes(page);
+    AddOptions(page);
+    auto* buttons = qt::AddButtonRow(page);
+    qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    ShowWhatApplies();
+}
+
+void frmDecisionFeatures::AddSizes(QVBoxLayout* page)
+{
+    auto* rows = new QFormLayout;
+    page->addLayout(rows);
+    txtNumAlternatives =
+        qt::AddBox(rows, "txtNumAlternatives",
+                   "Number of Decision Alternatives (MAX=10):", Decision::TakeAlternativeCount);
+    txtNumStates =
+        qt::AddBox(rows, "txtNumStates", "Number of States of Nature (MAX=10):", Decision::TakeStateCount);
+}
+
+void frmDecisionFeatures::AddOptions(QVBoxLayout* page)
+{
+    chkStateProbs = qt::AddCheck(page, "chkStateProbs", "State of Nature Probabilities");
+    chkStrategy = qt::AddCheck(page, "chkStrategy", "Compute Decision Strategy");
+    lblStrategyNote = qt::AddLabel(page, "lblStrategyNote",
+                                   "(If yes, probabilities for Indicator (Sample) outcomes are requested.)");
+    auto* rows = new QFormLayout;
+    page->addLayout(rows);
+    txtIndicator = qt::AddBox(rows, "txtIndicator",
+                              "Number of Indicator Outcomes (MAX=10):", Decision::TakeIndicatorCount);
+    connect(chkStateProbs, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);
+    connect(chkStrategy, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);
+}
+
+void frmDecisionFeatures::ShowWhatApplies()
+{
+    const bool states = chkStateProbs->isChecked();
+    if (!states) chkStrategy->setChecked(false);
+    chkStrategy->setVisible(states);
+    lblStrategyNote->setVisible(states);
+    qt::ShowRow(txtIndicator, chkStrategy->isChecked());
+}
+
+void frmDecisionFeatures::Accept()
+{
+    using Decision::FeatureBox;
+    switch (Decision::TakeFeatures({.Alternatives = qt::TextOf(txtNumAlternatives),
+                                    .States = qt::TextOf(txtNumStates),
+                                    .Indicators = qt::TextOf(txtIndicator),
+                                    .StateProbabilities = chkStateProbs->isChecked(),
+                                    .Strategy = chkStrategy->isChecked()})) {
+        case FeatureBox::None:
+            Close();
+            break;
+        case FeatureBox::Alternatives:
+            qt::SelectBox(txtNumAlternatives);
+            break;
+        case FeatureBox::States:
+            qt::SelectBox(txtNumStates);
+            break;
+        case FeatureBox::Indicators:
+            qt::SelectBox(txtIndicator);
+            break;
+    }
+}

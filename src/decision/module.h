@@ -1,0 +1,5 @@
+#pragma once
+
+#include "shell/module.h"
+
+const ModuleRoutines& DecisionAnalysis();
