@@ -1,5 +1,8 @@
 #include "forms.h"
 
+#include "decision/frmDecisionFeatures.h"
+#include "decision/frmDecisionProblem.h"
+#include "decision/frmdecnopt.h"
 #include "lp/frmIP.h"
 #include "lp/frmLPFeatures.h"
 #include "lp/frmLPproblem.h"
@@ -28,4 +31,7 @@ void RegisterForms(qt::QtForms& forms)
     forms.Add<frmIP>("frmIP", Place::Modal);
     forms.Add<frmTransObj>("frmTransObj", Place::Modal);
     forms.Add<frmErrorMsg>("frmErrorMsg", Place::Modal);
+    forms.Add<frmDecisionProblem>("frmDecisionProblem", Place::Filling);
+    forms.Add<frmDecisionFeatures>("frmDecisionFeatures", Place::Modal);
+    forms.Add<frmdecnopt>("frmdecnopt", Place::Modal);
 }

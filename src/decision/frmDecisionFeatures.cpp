@@ -21,21 +21,18 @@ void Cancel()
 
 frmDecisionFeatures::frmDecisionFeatures(QWidget* parent) : qt::ModalForm(parent)
 {
-    setObjectName("frmDecisionFeatures");
     setWindowTitle(" Problem Features");
-    auto* page = new QVBoxLayout(this);
-    AddSizes(page);
-    AddOptions(page);
-    auto* buttons = qt::AddButtonRow(page);
+    auto* rows = new QFormLayout(this);
+    AddSizes(rows);
+    AddOptions(rows);
+    auto* buttons = qt::AddButtonRow(rows);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
     qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
     ShowWhatApplies();
 }
 
-void frmDecisionFeatures::AddSizes(QVBoxLayout* page)
+void frmDecisionFeatures::AddSizes(QFormLayout* rows)
 {
-    auto* rows = new QFormLayout;
-    page->addLayout(rows);
     txtNumAlternatives =
         qt::AddBox(rows, "txtNumAlternatives",
                    "Number of Decision Alternatives (MAX=10):", Decision::TakeAlternativeCount);
@@ -43,14 +40,12 @@ void frmDecisionFeatures::AddSizes(QVBoxLayout* page)
         qt::AddBox(rows, "txtNumStates", "Number of States of Nature (MAX=10):", Decision::TakeStateCount);
 }
 
-void frmDecisionFeatures::AddOptions(QVBoxLayout* page)
+void frmDecisionFeatures::AddOptions(QFormLayout* rows)
 {
-    chkStateProbs = qt::AddCheck(page, "chkStateProbs", "State of Nature Probabilities");
-    chkStrategy = qt::AddCheck(page, "chkStrategy", "Compute Decision Strategy");
-    lblStrategyNote = qt::AddLabel(page, "lblStrategyNote",
+    chkStateProbs = qt::AddCheck(rows, "chkStateProbs", "State of Nature Probabilities");
+    chkStrategy = qt::AddCheck(rows, "chkStrategy", "Compute Decision Strategy");
+    lblStrategyNote = qt::AddLabel(rows, "lblStrategyNote",
                                    "(If yes, probabilities for Indicator (Sample) outcomes are requested.)");
-    auto* rows = new QFormLayout;
-    page->addLayout(rows);
     txtIndicator = qt::AddBox(rows, "txtIndicator",
                               "Number of Indicator Outcomes (MAX=10):", Decision::TakeIndicatorCount);
     connect(chkStateProbs, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QVBoxLayout>
 
 #include "qt/forms.h"
 
@@ -15,8 +15,8 @@ public:
     explicit frmDecisionFeatures(QWidget* parent = nullptr);
 
 private:
-    void AddSizes(QVBoxLayout* page);
-    void AddOptions(QVBoxLayout* page);
+    void AddSizes(QFormLayout* rows);
+    void AddOptions(QFormLayout* rows);
     void ShowWhatApplies();  // the strategy goes with the state probabilities, its outcomes with the strategy
     void Accept();
 

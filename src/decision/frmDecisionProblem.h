@@ -17,7 +17,8 @@ public:
 
 private:
     void AddIntroduction(QVBoxLayout* page);
-    qt::EntryGrid* MakeGrid(int index, std::string_view description);
+    void AddGrid(QVBoxLayout* page, int index, std::string_view description);
+    qt::EntryRules Rules(int index);
     void EnterNextGrid(int from, int step);  // the next one that is shown, round the form
 
     std::array<qt::EntryGrid*, 3> Grid{};

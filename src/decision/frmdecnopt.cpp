@@ -23,7 +23,6 @@ void Cancel()
 
 frmdecnopt::frmdecnopt(QWidget* parent) : qt::ModalForm(parent)
 {
-    setObjectName("frmdecnopt");
     setWindowTitle(" Select Optimization/Decision Criteria");
     auto* page = new QVBoxLayout(this);
     AddSense(page);

@@ -20,8 +20,11 @@ bool TakeCriterion(Criterion chosen)
     return true;
 }
 
-bool AskCriterion()
+bool AskCriterion(const CriterionWords& words)
 {
+    Form& form = desktop::TheForms().Loaded("frmTransObj");
+    form.SetText("optMinimize", words.Minimize);
+    form.SetText("optMaximize", words.Maximize);
     desktop::TheForms().ShowModal("frmTransObj");
     return !Session.DialogCancelled;
 }

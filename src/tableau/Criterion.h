@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 // The answer: "YES" when the objective is to maximise, "NO" when to minimise.
 extern std::string MaximizeFlag;
@@ -19,5 +20,11 @@ Criterion FirstCriterion();
 // cleared.
 bool TakeCriterion(Criterion chosen);
 
+// What the two options say.
+struct CriterionWords {
+    std::string_view Minimize = "Minimization Objective";
+    std::string_view Maximize = "Maximization Objective";
+};
+
 // Shows the form. False when it was cancelled.
-bool AskCriterion();
+bool AskCriterion(const CriterionWords& words = {});
