@@ -134,10 +134,10 @@ void EntryGrid::Resize(int rows, int columns, int fixedRows, int fixedColumns)
     characters_.assign(static_cast<std::size_t>(columns), kDefaultCharacters);
     horizontalHeader()->setVisible(fixedRows > 0);
     verticalHeader()->setVisible(fixedColumns > 0);
-    for (int row = 0; row < fixedRows && row < rows; ++row)
-        setRowHidden(row, true);
-    for (int column = 0; column < fixedColumns && column < columns; ++column)
-        setColumnHidden(column, true);
+    for (int row = 0; row < rows; ++row)
+        setRowHidden(row, row < fixedRows);
+    for (int column = 0; column < columns; ++column)
+        setColumnHidden(column, column < fixedColumns);
     Measure();
     if (model_->Has(1, 1))
         Select(1, 1);

@@ -14,8 +14,11 @@ namespace qt {
 namespace {
 
 constexpr int kColumns = 80;
+constexpr double kPointsPerInch = 72;
 constexpr double kSideMargin = 7;  // points; 80 columns of 12 point type are 576 points of A4's 595
 constexpr double kTopMargin = 36;
+constexpr double kLineSpacing = 1.15;  // of the type size, whatever font stands in for a missing one
+constexpr double kBaseline = 0.85;
 
 // A printer that cannot print so near to the edge keeps its own margin.
 void SetMargins(QPrinter& printer)
@@ -86,7 +89,7 @@ void QtPrinter::Begin(std::string_view fontName, int pointSize)
     const QFont font = FittingFont(fontName, pointSize, *printer_);
     painter_.setFont(font);
     const QRectF page = printer_->pageRect(QPrinter::DevicePixel);
-    lineHeight_ = QFontMetricsF(font, printer_.get()).lineSpacing();
+    typeSize_ = font.pointSizeF() * printer_->resolution() / kPointsPerInch;
     pageHeight_ = page.height();
     columns_ = qMax<qsizetype>(kColumns, static_cast<qsizetype>(page.width() / PitchOf(font, *printer_)));
     top_ = 0;
@@ -104,10 +107,10 @@ void QtPrinter::Line(std::string_view text)
 
 void QtPrinter::PutLine(const QString& text)
 {
-    if (top_ + lineHeight_ > pageHeight_) NewPage();
-    const double ascent = QFontMetricsF(painter_.font(), printer_.get()).ascent();
-    painter_.drawText(QPointF(0, top_ + ascent), text);
-    top_ += lineHeight_;
+    const double lineHeight = kLineSpacing * typeSize_;
+    if (top_ + lineHeight > pageHeight_) NewPage();
+    painter_.drawText(QPointF(0, top_ + kBaseline * typeSize_), text);
+    top_ += lineHeight;
 }
 
 void QtPrinter::NewPage()

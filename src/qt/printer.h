@@ -32,7 +32,7 @@ private:
 
     std::unique_ptr<QPrinter> printer_;
     QPainter painter_;
-    double lineHeight_ = 0;  // in device dots, like the two below
+    double typeSize_ = 0;  // in device dots, like the two below
     double pageHeight_ = 0;
     double top_ = 0;         // of the next line
     qsizetype columns_ = 0;  // characters that fit on a line

@@ -1,0 +1,481 @@
+#include "qt/entrygrid.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <tuple>
+#include <vector>
+
+#include "basic/error.h"
+#include "support/qt_desktop.h"
+
+namespace {
+
+using Stored = std::tuple<int, int, std::string>;
+
+// A window with a menu, a grid of numbers and a button; commits are recorded, the text "9" is refused.
+class EntryGridTest : public testing::Test {
+protected:
+    void Open(qt::EntryRules rules, int rows = 4, int columns = 4)
+    {
+        grid = new qt::EntryGrid("grid", "Numbers", std::move(rules));
+        auto* page = new QWidget;
+        auto* layout = new QVBoxLayout(page);
+        layout->addWidget(grid);
+        layout->addWidget(button = new QPushButton("Elsewhere"));
+        window.setCentralWidget(page);
+        menu = window.menuBar()->addMenu("&File");
+        menu->addAction("New");
+        window.show();
+        Cells().Resize(rows, columns);
+        Cells().SetFocus();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+
+    qt::EntryRules Numbers()
+    {
+        qt::EntryRules rules;
+        rules.Key = [](int, int, char character, bool) { return qt::NumberKey(character); };
+        rules.Commit = [this](int row, int column, std::string_view text) {
+            stored.emplace_back(row, column, text);
+            return text != "9";
+        };
+        rules.Edited = [this](int row, int column) { edited.emplace_back(row, column); };
+        return rules;
+    }
+
+    Grid& Cells() { return grid->Cells(); }
+    void Type(const char* text) { QTest::keyClicks(grid, text); }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(grid, key, modifiers); }
+    void Click(int row, int column)
+    {
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                          grid->visualRect(grid->model()->index(row, column)).center());
+    }
+    [[nodiscard]] std::pair<int, int> At() { return {Cells().Row(), Cells().Column()}; }
+
+    QtDesktop desktop;
+    QMainWindow window;
+    qt::EntryGrid* grid = nullptr;
+    QPushButton* button = nullptr;
+    QMenu* menu = nullptr;
+    std::vector<Stored> stored;
+    std::vector<std::pair<int, int>> edited;
+};
+
+using Cell = std::pair<int, int>;
+
+}  // namespace
+
+TEST_F(EntryGridTest, OpensOnTheFirstCellWithEveryCellEmpty)
+{
+    Open(Numbers());
+    EXPECT_EQ(At(), Cell(1, 1));
+    for (int row = 0; row < 4; ++row)
+        for (int column = 0; column < 4; ++column)
+            EXPECT_EQ(Cells().Text(row, column), "");
+    Cells().SetText(2, 2, "x");
+    Cells().Resize(3, 3);
+    EXPECT_EQ(Cells().Text(2, 2), "");
+    Cells().Resize(1, 1);
+    EXPECT_EQ(At(), Cell(0, 0));
+}
+
+TEST_F(EntryGridTest, AnIndexOutsideIsARunTimeError)
+{
+    Open(Numbers());
+    EXPECT_THROW(static_cast<void>(Cells().Text(4, 0)), RuntimeError);
+    EXPECT_THROW(Cells().SetText(0, 4, "x"), RuntimeError);
+    EXPECT_THROW(Cells().Select(-1, 0), RuntimeError);
+    EXPECT_THROW(Cells().SetColumnWidth(4, 1), RuntimeError);
+}
+
+TEST_F(EntryGridTest, TakesDigitsMinusAndPointAndBeepsAtOthers)
+{
+    Open(Numbers());
+    Type("-1.5");
+    EXPECT_EQ(Cells().Text(1, 1), "-1.5");
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+    Type("a,+ ");
+    EXPECT_EQ(Cells().Text(1, 1), "-1.5");
+    EXPECT_EQ(desktop.dialogs.beeps, 4);
+    Press(Qt::Key_Escape);
+    EXPECT_EQ(desktop.dialogs.beeps, 5);
+    Press(Qt::Key_F5);
+    EXPECT_EQ(desktop.dialogs.beeps, 5);
+}
+
+TEST_F(EntryGridTest, TheFirstKeyClearsTheCellAndTheNextOnesAppend)
+{
+    Open(Numbers());
+    Cells().SetText(1, 1, "77");
+    Type("1");
+    EXPECT_EQ(Cells().Text(1, 1), "1");
+    Type("2");
+    EXPECT_EQ(Cells().Text(1, 1), "12");
+    EXPECT_TRUE(stored.empty());
+}
+
+TEST_F(EntryGridTest, BackspaceTakesTheLastCharacterAndBeepsAtAnEmptyCell)
+{
+    Open(Numbers());
+    Cells().SetText(1, 1, "123");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Cells().Text(1, 1), "12");
+    Type("7");
+    EXPECT_EQ(Cells().Text(1, 1), "127");
+    for (int i = 0; i < 3; ++i)
+        Press(Qt::Key_Backspace);
+    EXPECT_EQ(Cells().Text(1, 1), "");
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(desktop.dialogs.beeps, 1);
+}
+
+TEST_F(EntryGridTest, BackspaceMayBeKeptToWhatWasTyped)
+{
+    qt::EntryRules rules = Numbers();
+    rules.BackspaceOnlyTyped = true;
+    Open(std::move(rules));
+    Cells().SetText(1, 1, "123");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Cells().Text(1, 1), "123");
+    EXPECT_EQ(desktop.dialogs.beeps, 1);
+    Type("45");
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Cells().Text(1, 1), "4");
+}
+
+TEST_F(EntryGridTest, DeleteEmptiesACellThatIsNotInEdit)
+{
+    Open(Numbers());
+    Cells().SetText(1, 1, "12");
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Cells().Text(1, 1), "");
+    Type("34");
+    Press(Qt::Key_Delete);
+    EXPECT_EQ(Cells().Text(1, 1), "34");
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+}
+
+TEST_F(EntryGridTest, AnEmptiedCellIsCommittedWhenItIsLeft)
+{
+    Open(Numbers());
+    Cells().SetText(1, 1, "12");
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(stored, (std::vector<Stored>{{1, 1, ""}}));
+}
+
+TEST_F(EntryGridTest, ArrowsMoveWithinTheGridAndBeepAtItsEdges)
+{
+    Open(Numbers());
+    struct Step {
+        Qt::Key key;
+        Cell at;
+        int beeps;
+    };
+    for (const Step& step : {
+             Step{Qt::Key_Left, {1, 1}, 1},
+             Step{Qt::Key_Up, {1, 1}, 2},
+             Step{Qt::Key_Right, {1, 2}, 2},
+             Step{Qt::Key_Right, {1, 3}, 2},
+             Step{Qt::Key_Right, {1, 3}, 3},
+             Step{Qt::Key_Down, {2, 3}, 3},
+             Step{Qt::Key_Down, {3, 3}, 3},
+             Step{Qt::Key_Down, {3, 3}, 4},
+             Step{Qt::Key_Left, {3, 2}, 4},
+             Step{Qt::Key_Up, {2, 2}, 4},
+         }) {
+        Press(step.key);
+        EXPECT_EQ(At(), step.at);
+        EXPECT_EQ(desktop.dialogs.beeps, step.beeps);
+    }
+    EXPECT_TRUE(stored.empty());
+}
+
+TEST_F(EntryGridTest, TabGoesThroughTheRowsAndFromTheLastCellToTheFirst)
+{
+    Open(Numbers(), 3, 3);
+    for (const Cell& cell : {Cell(1, 2), Cell(2, 1), Cell(2, 2), Cell(1, 1)}) {
+        Press(Qt::Key_Tab);
+        EXPECT_EQ(At(), cell);
+    }
+    for (const Cell& cell : {Cell(2, 2), Cell(2, 1), Cell(1, 2), Cell(1, 1)}) {
+        Press(Qt::Key_Backtab);
+        EXPECT_EQ(At(), cell);
+    }
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+    EXPECT_TRUE(grid->hasFocus());
+}
+
+TEST_F(EntryGridTest, TabMayLeaveTheGridAtItsEnds)
+{
+    int forward = 0;
+    int backward = 0;
+    qt::EntryRules rules = Numbers();
+    rules.LeaveForward = [&] { ++forward; };
+    rules.LeaveBackward = [&] { ++backward; };
+    Open(std::move(rules), 3, 3);
+    Press(Qt::Key_Backtab);
+    EXPECT_EQ(backward, 1);
+    Cells().Select(2, 2);
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(forward, 1);
+    EXPECT_EQ(At(), Cell(2, 2));
+}
+
+TEST_F(EntryGridTest, EnterCommitsAlsoAnUnchangedCellAndGoesDown)
+{
+    Open(Numbers(), 3, 3);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(stored, (std::vector<Stored>{{1, 1, ""}}));
+    EXPECT_EQ(At(), Cell(2, 1));
+    Type("5");
+    Press(Qt::Key_Enter);
+    EXPECT_EQ(stored.back(), Stored(2, 1, "5"));
+    EXPECT_EQ(At(), Cell(2, 1));
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+    Type("6");
+    EXPECT_EQ(Cells().Text(2, 1), "6");  // a new edit
+}
+
+TEST_F(EntryGridTest, EnterMayBeepAtTheLastRow)
+{
+    qt::EntryRules rules = Numbers();
+    rules.EnterBeepsAtLastRow = true;
+    Open(std::move(rules), 2, 2);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(desktop.dialogs.beeps, 1);
+    EXPECT_EQ(At(), Cell(1, 1));
+}
+
+TEST_F(EntryGridTest, MovingCommitsOnlyAChangedText)
+{
+    Open(Numbers());
+    Cells().SetText(1, 1, "12");
+    Type("12");
+    Press(Qt::Key_Right);
+    EXPECT_TRUE(stored.empty());
+    Type("3");
+    Press(Qt::Key_Left);
+    EXPECT_EQ(stored, (std::vector<Stored>{{1, 2, "3"}}));
+}
+
+TEST_F(EntryGridTest, ARefusedCellIsBlankedAndStaysTheCurrentOne)
+{
+    Open(Numbers());
+    Cells().SetText(1, 1, "4");
+    Type("9");
+    Press(Qt::Key_Right);
+    EXPECT_EQ(At(), Cell(1, 1));
+    EXPECT_EQ(Cells().Text(1, 1), "");
+    EXPECT_FALSE(grid->IsEditing());
+    Press(Qt::Key_Right);
+    EXPECT_EQ(At(), Cell(1, 2));
+    EXPECT_EQ(stored.size(), 1U);
+}
+
+TEST_F(EntryGridTest, ARefusedCellMayGetItsFormerTextBack)
+{
+    qt::EntryRules rules = Numbers();
+    rules.RestoresRefused = true;
+    Open(std::move(rules));
+    Cells().SetText(1, 1, "4");
+    Type("9");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(At(), Cell(1, 1));
+    EXPECT_EQ(Cells().Text(1, 1), "4");
+    EXPECT_EQ(edited.back(), Cell(1, 1));
+}
+
+TEST_F(EntryGridTest, AClickOnAnotherCellCommitsTheOneThatIsLeft)
+{
+    Open(Numbers());
+    Type("5");
+    Click(2, 3);
+    EXPECT_EQ(stored, (std::vector<Stored>{{1, 1, "5"}}));
+    EXPECT_EQ(At(), Cell(2, 3));
+    Type("9");
+    Click(1, 2);
+    EXPECT_EQ(At(), Cell(2, 3));
+    EXPECT_EQ(Cells().Text(2, 3), "");
+}
+
+TEST_F(EntryGridTest, AClickOnTheSameCellGoesOnWithTheEdit)
+{
+    Open(Numbers());
+    Type("5");
+    Click(1, 1);
+    Type("6");
+    EXPECT_EQ(Cells().Text(1, 1), "56");
+    EXPECT_TRUE(stored.empty());
+}
+
+TEST_F(EntryGridTest, AClickOnAFixedCellDoesNothing)
+{
+    Open(Numbers());
+    Type("5");
+    Click(0, 2);
+    Click(2, 0);
+    Click(0, 0);
+    EXPECT_EQ(At(), Cell(1, 1));
+    EXPECT_TRUE(grid->IsEditing());
+}
+
+TEST_F(EntryGridTest, ClickingAnotherControlCommitsFirst)
+{
+    Open(Numbers());
+    int clicks = 0;
+    QObject::connect(button, &QPushButton::clicked, button, [&] { ++clicks; });
+    Type("9");
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(clicks, 0);
+    EXPECT_TRUE(grid->hasFocus());
+    EXPECT_EQ(Cells().Text(1, 1), "");
+    Type("8");
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(clicks, 1);
+    EXPECT_EQ(stored.back(), Stored(1, 1, "8"));
+    EXPECT_FALSE(grid->hasFocus());
+}
+
+TEST_F(EntryGridTest, OpeningAMenuCommitsFirst)
+{
+    Open(Numbers());
+    QMenuBar* bar = window.menuBar();
+    const QPoint where = bar->actionGeometry(menu->menuAction()).center();
+    Type("9");
+    QTest::mouseClick(bar, Qt::LeftButton, {}, where);
+    EXPECT_FALSE(menu->isVisible());
+    EXPECT_EQ(Cells().Text(1, 1), "");
+    Type("8");
+    QTest::mouseClick(bar, Qt::LeftButton, {}, where);
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_EQ(stored.back(), Stored(1, 1, "8"));
+    menu->close();
+}
+
+TEST_F(EntryGridTest, AClosedCellTakesNoKey)
+{
+    qt::EntryRules rules = Numbers();
+    rules.Closed = [](int row, int column) { return row == 3 && column == 3; };
+    Open(std::move(rules));
+    Cells().SetText(3, 3, "***");
+    Cells().Select(3, 3);
+    Type("1");
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_Backspace);
+    EXPECT_EQ(Cells().Text(3, 3), "***");
+    EXPECT_EQ(desktop.dialogs.beeps, 3);
+}
+
+TEST_F(EntryGridTest, ARuleHearsWhetherAnEditBegins)
+{
+    std::vector<bool> first;
+    qt::EntryRules rules = Numbers();
+    rules.Key = [&](int, int, char, bool begins) {
+        first.push_back(begins);
+        return qt::KeyAnswer::Taken;
+    };
+    Open(std::move(rules));
+    Type("ab");
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Backspace);
+    Type("c");
+    EXPECT_EQ(first, (std::vector<bool>{true, false, true}));
+    Press(Qt::Key_Down);
+    Type("d");
+    EXPECT_TRUE(first.back());
+}
+
+TEST_F(EntryGridTest, AKeyThatARuleHasToldAboutIsDroppedWithoutABeep)
+{
+    qt::EntryRules rules = Numbers();
+    rules.Key = [](int, int, char, bool) { return qt::KeyAnswer::Told; };
+    Open(std::move(rules));
+    Type("1");
+    EXPECT_EQ(Cells().Text(1, 1), "");
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+}
+
+TEST_F(EntryGridTest, TheProgramMovesTheCursorWithoutACheck)
+{
+    Open(Numbers());
+    Type("9");
+    Cells().Select(2, 2);
+    EXPECT_EQ(Cells().Text(1, 1), "9");
+    EXPECT_TRUE(stored.empty());
+    EXPECT_EQ(At(), Cell(2, 2));
+}
+
+TEST_F(EntryGridTest, ARedrawEndsAnEdit)
+{
+    Open(Numbers());
+    Type("9");
+    Cells().SetText(1, 1, "4");
+    EXPECT_FALSE(grid->IsEditing());
+    Press(Qt::Key_Right);
+    EXPECT_TRUE(stored.empty());
+}
+
+TEST_F(EntryGridTest, FixedCellsCanBeReadButNotEntered)
+{
+    Open(Numbers());
+    Cells().SetText(0, 2, "Head");
+    Cells().SetText(2, 0, "Side");
+    EXPECT_EQ(Cells().Text(0, 2), "Head");
+    EXPECT_EQ(Cells().Text(2, 0), "Side");
+    Cells().Select(0, 2);
+    Type("1");
+    EXPECT_EQ(Cells().Text(0, 2), "Head");
+}
+
+TEST_F(EntryGridTest, AGridWithoutCellsIgnoresKeys)
+{
+    Open(Numbers(), 0, 0);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Delete, Qt::Key_Backspace, Qt::Key_Home})
+        Press(key);
+    Type("12");
+    EXPECT_TRUE(stored.empty());
+}
+
+TEST_F(EntryGridTest, HomeAndEndGoToTheEndsOfTheRow)
+{
+    Open(Numbers());
+    Press(Qt::Key_End);
+    EXPECT_EQ(At(), Cell(1, 3));
+    Press(Qt::Key_Home);
+    EXPECT_EQ(At(), Cell(1, 1));
+    Press(Qt::Key_PageDown);
+    EXPECT_EQ(At(), Cell(3, 1));
+    Press(Qt::Key_PageUp);
+    EXPECT_EQ(At(), Cell(1, 1));
+}
+
+TEST_F(EntryGridTest, AColumnIsWideEnoughForItsTexts)
+{
+    Open(Numbers());
+    const QString text = QString(40, QLatin1Char('8'));
+    Cells().SetText(2, 2, text.toStdString());
+    EXPECT_GT(grid->columnWidth(2), grid->fontMetrics().horizontalAdvance(text));
+}
+
+TEST_F(EntryGridTest, AKeyTakesLessThanTwoMilliseconds)
+{
+    Open(Numbers(), 31, 31);
+    QElapsedTimer clock;
+    clock.start();
+    constexpr int kKeys = 1000;
+    for (int i = 0; i < kKeys / 2; ++i) {
+        Type("1");
+        Press(Qt::Key_Tab);
+    }
+    EXPECT_LT(clock.elapsed(), 2 * kKeys);
+}

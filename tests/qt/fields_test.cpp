@@ -1,0 +1,247 @@
+#include "qt/fields.h"
+
+#include <gtest/gtest.h>
+
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <memory>
+
+#include "basic/error.h"
+#include "support/qt_desktop.h"
+
+namespace {
+
+// A dialog with two boxes that take no text with an "x" in it, and its buttons.
+class Dialog : public qt::ModalForm {
+public:
+    Dialog() : qt::ModalForm(nullptr)
+    {
+        auto* page = new QVBoxLayout(this);
+        auto* rows = new QFormLayout;
+        page->addLayout(rows);
+        first = qt::AddBox(rows, "txtFirst", "First & foremost:", Taker());
+        second = qt::AddBox(rows, "txtSecond", "Second:", Taker(), "lblSecond");
+        option = qt::AddOption(page, "optSomething", "Something");
+        auto* buttons = qt::AddButtonRow(page);
+        ok = qt::AddButton(buttons, "cmdOK", "OK", [this] { ++accepted; });
+        cancel = qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [this] { ++cancelled; });
+    }
+
+    qt::TextCheck Taker()
+    {
+        return [this](std::string_view text) {
+            checked.emplace_back(text);
+            return text.find('x') == std::string_view::npos;
+        };
+    }
+
+    QLineEdit* first;
+    QLineEdit* second;
+    QRadioButton* option;
+    QPushButton* ok;
+    QPushButton* cancel;
+    std::vector<std::string> checked;
+    int accepted = 0;
+    int cancelled = 0;
+};
+
+class FieldsTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        form.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+        form.first->setFocus();
+    }
+
+    static void Click(QWidget* control) { QTest::mouseClick(control, Qt::LeftButton); }
+
+    QtDesktop desktop;
+    Dialog form;
+};
+
+using Texts = std::vector<std::string>;
+
+}  // namespace
+
+TEST_F(FieldsTest, ABoxIsCheckedOnceWhenAClickLeavesIt)
+{
+    form.first->setText("1");
+    Click(form.second);
+    EXPECT_EQ(form.checked, Texts{"1"});
+    EXPECT_TRUE(form.second->hasFocus());
+}
+
+TEST_F(FieldsTest, ARefusedTextKeepsTheFocusAndIsSelected)
+{
+    form.first->setText("1x");
+    form.first->deselect();
+    Click(form.second);
+    EXPECT_EQ(form.checked, Texts{"1x"});
+    EXPECT_TRUE(form.first->hasFocus());
+    EXPECT_EQ(form.first->selectedText(), "1x");
+}
+
+TEST_F(FieldsTest, TheClickThatWasRefusedHasNoEffect)
+{
+    form.first->setText("x");
+    Click(form.ok);
+    Click(form.option);
+    EXPECT_EQ(form.accepted, 0);
+    EXPECT_FALSE(form.option->isChecked());
+    EXPECT_EQ(form.checked.size(), 2U);
+    form.first->setText("1");
+    Click(form.ok);
+    EXPECT_EQ(form.accepted, 1);
+}
+
+TEST_F(FieldsTest, TabAndBacktabCheck)
+{
+    form.first->setText("x");
+    QTest::keyClick(form.first, Qt::Key_Tab);
+    EXPECT_TRUE(form.first->hasFocus());
+    form.first->setText("1");
+    QTest::keyClick(form.first, Qt::Key_Tab);
+    EXPECT_TRUE(form.second->hasFocus());
+    form.second->setText("x");
+    QTest::keyClick(form.second, Qt::Key_Backtab);
+    EXPECT_TRUE(form.second->hasFocus());
+    EXPECT_EQ(form.checked, (Texts{"x", "1", "x"}));
+}
+
+TEST_F(FieldsTest, EnterChecksBeforeItPressesTheFirstButton)
+{
+    form.first->setText("x");
+    QTest::keyClick(form.first, Qt::Key_Return);
+    EXPECT_EQ(form.accepted, 0);
+    form.first->setText("1");
+    QTest::keyClick(form.first, Qt::Key_Return);
+    EXPECT_EQ(form.accepted, 1);
+    EXPECT_EQ(form.checked, (Texts{"x", "1"}));
+}
+
+TEST_F(FieldsTest, CancelDoesNotCheck)
+{
+    form.first->setText("x");
+    Click(form.cancel);
+    EXPECT_EQ(form.cancelled, 1);
+    EXPECT_TRUE(form.checked.empty());
+}
+
+TEST_F(FieldsTest, TheCloseButtonAndEscapeActLikeCancel)
+{
+    form.first->setText("x");
+    form.close();
+    EXPECT_EQ(form.cancelled, 1);
+    EXPECT_TRUE(form.isVisible());  // Cancel decides whether it goes
+    QTest::keyClick(form.first, Qt::Key_Escape);
+    EXPECT_EQ(form.cancelled, 2);
+    EXPECT_TRUE(form.checked.empty());
+}
+
+TEST_F(FieldsTest, AMessageBoxOnTopDoesNotCheck)
+{
+    form.first->setText("x");
+    QTimer::singleShot(0, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(box, nullptr);
+        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    });
+    QMessageBox::information(&form, "", "Hello");
+    EXPECT_TRUE(form.checked.empty());
+}
+
+TEST_F(FieldsTest, WhatIsToldDuringACheckIsNotCheckedItself)
+{
+    auto* box = qt::MakeBox("txtThird", "Third", [this](std::string_view) {
+        form.checked.emplace_back("told");
+        form.second->setFocus();
+        Click(form.ok);
+        return true;
+    });
+    form.layout()->addWidget(box);
+    box->show();
+    box->setFocus();
+    Click(form.first);
+    EXPECT_EQ(form.checked, Texts{"told"});
+}
+
+TEST_F(FieldsTest, ARunTimeErrorInACheckIsShownAndTheFormStays)
+{
+    auto* box = qt::MakeBox("txtThird", "Third",
+                            [](std::string_view) -> bool { Raise(ErrorNumber::DivisionByZero); });
+    form.layout()->addWidget(box);
+    box->show();
+    box->setFocus();
+    Click(form.first);
+    EXPECT_EQ(desktop.dialogs.Last(),
+              (ShownMessage{"Division by zero", "Error # 11", Icon::Critical, Buttons::OK}));
+}
+
+TEST_F(FieldsTest, ARunTimeErrorUnderAButtonIsShownAndTheFormStays)
+{
+    auto* row = qt::AddButtonRow(form.layout());
+    QPushButton* button =
+        qt::AddButton(row, "cmdFail", "Fail", [] { Raise(ErrorNumber::SubscriptOutOfRange); });
+    Click(button);
+    EXPECT_EQ(desktop.dialogs.Last().Text, "Subscript out of range");
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(FieldsTest, TheWholeTextIsSelectedWhenABoxGetsTheFocus)
+{
+    form.second->setText("123");
+    Click(form.second);
+    EXPECT_EQ(form.second->selectedText(), "123");
+    Click(form.first);
+    form.first->setText("45");
+    Click(form.second);
+    QTest::keyClick(form.second, Qt::Key_Backtab);
+    EXPECT_EQ(form.first->selectedText(), "45");
+}
+
+TEST_F(FieldsTest, OnlyTheCharactersOfAFilterCanBeTyped)
+{
+    qt::OnlyDigits(form.first);
+    QTest::keyClicks(form.first, "1a-2.");
+    EXPECT_EQ(form.first->text(), "12");
+    EXPECT_EQ(desktop.dialogs.beeps, 0);
+    form.first->setText("");
+    EXPECT_EQ(form.first->text(), "");
+}
+
+TEST_F(FieldsTest, ARowComesAndGoesWithItsLabel)
+{
+    auto* label = form.findChild<QLabel*>("lblSecond");
+    qt::ShowRow(form.second, false);
+    EXPECT_FALSE(form.second->isVisible());
+    EXPECT_FALSE(label->isVisible());
+    qt::ShowRow(form.second, true);
+    EXPECT_TRUE(form.second->isVisible());
+    EXPECT_TRUE(label->isVisible());
+    qt::SetRowLabel(form.second, "Third:");
+    EXPECT_EQ(label->text(), "Third:");
+}
+
+TEST_F(FieldsTest, TheTabOrderIsTheOrderOfTheFields)
+{
+    form.first->setFocus();
+    std::vector<QWidget*> met;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        met.push_back(QApplication::focusWidget());
+    }
+    EXPECT_EQ(met, (std::vector<QWidget*>{form.second, form.option, form.ok, form.cancel}));
+}
+
+TEST_F(FieldsTest, LabelsAreReadOutAndStandAsTheyAreGiven)
+{
+    EXPECT_EQ(form.first->accessibleName(), "First & foremost:");
+    for (const auto* label : form.findChildren<QLabel*>()) {
+        EXPECT_EQ(label->textFormat(), Qt::PlainText);
+    }
+}

@@ -1,0 +1,112 @@
+#include "qt/printer.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QFile>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "basic/error.h"
+
+namespace {
+
+int PagesOf(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return -1;
+    const QString text = QString::fromLatin1(file.readAll());
+    return static_cast<int>(text.count(QRegularExpression("/Type\\s*/Page\\b")));
+}
+
+class PrinterTest : public testing::Test {
+protected:
+    void Begin()
+    {
+        printer.PrintToFile(path);
+        printer.Begin("Courier New", 12);
+    }
+
+    QTemporaryDir folder;
+    QString path = folder.filePath("report.pdf");
+    qt::QtPrinter printer;
+};
+
+}  // namespace
+
+TEST_F(PrinterTest, PrintsAFile)
+{
+    Begin();
+    printer.Line("A line");
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 1);
+}
+
+TEST_F(PrinterTest, ANewPageIsOneMorePage)
+{
+    Begin();
+    printer.Line("One");
+    printer.NewPage();
+    printer.Line("Two");
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 2);
+}
+
+// A4 is 842 points high, less margins of 36 on both sides: between 50 and 70 lines of 12 point type.
+TEST_F(PrinterTest, ALineThatWouldFallOffBeginsANewPage)
+{
+    Begin();
+    for (int i = 0; i < 50; ++i)
+        printer.Line("A line");
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 1);
+    Begin();
+    for (int i = 0; i < 71; ++i)
+        printer.Line("A line");
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 2);
+}
+
+TEST_F(PrinterTest, ALongLineGoesOnBelow)
+{
+    Begin();
+    for (int i = 0; i < 36; ++i)
+        printer.Line(std::string(161, 'x'));  // three lines each
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 2);
+}
+
+TEST_F(PrinterTest, AFileThatCannotBeWrittenIsARunTimeError)
+{
+    path = folder.filePath("missing/report.pdf");
+    EXPECT_THROW(Begin(), RuntimeError);
+}
+
+TEST_F(PrinterTest, TheDialogWorksWithoutAPrinter)
+{
+    QTimer::singleShot(0, [this] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+        dialog->printer()->setOutputFileName(path);
+        dialog->done(QDialog::Accepted);
+    });
+    ASSERT_TRUE(printer.Ask());
+    printer.Begin("Courier New", 12);
+    printer.Line("A line");
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 1);
+}
+
+TEST_F(PrinterTest, ACancelledDialogPrintsNothing)
+{
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->reject();
+    });
+    EXPECT_FALSE(printer.Ask());
+}
