@@ -21,6 +21,15 @@ void AddLine(std::string_view text)
     lines.emplace_back(text);
 }
 
+void SolutionPage::Write(std::string_view text)
+{
+    if (begun_)
+        AddLine(text);
+    else
+        BeginSolution(text);
+    begun_ = true;
+}
+
 void ShowSolution()
 {
     desktop::TheForms().Load(kForm);

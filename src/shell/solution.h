@@ -24,6 +24,18 @@ private:
     void Write(std::string_view text) override { AddLine(text); }
 };
 
+// The same for a page that is written as a whole: its first line begins it.
+class SolutionPage : public ReportChannel {
+public:
+    void NewPage() override {}
+    [[nodiscard]] bool OnPaper() const override { return false; }
+
+private:
+    void Write(std::string_view text) override;
+
+    bool begun_ = false;
+};
+
 // The page as `frmSolution` shows it.
 const std::vector<std::string>& SolutionLines();
 
