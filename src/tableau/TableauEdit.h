@@ -1,0 +1,17 @@
+// Transportation and assignment on the problem form: the new tableau, its display, lines added and deleted,
+// and the solve command.
+#pragma once
+
+namespace Tableau {
+
+void NewTableau();   // asks for the two counts; DialogCancelled tells
+void ShowTableau();  // fills the grid: empty cells when NewProblem is true
+
+void AddOrigin();
+void AddDestination();
+void DeleteOrigin();  // asks which one
+void DeleteDestination();
+
+void SolveTableau();  // asks for the criterion, solves, shows the report
+
+}  // namespace Tableau

@@ -1,0 +1,108 @@
+#include "tableau/module.h"
+
+#include "basic/number.h"
+#include "shell/checks.h"
+#include "tableau/AssnOut.h"
+#include "tableau/TableauEdit.h"
+#include "tableau/VtTanda.h"
+#include "tableau/taengine.h"
+#include "tableau/transout.h"
+
+namespace Tableau {
+namespace {
+
+constexpr int kEditItem = 2;  // the submenu
+
+void LowerCommand(int item)
+{
+    switch (item) {
+        case 0:
+            return AddOrigin();
+        case 1:
+            return AddDestination();
+        case 2:
+            return DeleteOrigin();
+        default:
+            return DeleteDestination();
+    }
+}
+
+void Write(RecordWriter& file)
+{
+    file.Write({Problem.DecimalPlaces, static_cast<double>(Problem.NumOrigins),
+                static_cast<double>(Problem.NumDestinations)});
+    for (int e = 1; e <= Problem.NumArcs; ++e)
+        file.Write({Problem.ArcCost(e)});
+    if (!IsTransportation()) return;
+    for (int i = 1; i <= Problem.NumOrigins; ++i)
+        file.Write({static_cast<double>(Problem.NodeSupply(i))});
+    for (int n = Problem.NumOrigins + 1; n <= Problem.NumNodes; ++n)
+        file.Write({-static_cast<double>(Problem.NodeSupply(n))});
+}
+
+void Read(RecordReader& file)
+{
+    Problem = {};
+    Result = {};
+    Problem.DecimalPlaces = file.ReadVariant();
+    const int origins = file.ReadInt16();
+    const int destinations = file.ReadInt16();
+    Allocate(origins, destinations);
+    JoinArcs();
+    for (int e = 1; e <= Problem.NumArcs; ++e)
+        Problem.ArcCost(e) = file.ReadVariant();
+    if (!IsTransportation()) return;
+    for (int i = 1; i <= origins; ++i)
+        Problem.NodeSupply(i) = file.ReadInt32();
+    for (int n = origins + 1; n <= Problem.NumNodes; ++n)
+        Problem.NodeSupply(n) = ToInt32(-static_cast<double>(file.ReadInt32()));
+}
+
+// What both modules have in common.
+ModuleRoutines TableauRoutines()
+{
+    return {.Dimension = NewTableau,
+            .Display = ShowTableau,
+            .CommitCell = EnterCell,
+            .Check = CheckTableau,
+            .SolveAndShow = SolveTableau,
+            .FirstEditItem = kEditItem,
+            .LastEditItem = kEditItem,
+            .LowerCommand = LowerCommand,
+            .Write = Write,
+            .Read = Read};
+}
+
+ModuleRoutines TransportationRoutines()
+{
+    ModuleRoutines routines = TableauRoutines();
+    routines.SubmenuCaption = "&Add/Delete Origins or Destinations";
+    routines.LowerItems = {"Add an Origin", "Add a Destination", "Delete an Origin", "Delete a Destination"};
+    routines.Reports = {PrintProblemStatement, PrintSuppliesAndDemands, PrintTransportationCosts,
+                        PrintTransportationSolution};
+    return routines;
+}
+
+ModuleRoutines AssignmentRoutines()
+{
+    ModuleRoutines routines = TableauRoutines();
+    routines.SubmenuCaption = "&Add/Delete Agents or Tasks";
+    routines.LowerItems = {"Add an Agent", "Add a Task", "Delete an Agent", "Delete a Task"};
+    routines.Reports = {PrintProblemStatement, PrintAssignmentCosts, PrintAssignmentSolution};
+    return routines;
+}
+
+}  // namespace
+}  // namespace Tableau
+
+const ModuleRoutines& Transportation()
+{
+    static const ModuleRoutines routines = Tableau::TransportationRoutines();
+    return routines;
+}
+
+const ModuleRoutines& Assignment()
+{
+    static const ModuleRoutines routines = Tableau::AssignmentRoutines();
+    return routines;
+}

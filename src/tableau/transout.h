@@ -1,0 +1,46 @@
+// The transportation report: the schedule on the screen, and the full report that begins with the data. The
+// assignment report shares the statement and the cost table.
+//
+// All of them read Problem and the tree in Result. Quantities are whole units; the total is computed from the
+// costs as entered.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "basic/array.h"
+#include "shell/report.h"
+
+namespace Tableau {
+
+// What the tree says about each route and node, taken from it again for each report.
+struct TransportationSchedule {
+    Array2<std::int32_t> Shipment;    // origins x destinations
+    Array1<std::int32_t> UnusedFlow;  // by node: unused supply, unsatisfied demand
+    double TotalCost = 0;
+};
+
+TransportationSchedule ExtractSchedule();
+
+// Warns of a supply that does not suffice, then shows the schedule.
+void ShowTransportationSolution();
+
+// The full report, in this order.
+void PrintProblemStatement(ReportChannel& out);
+void PrintSuppliesAndDemands(
+    ReportChannel& out);  // "Subscript out of range": see SUMMARY OF DESTINATION DEMANDS
+void PrintTransportationCosts(ReportChannel& out);
+void PrintTransportationSolution(ReportChannel& out);
+
+// The cost table under the words of an assignment.
+void PrintAssignmentCosts(ReportChannel& out);
+
+// The pattern for the decimals at hand out of three.
+struct CostPatterns {
+    std::string_view Whole;
+    std::string_view OnePlace;
+    std::string_view TwoPlaces;
+};
+std::string_view PatternFor(const CostPatterns& patterns);
+
+}  // namespace Tableau
