@@ -6,6 +6,7 @@
 #include "lp/frmIP.h"
 #include "lp/frmLPFeatures.h"
 #include "lp/frmLPproblem.h"
+#include "network/frminputnodes.h"
 #include "shell/frmMenu.h"
 #include "shell/frmModuleSelection.h"
 #include "shell/frmSolution.h"
@@ -34,4 +35,5 @@ void RegisterForms(qt::QtForms& forms)
     forms.Add<frmDecisionProblem>("frmDecisionProblem", Place::Filling);
     forms.Add<frmDecisionFeatures>("frmDecisionFeatures", Place::Modal);
     forms.Add<frmdecnopt>("frmdecnopt", Place::Modal);
+    forms.Add<frminputnodes>("frminputnodes", Place::Modal);
 }

@@ -6,9 +6,11 @@
 #include "forecasting/module.h"
 #include "inventory/module.h"
 #include "markov/module.h"
+#include "network/module.h"
 #include "project/module.h"
 #include "shell/module.h"
 #include "shell/session.h"
+#include "tableau/module.h"
 #include "waiting/module.h"
 
 namespace {
@@ -33,7 +35,7 @@ const std::array<Module, kModuleCount>& Table()
          .ProblemForm = "frmProblem",
          .Description = "This module will find the optimal solution to transportation problems with "
                         "up to 30 origins and 30 destinations.",
-         .Routines = nullptr},
+         .Routines = &Transportation()},
         {.Option = "3.  Assignment",
          .Indicator = "Assignment Module",
          .Title = "ASSIGNMENT PROBLEM",
@@ -42,7 +44,7 @@ const std::array<Module, kModuleCount>& Table()
          .Description = "This module will minimize the cost or maximize the revenue associated with "
                         "assigning a set of agents to a set of tasks.  The program will handle a "
                         "maximum of 30 agents and a maximum of 30 tasks.",
-         .Routines = nullptr},
+         .Routines = &Assignment()},
         {.Option = "4.  Integer Linear Programming",
          .Indicator = "Integer Linear Programming Module",
          .Title = "INTEGER LINEAR PROGRAMMING PROBLEM",
@@ -64,7 +66,7 @@ const std::array<Module, kModuleCount>& Table()
                         "arcs, the nodes must be numbered from 1 to M and the arcs must be numbered "
                         "from 1 to N.  The program will handle networks with a maximum of 20 nodes "
                         "and a maximum of 40 arcs.",
-         .Routines = nullptr},
+         .Routines = &ShortestRoute()},
         {.Option = "6.  Minimal Spanning Tree",
          .Indicator = "Minimal Spanning Tree Module",
          .Title = "MINIMAL SPANNING TREE PROBLEM",
@@ -74,7 +76,7 @@ const std::array<Module, kModuleCount>& Table()
                         "M nodes and N arcs.  The nodes must be numbered from 1 to M and the arcs "
                         "must be numbered from 1 to N.  The program will handle networks with a "
                         "maximum of 20 nodes and a maximum of 40 arcs.",
-         .Routines = nullptr},
+         .Routines = &MinimalSpanningTree()},
         {.Option = "7.  PERT/CPM",
          .Indicator = "PERT/CPM Module",
          .Title = "PERT/CPM PROBLEM",

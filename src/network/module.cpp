@@ -1,0 +1,79 @@
+#include "network/module.h"
+
+#include "basic/error.h"
+#include "network/netout.h"
+#include "network/vtshrtrt.h"
+#include "shell/checks.h"
+
+namespace Network {
+namespace {
+
+constexpr double kThousand = 1000;
+
+void Write(RecordWriter& file)
+{
+    file.Write(
+        {Problem.DecimalPlaces, static_cast<double>(Problem.NumNodes), static_cast<double>(Problem.NumArcs)});
+    for (int k = 1; k <= Problem.NumArcs; ++k) {
+        file.Write({static_cast<double>(Problem.ArcTable(kStart, k))});
+        file.Write({static_cast<double>(Problem.ArcTable(kEnd, k))});
+        file.Write({Problem.ArcTable(kLength, k) / kThousand});
+    }
+}
+
+void Read(RecordReader& file)
+{
+    Allocate();
+    Problem.DecimalPlaces = file.ReadVariant();
+    Problem.NumNodes = file.ReadInt16();
+    Problem.NumArcs = file.ReadInt16();
+    if (Problem.NumNodes < 0 || Problem.NumArcs < 0) Raise(ErrorNumber::SubscriptOutOfRange);
+    for (int k = 1; k <= Problem.NumArcs; ++k) {
+        Problem.ArcTable(kStart, k) = file.ReadInt32();
+        Problem.ArcTable(kEnd, k) = file.ReadInt32();
+        Problem.ArcTable(kLength, k) = ToThousandths(file.ReadDouble());
+    }
+}
+
+// What both modules have in common.
+ModuleRoutines NetworkRoutines()
+{
+    return {.Dimension = NewNetwork,
+            .Display = ShowNetwork,
+            .CommitCell = EnterCell,
+            .Check = CheckTableau,
+            .SolveAndShow = SolveNetwork,
+            .Write = Write,
+            .Read = Read};
+}
+
+ModuleRoutines RouteRoutines()
+{
+    ModuleRoutines routines = NetworkRoutines();
+    routines.Reports = {PrintShortestRoute};
+    return routines;
+}
+
+ModuleRoutines TreeRoutines()
+{
+    ModuleRoutines routines = NetworkRoutines();
+    routines.ShellShowsSolving = true;
+    routines.ShellEnablesPrinting = true;
+    routines.Reports = {PrintSpanningTree};
+    return routines;
+}
+
+}  // namespace
+}  // namespace Network
+
+const ModuleRoutines& ShortestRoute()
+{
+    static const ModuleRoutines routines = Network::RouteRoutines();
+    return routines;
+}
+
+const ModuleRoutines& MinimalSpanningTree()
+{
+    static const ModuleRoutines routines = Network::TreeRoutines();
+    return routines;
+}

@@ -1,0 +1,404 @@
+#include "network/vtshrtrt.h"
+
+#include <algorithm>
+#include <array>
+
+#include "basic/format.h"
+#include "basic/number.h"
+#include "desktop/desktop.h"
+#include "network/netout.h"
+#include "shell/commands.h"
+#include "shell/menus.h"
+#include "shell/module.h"
+#include "shell/session.h"
+#include "shell/userinput.h"
+#include "tableau/tanumchk.h"
+
+namespace Network {
+
+NetworkProblem Problem;
+NetworkResult Result;
+
+namespace {
+
+constexpr double kThousand = 1000;
+
+int RefuseCell(std::string_view message)
+{
+    Refuse(message);
+    return kCellRefused;
+}
+
+int EnterNode(int arc, int end, std::string_view text)
+{
+    const double node = Val(text);
+    if (node < 1 || node > Problem.NumNodes)
+        return RefuseCell("NOTE:  THE NODE NUMBER MUST BE BETWEEN 1 AND " + std::to_string(Problem.NumNodes));
+    Problem.ArcTable(end, arc) = ToInt32(Int(node));
+    return kCellStored;
+}
+
+bool HasFraction(double value)
+{
+    return value - Int(value) != 0;
+}
+
+void TrackDecimals(double distance)
+{
+    if (!HasFraction(distance)) return;
+    const double needed = HasFraction(10 * distance) ? 2 : 1;
+    Problem.DecimalPlaces = std::max(Problem.DecimalPlaces.Value(), needed);
+}
+
+int EnterLength(int arc, std::string_view text)
+{
+    if (!IsNumeric(UpperCase(text))) return RefuseCell("NOTE:  DISTANCE MUST BE A NUMBER.");
+    const double distance = Val(Session.CheckText);
+    if (distance < 0) return RefuseCell("NOTE:  DISTANCE CANNOT BE NEGATIVE.");
+    Problem.ArcTable(kLength, arc) = ToThousandths(distance);
+    TrackDecimals(distance);
+    return kCellStored;
+}
+
+SizeDialog SizeQuestions()
+{
+    return {.Caption = " Nodes and Arcs",
+            .Questions = {
+                {.Question = "Enter the number of NODES (MAX=20):",
+                 .Least = 2,
+                 .Most = kMostNodes,
+                 .RangeMessage = "You may only select between 2 and 20 Nodes.  Please Try Again."},
+                {.Question = "Enter the number of ARCS (MAX=40):",
+                 .Least = 1,
+                 .Most = kMostArcs,
+                 .RangeMessage = "You may only have between 1 and 40 arcs.  Please Try Again."},
+            }};
+}
+
+void FillGrid(Grid& grid)
+{
+    constexpr std::array kHeadings = {"Arc", "Start Node", "End Node", "Distance/Cost"};
+    constexpr LengthPatterns kPatterns = {"0", "    #####0.0", "    ####0.00"};
+    grid.Resize(Problem.NumArcs + 1, static_cast<int>(kHeadings.size()));
+    for (std::size_t column = 0; column < kHeadings.size(); ++column)
+        grid.SetText(0, static_cast<int>(column), kHeadings.at(column));
+    for (int k = 1; k <= Problem.NumArcs; ++k) {
+        grid.SetText(k, 0, std::to_string(k));
+        if (Session.NewProblem) continue;
+        for (const int end : {kStart, kEnd})
+            grid.SetText(k, end, std::to_string(Problem.ArcTable(end, k)));
+        grid.SetText(k, kLength, LengthText(Problem.ArcTable(kLength, k), kPatterns));
+    }
+}
+
+// ---- the solvers ----
+
+void FillRawDistances()
+{
+    const int n = Problem.NumNodes;
+    Result = {};
+    Result.RawDistance = Array2<std::int32_t>(n, n);
+    Result.RawDistance.Fill(kNoArc);
+    for (int k = 1; k <= Problem.NumArcs; ++k) {
+        const int a = Problem.ArcTable(kStart, k);
+        const int b = Problem.ArcTable(kEnd, k);
+        const std::int32_t length = Problem.ArcTable(kLength, k);
+        Result.RawDistance(a, b) = length;  // of two arcs between the same nodes the later one counts
+        Result.RawDistance(b, a) = length;
+    }
+}
+
+void PrepareLabels()
+{
+    const int n = Problem.NumNodes;
+    FillRawDistances();
+    Result.NodeDistance = Result.RawDistance;
+    Result.NodeLabel = Array2<std::int32_t>(kPredecessor, n);
+    for (int node = 1; node <= n; ++node) {
+        Result.NodeDistance(node, node) = 0;
+        Result.NodeLabel(kDistance, node) = kNoArc;
+        Result.NodeLabel(kPredecessor, node) = node;
+    }
+}
+
+void LabelFromStart()
+{
+    const int s = Problem.StartNode;
+    Result.NodeLabel(kPermanent, s) = 1;
+    Result.NodeLabel(kDistance, s) = 0;
+    for (int n = 1; n <= Problem.NumNodes; ++n) {
+        if (n == s || Result.NodeDistance(n, s) == kNoArc) continue;
+        Result.NodeLabel(kDistance, n) = Result.NodeDistance(n, s);
+        Result.NodeLabel(kPredecessor, n) = s;
+    }
+}
+
+bool IsPermanent(int node)
+{
+    return Result.NodeLabel(kPermanent, node) == 1;
+}
+
+// The lowest number among the nearest; 0 when none can be reached.
+int NearestTemporary()
+{
+    std::int32_t best = kNoArc;
+    int chosen = 0;
+    for (int n = 1; n <= Problem.NumNodes; ++n) {
+        if (IsPermanent(n) || Result.NodeLabel(kDistance, n) >= best) continue;
+        best = Result.NodeLabel(kDistance, n);
+        chosen = n;
+    }
+    return chosen;
+}
+
+bool AllPermanent()
+{
+    for (int n = 1; n <= Problem.NumNodes; ++n)
+        if (!IsPermanent(n)) return false;
+    return true;
+}
+
+void LabelFrom(int chosen)
+{
+    for (int n = 1; n <= Problem.NumNodes; ++n) {
+        if (IsPermanent(n) || Result.NodeDistance(n, chosen) == kNoArc) continue;
+        const std::int32_t through = ToInt32(static_cast<double>(Result.NodeDistance(n, chosen)) +
+                                             Result.NodeLabel(kDistance, chosen));
+        if (through >= Result.NodeLabel(kDistance, n)) continue;
+        Result.NodeLabel(kDistance, n) = through;
+        Result.NodeLabel(kPredecessor, n) = chosen;
+    }
+}
+
+void ReadRouteBack()
+{
+    int node = Problem.EndNode;
+    do {
+        node = Result.NodeLabel(kPredecessor, node);
+        Result.RoutePath.push_back(node);
+    } while (node != Problem.StartNode);
+}
+
+struct TreeArc {
+    std::int32_t Start = 0;
+    std::int32_t End = 0;
+    std::int32_t Length = kNoArc;
+};
+
+// The earliest tree node and then the lowest number win among equals. Where nothing can join, the nodes of
+// the arc before stay.
+void FindJoiningArc(TreeArc& arc)
+{
+    arc.Length = kNoArc;
+    for (const std::int32_t treeNode : Result.TreeNodes)
+        for (int n = 1; n <= Problem.NumNodes; ++n)
+            if (Result.RawDistance(n, treeNode) < arc.Length)
+                arc = {treeNode, n, Result.RawDistance(n, treeNode)};
+}
+
+// No later step may join two nodes of the tree.
+void ForgetArcsInside()
+{
+    for (const std::int32_t a : Result.TreeNodes)
+        for (const std::int32_t b : Result.TreeNodes)
+            Result.RawDistance(a, b) = kNoArc;
+}
+
+void AddUpTree()
+{
+    Result.Reached = true;
+    for (int k = 1; k < Problem.NumNodes; ++k) {
+        const std::int32_t length = Result.TreeArcs(kLength, k);
+        Result.TreeLength = ToInt32(static_cast<double>(Result.TreeLength) + length);
+        if (length < kNoArc) continue;
+        Result.Reached = false;
+        return;
+    }
+}
+
+// ---- the command ----
+
+void WarnUnreachable()
+{
+    MsgBox(std::string("Please review the description of the network.  ") +
+               (IsShortestRoute() ? "It is not possible to reach all nodes in the network."
+                                  : "A spanning tree does not exist for the network description you have "
+                                    "provided."),
+           "WARNING!");
+}
+
+void BeginSolving()
+{
+    Screen& screen = desktop::TheScreen();
+    screen.SetIndicator("Solving Problem . . .");
+    screen.Refresh();
+    Menus.SetEnabled(EditItemName(0), true);
+    screen.SetPointer(Pointer::Hourglass);
+}
+
+// The indicator keeps its text when no route was found.
+void EndSolving(const std::string& indicator)
+{
+    Screen& screen = desktop::TheScreen();
+    Menus.EnablePrinting(true);
+    if (Result.Reached) {
+        screen.SetIndicator(indicator);
+        screen.Refresh();
+    }
+    screen.SetPointer(Pointer::Normal);
+}
+
+void SolveRoute()
+{
+    desktop::TheForms().ShowModal("frminputnodes");
+    if (Session.DialogCancelled) {
+        desktop::TheForms().FocusMenu();
+        return;
+    }
+    const std::string indicator = desktop::TheScreen().Indicator();
+    BeginSolving();
+    FindShortestRoute();
+    if (Result.Reached)
+        ShowShortestRoute();
+    else
+        WarnUnreachable();
+    EndSolving(indicator);
+}
+
+void SolveTree()
+{
+    FindSpanningTree();
+    if (Result.Reached)
+        ShowSpanningTree();
+    else
+        WarnUnreachable();
+}
+
+struct NodeQuestion {
+    std::string_view NotWhole;
+    std::int16_t* Node;
+};
+
+bool TakeNode(const std::string& text, const NodeQuestion& question)
+{
+    if (!IsNumeric(text) || HasDecimalPoint) return Refuse(question.NotWhole);
+    const double node = Val(Session.CheckText);
+    if (node < 1 || node > Problem.NumNodes)
+        return Refuse("You may only select a number between 1 and " + std::to_string(Problem.NumNodes) +
+                      ".  PLEASE TRY AGAIN.");
+    *question.Node = ToInt16(node);
+    return true;
+}
+
+}  // namespace
+
+bool IsShortestRoute()
+{
+    return Session.ProblemTitle == "SHORTEST ROUTE PROBLEM";
+}
+
+void Allocate()
+{
+    Problem = {};
+    Problem.ArcTable = Array2<std::int32_t>(kLength, kMostArcs);
+    Result = {};
+}
+
+void NewNetwork()
+{
+    const auto counts = AskSizes(SizeQuestions());
+    if (counts.empty()) {
+        desktop::TheForms().FocusMenu();
+        return;
+    }
+    Allocate();
+    Problem.NumNodes = counts[0];
+    Problem.NumArcs = counts[1];
+    Session.ProblemOnDisplay = "NO";
+    ShowNetwork();
+}
+
+void ShowNetwork()
+{
+    BeginDisplay();
+    Form& form = desktop::TheForms().Loaded("frmProblem");
+    form.SetText("lblTitle", "Network Description:  " + std::to_string(Problem.NumNodes) + " NODES and " +
+                                 std::to_string(Problem.NumArcs) + " ARCS");
+    form.SetText("lblInfo", "Enter Start Node, End Node, and Distance/Cost for each Arc.");
+    for (const char* label : {"lblTitle", "lblInfo"})
+        form.SetVisible(label, true);
+    Grid& grid = form.GridOf("gridDisplayEdit");
+    FillGrid(grid);
+    form.SetVisible("gridDisplayEdit", true);
+    EndDisplay();
+    if (Session.NewProblem) grid.SetFocus();
+}
+
+int EnterCell(int row, int column, std::string_view text)
+{
+    const std::string entry = Trimmed(text);
+    if (entry.empty()) {
+        Problem.ArcTable(column, row) = 0;
+        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+    }
+    return column == kLength ? EnterLength(row, entry) : EnterNode(row, column, entry);
+}
+
+std::int32_t ToThousandths(double distance)
+{
+    return ToInt32(Int(distance * kThousand + 0.5));
+}
+
+int TakeNodes(const std::string& start, const std::string& end)
+{
+    std::int16_t startNode = 0;
+    std::int16_t endNode = 0;
+    if (!TakeNode(start, {"Starting Node must be an integer.", &startNode})) return 0;
+    if (!TakeNode(end, {"Ending Node must be an integer.", &endNode})) return 1;
+    Problem.StartNode = startNode;
+    Problem.EndNode = endNode;
+    Session.DialogCancelled = false;
+    return -1;
+}
+
+void FindShortestRoute()
+{
+    PrepareLabels();
+    LabelFromStart();
+    for (;;) {
+        const int chosen = NearestTemporary();
+        Result.NodeLabel(kPermanent, chosen) = 1;  // nobody reads the label of node 0
+        if (AllPermanent()) break;
+        if (chosen == 0) return;
+        LabelFrom(chosen);
+    }
+    Result.Reached = true;
+    ReadRouteBack();
+}
+
+void FindSpanningTree()
+{
+    FillRawDistances();
+    Result.TreeArcs = Array2<std::int32_t>(kLength, std::max(Problem.NumNodes - 1, 0));
+    Result.TreeNodes = {1};
+    TreeArc arc;
+    for (int m = 2; m <= Problem.NumNodes; ++m) {
+        FindJoiningArc(arc);
+        Result.TreeArcs(kStart, m - 1) = arc.Start;
+        Result.TreeArcs(kEnd, m - 1) = arc.End;
+        Result.TreeArcs(kLength, m - 1) = arc.Length;
+        Result.TreeNodes.push_back(arc.End);
+        ForgetArcsInside();
+    }
+    AddUpTree();
+}
+
+void SolveNetwork()
+{
+    if (IsShortestRoute())
+        SolveRoute();
+    else
+        SolveTree();
+}
+
+}  // namespace Network
