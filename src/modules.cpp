@@ -5,6 +5,7 @@
 #include "decision/module.h"
 #include "forecasting/module.h"
 #include "inventory/module.h"
+#include "lp/module.h"
 #include "markov/module.h"
 #include "network/module.h"
 #include "project/module.h"
@@ -27,7 +28,7 @@ const std::array<Module, kModuleCount>& Table()
          .Description = "This module will maximize or minimize the value of a linear objective "
                         "function subject to a set of linear contraints.  The program can handle "
                         "problems containing up to 100 variables and 50 constraints.",
-         .Routines = nullptr},
+         .Routines = &LinearProgramming()},
         {.Option = "2.  Transportation",
          .Indicator = "Transportation Module",
          .Title = "TRANSPORTATION PROBLEM",
@@ -54,7 +55,7 @@ const std::array<Module, kModuleCount>& Table()
          .Description = "This module solves the following types of Integer Linear Programs:  "
                         "All-Integer Linear Programs and Mixed Integer Programs.  The program can "
                         "handle problems containing up to 100 decision variables and 50 constraints.",
-         .Routines = nullptr},
+         .Routines = &IntegerLinearProgramming()},
         {.Option = "5.  Shortest Route",
          .Indicator = "Shortest Route Module",
          .Title = "SHORTEST ROUTE PROBLEM",
