@@ -15,13 +15,11 @@
 
 namespace {
 
-using play::Script;
-
 constexpr int kUnusableArguments = 2;
 
 struct Arguments {
     QString Folder = QDir::currentPath();
-    std::vector<Script> Scripts;
+    std::vector<std::string> Scripts;
 };
 
 int Usage(std::FILE* out, int status)
@@ -33,19 +31,13 @@ int Usage(std::FILE* out, int status)
     return status;
 }
 
-bool ReadScript(const std::string& name, std::vector<Script>& scripts)
+bool TakeScript(const std::string& name, Arguments& arguments)
 {
-    if (name == "-") {
-        scripts.push_back({name, play::ReadScript(std::cin)});
-        return true;
-    }
-    std::ifstream file(name);
-    if (!file || !QFileInfo(QString::fromStdString(name)).isFile()) {
-        std::fprintf(stderr, "vantrel-play: %s cannot be read\n", name.c_str());
-        return false;
-    }
-    scripts.push_back({name, play::ReadScript(file)});
-    return true;
+    const bool readable =
+        name == "-" || (std::ifstream(name) && QFileInfo(QString::fromStdString(name)).isFile());
+    if (!readable) std::fprintf(stderr, "vantrel-play: %s cannot be read\n", name.c_str());
+    arguments.Scripts.push_back(name);
+    return readable;
 }
 
 bool TakeFolder(const char* name, Arguments& arguments)
@@ -66,7 +58,7 @@ std::optional<Arguments> ReadArguments(int count, char* values[])
         } else if (argument.starts_with("-") && argument != "-") {
             std::fprintf(stderr, "vantrel-play: there is no option %s\n", argument.c_str());
             return std::nullopt;
-        } else if (!ReadScript(argument, arguments.Scripts)) {
+        } else if (!TakeScript(argument, arguments)) {
             return std::nullopt;
         }
     }
@@ -81,7 +73,7 @@ void PassMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
     std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, message).toLocal8Bit().constData());
 }
 
-int Play(const Script& script, const QString& folder, char* program)
+int Play(const std::string& script, const QString& folder, char* program)
 {
     int count = 1;
     char* values[] = {program, nullptr};
@@ -90,7 +82,8 @@ int Play(const Script& script, const QString& folder, char* program)
     play::Transcript transcript(stdout);
     play::Listener listener(transcript);
     Program vantrel(std::make_unique<play::OverheardDialogs>(transcript));
-    play::Player player(script, {transcript, folder}, listener);
+    std::ifstream file(script);
+    play::Player player(script, script == "-" ? std::cin : file, {transcript, folder}, listener);
     vantrel.Start();
     player.Start();
     QApplication::exec();
@@ -98,7 +91,7 @@ int Play(const Script& script, const QString& folder, char* program)
 }
 
 // A session of its own: nothing of an earlier one is left in the process.
-int PlayApart(const Script& script, const QString& folder, char* program)
+int PlayApart(const std::string& script, const QString& folder, char* program)
 {
     const pid_t child = fork();
     if (child == 0) {
@@ -108,7 +101,7 @@ int PlayApart(const Script& script, const QString& folder, char* program)
     }
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) < 0 || !WIFEXITED(status)) {
-        std::fprintf(stderr, "%s: the program ended abnormally\n", script.Name.c_str());
+        std::fprintf(stderr, "%s: the program ended abnormally\n", script.c_str());
         return static_cast<int>(play::Ending::NotDone);
     }
     return WEXITSTATUS(status);
@@ -127,7 +120,7 @@ int main(int argc, char* argv[])
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (arguments->Scripts.size() == 1) return Play(arguments->Scripts.front(), arguments->Folder, argv[0]);
     int status = 0;
-    for (const Script& script : arguments->Scripts)
+    for (const std::string& script : arguments->Scripts)
         status = std::max(status, PlayApart(script, arguments->Folder, argv[0]));
     return status;
 }

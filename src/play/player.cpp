@@ -5,6 +5,7 @@
 #include <QTimerEvent>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 #include "play/alarm.h"
 #include "play/controls.h"
@@ -19,8 +20,12 @@ constexpr int kMostActivations = 3;
 
 }  // namespace
 
-Player::Player(const Script& script, Stage stage, Listener& listener)
-    : script_(script), stage_(std::move(stage)), listener_(listener)
+Player::Player(std::string name, std::istream& script, Stage stage, Listener& listener)
+    : name_(std::move(name)),
+      reader_(script),
+      next_(reader_.Next()),
+      stage_(std::move(stage)),
+      listener_(listener)
 {
     listener_.Ignore(this);
 }
@@ -35,7 +40,7 @@ void Player::Start()
 Ending Player::Finish()
 {
     play::StopAlarm();
-    if (!ended_ && !AtEnd()) Fail(script_.Steps[next_], "the program has ended");
+    if (!ended_ && next_) Fail(next_->Line, "the program has ended");
     return ending_;
 }
 
@@ -74,9 +79,8 @@ bool Player::BringToFront()
 
 bool Player::EscapeIsNext() const
 {
-    if (AtEnd()) return false;
-    const Step& step = script_.Steps[next_];
-    return CheckStep(step).empty() && step.Name() == "key" && step.Argument(1).Text == "Escape";
+    return next_ && CheckStep(*next_).empty() && next_->Name() == "key" &&
+           next_->Argument(1).Text == "Escape";
 }
 
 // Escape does not wait for a program that is at work.
@@ -94,15 +98,18 @@ void Player::DoNext()
 {
     activations_ = 0;
     escapeTimer_.stop();
-    if (AtEnd()) {
+    display_.Refresh();
+    if (!next_) {
         End(Ending::Done);
         return;
     }
-    Do(script_.Steps[next_++]);
+    const Step step = *std::exchange(next_, reader_.Next());
+    Do(step);
 }
 
 void Player::Do(const Step& step)
 {
+    line_ = step.Line;
     SetAlarm();
     stage_.Out.Echo(step.Source);
     busyRounds_ = 0;
@@ -112,13 +119,13 @@ void Player::Do(const Step& step)
     const Outcome why = check.empty() ? Perform(step, stage_) : check;
     --running_;
     stage_.Out.Flush();
-    if (!ended_ && !why.empty()) Fail(step, why);
+    if (!ended_ && !why.empty()) Fail(step.Line, why);
 }
 
-void Player::Fail(const Step& step, const Outcome& why)
+void Player::Fail(int line, const Outcome& why)
 {
     stage_.Out.Flush();
-    std::fprintf(stderr, "%s:%d: %s\n", script_.Name.c_str(), step.Line, why.c_str());
+    std::fprintf(stderr, "%s:%d: %s\n", name_.c_str(), line, why.c_str());
     End(Ending::NotDone);
 }
 
@@ -136,10 +143,9 @@ void Player::End(Ending ending)
 // For the step that waits its turn; behind the last one, for what that has set going.
 void Player::SetAlarm() const
 {
-    if (script_.Steps.empty()) return;
-    const Step& waiting = AtEnd() ? script_.Steps.back() : script_.Steps[next_];
+    const int line = next_ ? next_->Line : line_;
     stage_.Out.Flush();
-    play::SetAlarm(script_.Name + ":" + std::to_string(waiting.Line) + ": the program is not idle after " +
+    play::SetAlarm(name_ + ":" + std::to_string(line) + ": the program is not idle after " +
                        std::to_string(kPatienceSeconds) + " s\n",
                    kPatienceSeconds);
 }

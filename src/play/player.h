@@ -6,24 +6,22 @@
 
 #include <QBasicTimer>
 #include <QObject>
+#include <istream>
+#include <optional>
 #include <string>
-#include <vector>
 
+#include "play/display.h"
 #include "play/listener.h"
 #include "play/steps.h"
 
 namespace play {
 
-struct Script {
-    std::string Name;  // as given on the command line
-    std::vector<Step> Steps;
-};
-
 enum class Ending { Done = 0, NotDone = 1 };
 
 class Player : public QObject {
 public:
-    Player(const Script& script, Stage stage, Listener& listener);
+    // The name is the script's, as messages give it.
+    Player(std::string name, std::istream& script, Stage stage, Listener& listener);
 
     // Begins to play; the event loop does the rest and ends with the script.
     void Start();
@@ -34,21 +32,23 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    [[nodiscard]] bool AtEnd() const { return next_ == script_.Steps.size(); }
     [[nodiscard]] bool EscapeIsNext() const;
     void ProgramWaits();
     void BreakIn();
     bool BringToFront();
     void DoNext();
     void Do(const Step& step);
-    void Fail(const Step& step, const Outcome& why);
+    void Fail(int line, const Outcome& why);
     void End(Ending ending);
     void SetAlarm() const;
 
-    const Script& script_;
+    std::string name_;
+    StepReader reader_;
+    std::optional<Step> next_;  // the step that waits its turn
+    int line_ = 0;              // of the last step that has begun
     Stage stage_;
     Listener& listener_;
-    std::size_t next_ = 0;
+    Display display_;
     int running_ = 0;  // steps that have begun and not yet returned
     Ending ending_ = Ending::Done;
     bool ended_ = false;

@@ -112,19 +112,19 @@ bool IsKeyName(std::string_view name)
 
 }  // namespace
 
-std::vector<Step> ReadScript(std::istream& in)
+std::optional<Step> StepReader::Next()
 {
-    std::vector<Step> steps;
-    std::string line;
-    for (int number = 1; std::getline(in, line); ++number) {
-        if (number == 1 && line.starts_with("\xEF\xBB\xBF")) line.erase(0, 3);
-        if (line.ends_with('\r')) line.pop_back();
-        Step step = LineReader(line).Read();
+    std::string text;
+    while (std::getline(in_, text)) {
+        ++line_;
+        if (line_ == 1 && text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
+        if (text.ends_with('\r')) text.pop_back();
+        Step step = LineReader(text).Read();
         if (step.Words.empty() && step.Fault.empty()) continue;
-        step.Line = number;
-        steps.push_back(std::move(step));
+        step.Line = line_;
+        return step;
     }
-    return steps;
+    return std::nullopt;
 }
 
 std::optional<KeyStroke> ReadKeyStroke(std::string_view text)

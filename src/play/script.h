@@ -25,8 +25,18 @@ struct Step {
     [[nodiscard]] const Word& Argument(int number) const { return Words[static_cast<std::size_t>(number)]; }
 };
 
-// The steps of a script. Empty lines and comments have none.
-std::vector<Step> ReadScript(std::istream& in);
+// Reads a script step by step: one that is thousands of steps long takes no memory.
+class StepReader {
+public:
+    explicit StepReader(std::istream& in) : in_(in) {}
+
+    // Empty lines and comments are passed over; nothing at the end.
+    std::optional<Step> Next();
+
+private:
+    std::istream& in_;
+    int line_ = 0;
+};
 
 // One key with the keys that are held down.
 struct KeyStroke {

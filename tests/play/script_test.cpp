@@ -13,7 +13,11 @@ using play::Step;
 std::vector<Step> Read(const std::string& text)
 {
     std::istringstream in(text);
-    return play::ReadScript(in);
+    play::StepReader reader(in);
+    std::vector<Step> steps;
+    while (auto step = reader.Next())
+        steps.push_back(*step);
+    return steps;
 }
 
 Step ReadLine(const std::string& line)
