@@ -74,6 +74,7 @@ qt::EntryRules frmLPproblem::Rules(int index)
     };
     rules.RestoresRefused = true;
     rules.BackspaceOnlyTyped = true;
+    rules.DeleteNotInEdit = true;
     rules.EnterBeepsAtLastRow = true;
     rules.LeaveForward = [this] { GoToConstraints(); };
     rules.LeaveBackward = [this] { GoToObjective(); };

@@ -31,9 +31,9 @@ bool IsWayOut(const QWidget& widget)
     return widget.property(kLeavesUnchecked).toBool();
 }
 
-bool LeavesByClick(const QWidget& from, Leaving kind, QWidget& clicked)
+// A click on the menu bar takes no focus: the commands themselves look at what is being typed.
+bool LeavesByClick(const QWidget& from, QWidget& clicked)
 {
-    if (qobject_cast<QMenuBar*>(&clicked) != nullptr) return kind == Leaving::Grid;
     const QWidget* taker = FocusTaker(clicked);
     return taker != nullptr && taker != &from && !from.isAncestorOf(taker) && !taker->isAncestorOf(&from) &&
            !IsWayOut(*taker);
@@ -107,7 +107,7 @@ bool Application::Leaves(const Guarded& guard, QWidget& receiver, const QEvent& 
     if (receiver.window() != from.window()) return false;
     switch (event.type()) {
         case QEvent::MouseButtonPress:
-            return LeavesByClick(from, guard.Kind, receiver);
+            return LeavesByClick(from, receiver);
         case QEvent::KeyPress:
             return guard.Kind == Leaving::Box && &receiver == &from &&
                    LeavesByKey(static_cast<const QKeyEvent&>(event));

@@ -12,7 +12,7 @@ namespace qt {
 
 enum class Leaving {
     Box,   // Tab, Backtab and Enter leave it
-    Grid,  // these keys are its own; opening a menu leaves it
+    Grid,  // these keys are its own; the access key of a menu leaves it
 };
 
 class Application : public QApplication {

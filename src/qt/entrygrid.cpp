@@ -213,15 +213,15 @@ void EntryGrid::TakeBack()
     ShowEdit();
 }
 
-// A cell in edit is emptied with Backspace; Delete is for one that is as it was.
 void EntryGrid::EmptyCell()
 {
     if (IsClosed()) {
         ::Beep();
         return;
     }
-    if (editing_ || model_->Text(Row(), Column()).isEmpty()) return;
-    BeginEdit();
+    if (editing_ && rules_.DeleteNotInEdit) return;
+    if (model_->Text(Row(), Column()).isEmpty()) return;
+    if (!editing_) BeginEdit();
     typed_.clear();
     ShowEdit();
 }
@@ -307,7 +307,7 @@ void EntryGrid::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
     const QModelIndex clicked = indexAt(event->position().toPoint());
-    if (event->button() != Qt::LeftButton || !clicked.isValid() || clicked == currentIndex()) return;
+    if (event->button() != Qt::LeftButton || !clicked.isValid()) return;
     const int row = clicked.row();
     const int column = clicked.column();
     if (FinishEdit() && model_->Has(row, column)) GoTo(row, column);

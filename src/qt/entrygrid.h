@@ -37,6 +37,7 @@ struct EntryRules {
     std::function<bool(int row, int column)> Closed;
 
     bool RestoresRefused = false;     // the former text comes back; otherwise the cell is blanked
+    bool DeleteNotInEdit = false;     // Delete empties only a cell that is as it was
     bool BackspaceOnlyTyped = false;  // Backspace takes nothing from a text that stood in the cell before
     bool EnterBeepsAtLastRow = false;
     // Tab behind the last cell and Backtab before the first one; missing: to the other end of the grid.
