@@ -3,6 +3,12 @@
 #include "decision/frmDecisionFeatures.h"
 #include "decision/frmDecisionProblem.h"
 #include "decision/frmdecnopt.h"
+#include "inventory/frmEOQ.h"
+#include "inventory/frmOnePeriodProb.h"
+#include "inventory/frmPlannedShortages.h"
+#include "inventory/frmProductionLotSize.h"
+#include "inventory/frmQR_Prob.h"
+#include "inventory/frmQtyDiscounts.h"
 #include "lp/frmIP.h"
 #include "lp/frmLPFeatures.h"
 #include "lp/frmLPproblem.h"
@@ -16,6 +22,7 @@
 #include "tableau/frmErrorMsg.h"
 #include "tableau/frmProblem.h"
 #include "tableau/frmTransObj.h"
+#include "waiting/frmWL_Model.h"
 
 void RegisterForms(qt::QtForms& forms)
 {
@@ -36,4 +43,11 @@ void RegisterForms(qt::QtForms& forms)
     forms.Add<frmDecisionFeatures>("frmDecisionFeatures", Place::Modal);
     forms.Add<frmdecnopt>("frmdecnopt", Place::Modal);
     forms.Add<frminputnodes>("frminputnodes", Place::Modal);
+    forms.Add<frmEOQ>("frmEOQ", Place::Modal);
+    forms.Add<frmProductionLotSize>("frmProductionLotSize", Place::Modal);
+    forms.Add<frmPlannedShortages>("frmPlannedShortages", Place::Modal);
+    forms.Add<frmQtyDiscounts>("frmQtyDiscounts", Place::Modal);
+    forms.Add<frmQR_Prob>("frmQR_Prob", Place::Modal);
+    forms.Add<frmOnePeriodProb>("frmOnePeriodProb", Place::Modal);
+    forms.Add<frmWL_Model>("frmWL_Model", Place::Modal);
 }

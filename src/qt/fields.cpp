@@ -146,9 +146,10 @@ QLineEdit* MakeBox(const char* name, std::string_view description, TextCheck che
     box->setAccessibleName(ToQt(description).trimmed());
     if (!check) return box;
     CheckOnLeaving(box, [box, check = std::move(check)] {
-        if (check(TextOf(box))) return true;
-        SelectBox(box);
-        return false;
+        bool taken = false;  // nor is a number that does not fit
+        Trap([&] { taken = check(TextOf(box)); });
+        if (!taken) SelectBox(box);
+        return taken;
     });
     return box;
 }

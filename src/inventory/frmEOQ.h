@@ -1,0 +1,10 @@
+// The entry form of the economic order quantity.
+#pragma once
+
+#include "inventory/frmInventory.h"
+
+class frmEOQ : public frmInventory {
+    Q_OBJECT
+public:
+    explicit frmEOQ(QWidget* parent);
+};

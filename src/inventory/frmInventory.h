@@ -1,0 +1,41 @@
+// What the six inventory forms share: the fields that more than one of them has. A form states its own fields
+// and these in their order.
+#pragma once
+
+#include "inventory/VtInvent.h"
+#include "shell/frmModelEntry.h"
+
+class frmInventory : public frmModelEntry {
+    Q_OBJECT
+
+protected:
+    using frmModelEntry::frmModelEntry;
+
+    using Take = bool (*)(std::string_view text);
+
+    void AddField(const char* name, std::string_view label, Take take, const Variant& value);
+    void AddAnnualDemand(const char* name);
+    void AddOrderCost(const char* name);
+    void AddWorkingDays(const char* name);
+    void AddHoldingCost();   // the method and its one or two boxes
+    void AddReorderPoint();  // the check box and the lead time
+    // A list with a label; `chosen` gets the line that is chosen from now on.
+    QComboBox* AddChoice(QFormLayout* rows, const char* name, std::string_view label,
+                         const std::vector<std::string_view>& items, int current,
+                         std::function<void(int index)> chosen);
+
+    bool Keep() override;
+
+    using frmModelEntry::AddField;
+
+private:
+    bool& Saved() override { return VtInvent::Problem.Saved; }
+    void ShowHoldingMethod();
+    void ChooseHoldingMethod(int method);
+    void ChooseReorderPoint(bool compute);
+
+    QLineEdit* workingDays_ = nullptr;
+    QLineEdit* txtFrame1_ = nullptr;
+    QLineEdit* txtframe2_ = nullptr;
+    QLineEdit* txtleadtime_ = nullptr;
+};

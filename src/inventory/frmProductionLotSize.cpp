@@ -1,0 +1,16 @@
+#include "inventory/frmProductionLotSize.h"
+
+using VtInvent::Problem;
+
+frmProductionLotSize::frmProductionLotSize(QWidget* parent)
+    : frmInventory(parent, "frmProductionLotSize", " Production Lot Size")
+{
+    AddAnnualDemand("txtProdLot(0)");
+    AddField("txtProdLot(1)", "Annual Production Rate (Units/Year):", VtInvent::TakeProductionRate,
+             Problem.ProductionRate);
+    AddField("txtProdLot(2)", "Setup Cost ($/Setup):", VtInvent::TakeSetupCost, Problem.OrderCost);
+    AddWorkingDays("txtProdLot(3)");
+    AddHoldingCost();
+    AddReorderPoint();
+    AddButtons();
+}

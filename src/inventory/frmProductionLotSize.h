@@ -1,0 +1,10 @@
+// The entry form of the economic production lot size.
+#pragma once
+
+#include "inventory/frmInventory.h"
+
+class frmProductionLotSize : public frmInventory {
+    Q_OBJECT
+public:
+    explicit frmProductionLotSize(QWidget* parent);
+};

@@ -1,0 +1,61 @@
+#include "inventory/frmQtyDiscounts.h"
+
+#include <QGridLayout>
+
+using VtInvent::Problem;
+
+frmQtyDiscounts::frmQtyDiscounts(QWidget* parent)
+    : frmInventory(parent, "frmQtyDiscounts", " Quantity Discounts")
+{
+    AddAnnualDemand("txtQtyDiscounts(0)");
+    AddOrderCost("txtQtyDiscounts(1)");
+    AddField("txtQtyDiscounts(2)",
+             "Holding Cost as Percent of Unit Cost (0-100):", VtInvent::TakeCarryingPercent,
+             Problem.CarryingPercent);
+    AddWorkingDays("txtQtyDiscounts(3)");
+    AddReorderPoint();
+    AddCategories();
+    AddButtons();
+}
+
+void frmQtyDiscounts::AddCategories()
+{
+    QGroupBox* frame = qt::AddFrame(Rows(), "frameCategories", "Cost/Quantity Information");
+    auto* table = new QGridLayout;
+    static_cast<QBoxLayout*>(frame->layout())->addLayout(table);
+    table->addWidget(new QLabel("Category"), 0, 0);
+    for (int k = 1; k <= VtInvent::kCategoryRows; ++k) {
+        auto* number = new QLabel(QString::number(k));
+        table->addWidget(number, k, 0, Qt::AlignCenter);
+        number->setVisible(k <= Problem.CategoryCount.Value());
+    }
+    AddColumn(table, 1, "txtUnitCost", "Unit Cost", VtInvent::TakeCategoryUnitCost, Problem.CategoryUnitCost);
+    txtMinQty_ = AddColumn(table, 2, "txtMinQty", "Minimum Quantity", VtInvent::TakeCategoryMinimum,
+                           Problem.CategoryMinimum);
+}
+
+std::vector<QLineEdit*> frmQtyDiscounts::AddColumn(QGridLayout* table, int column, const char* name,
+                                                   const char* heading, TakeCategory take,
+                                                   const Array1<Variant>& values)
+{
+    std::vector<QLineEdit*> boxes;
+    table->addWidget(new QLabel(heading), 0, column);
+    for (int k = 1; k <= VtInvent::kCategoryRows; ++k) {
+        const std::string number = std::to_string(k);
+        QLineEdit* box = qt::MakeBox((std::string(name) + "(" + std::to_string(k - 1) + ")").c_str(),
+                                     std::string(heading) + ", category " + number,
+                                     [take, k](std::string_view text) { return take(k, text); });
+        table->addWidget(box, k, column);
+        qt::SetTextOf(box, values(k).Text());
+        box->setVisible(k <= Problem.CategoryCount.Value());
+        Require(box);
+        boxes.push_back(box);
+    }
+    return boxes;
+}
+
+bool frmQtyDiscounts::Keep()
+{
+    VtInvent::KeepFirstMinimum(qt::TextOf(txtMinQty_.front()));
+    return frmInventory::Keep();
+}

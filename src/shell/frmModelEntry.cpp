@@ -1,0 +1,57 @@
+#include "shell/frmModelEntry.h"
+
+#include "desktop/desktop.h"
+#include "qt/text.h"
+
+frmModelEntry::frmModelEntry(QWidget* parent, const char* name, std::string_view title)
+    : qt::ModalForm(parent), rows_(new QFormLayout(this))
+{
+    setObjectName(QString::fromUtf8(name));
+    setWindowTitle(qt::ToQt(title));
+}
+
+QLineEdit* frmModelEntry::AddField(QFormLayout* rows, const char* name, std::string_view label,
+                                   qt::TextCheck check, std::string_view text, const char* labelName)
+{
+    QLineEdit* box = qt::AddBox(rows, name, label, std::move(check), labelName);
+    qt::SetTextOf(box, text);
+    Require(box);
+    return box;
+}
+
+void frmModelEntry::Require(QLineEdit* box)
+{
+    required_.push_back(box);
+}
+
+void frmModelEntry::AddButtons()
+{
+    QHBoxLayout* buttons = qt::AddButtonRow(rows_);
+    qt::AddButton(buttons, "cmdSolve", "Solve", [this] { Leave(FormExit::Solve); });
+    qt::AddButton(buttons, "cmdSave", "Save", [this] { Leave(FormExit::Save); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [this] { Cancel(); });
+    qt::SelectBox(required_.front());
+}
+
+bool frmModelEntry::IsComplete()
+{
+    for (QLineEdit* box : required_) {
+        if (!box->isVisibleTo(this) || RequireValue(qt::TextOf(box))) continue;
+        qt::SelectBox(box);
+        return false;
+    }
+    return true;
+}
+
+void frmModelEntry::Leave(FormExit exit)
+{
+    if (!IsComplete() || !Keep()) return;
+    if (exit == FormExit::Save) Saved() = true;
+    LeaveModelForm(exit);
+    desktop::TheForms().Unload(qt::FromQt(objectName()));
+}
+
+void frmModelEntry::Cancel()
+{
+    if (CancelModelForm(Saved())) desktop::TheForms().Unload(qt::FromQt(objectName()));
+}
