@@ -42,7 +42,10 @@ QWidget* KeyTarget()
 void KeyDown(Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text)
 {
     QWidget* target = KeyTarget();
+    const bool intoPopup = QApplication::activePopupWidget() != nullptr;
     if (target == nullptr || qt_sendShortcutOverrideEvent(target, 0, key, modifiers, text)) return;
+    if (intoPopup && QApplication::activePopupWidget() == nullptr)
+        return;  // an open list takes Enter this early
     QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
     if (QWidget* focused = KeyTarget()) Deliver(focused, event);
 }
