@@ -3,6 +3,7 @@
 #include "decision/frmDecisionFeatures.h"
 #include "decision/frmDecisionProblem.h"
 #include "decision/frmdecnopt.h"
+#include "forecasting/frmForecastingModels.h"
 #include "inventory/frmEOQ.h"
 #include "inventory/frmOnePeriodProb.h"
 #include "inventory/frmPlannedShortages.h"
@@ -13,6 +14,8 @@
 #include "lp/frmLPFeatures.h"
 #include "lp/frmLPproblem.h"
 #include "network/frminputnodes.h"
+#include "project/frmPERTCPM_Init.h"
+#include "project/frmPERT_CPM.h"
 #include "shell/frmMenu.h"
 #include "shell/frmModuleSelection.h"
 #include "shell/frmSolution.h"
@@ -50,4 +53,7 @@ void RegisterForms(qt::QtForms& forms)
     forms.Add<frmQR_Prob>("frmQR_Prob", Place::Modal);
     forms.Add<frmOnePeriodProb>("frmOnePeriodProb", Place::Modal);
     forms.Add<frmWL_Model>("frmWL_Model", Place::Modal);
+    forms.Add<frmPERTCPM_Init>("frmPERTCPM_Init", Place::Modal);
+    forms.Add<frmPERT_CPM>("frmPERT_CPM", Place::Framed);
+    forms.Add<frmForecastingModels>("frmForecastingModels", Place::Modal);
 }

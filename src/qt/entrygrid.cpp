@@ -497,10 +497,11 @@ bool EntryGrid::eventFilter(QObject* watched, QEvent* event)
 void EntryGrid::PaintCorner(QWidget& corner) const
 {
     QStyleOptionHeader option;
-    option.initFrom(&corner);
+    option.initFrom(this);
+    option.rect = corner.rect();
     option.position = QStyleOptionHeader::OnlyOneSection;
     option.textAlignment = Qt::AlignLeft | Qt::AlignVCenter;
-    option.text = model_->Has(0, 0) ? model_->Text(0, 0) : QString();
+    option.text = model_->HeadingOf(0);
     QPainter painter(&corner);
     style()->drawControl(QStyle::CE_Header, &option, &painter, &corner);
 }

@@ -62,13 +62,20 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
     return {};
 }
 
-// The headers show what the last fixed row and column hold.
+QString GridModel::HeadingOf(int column) const
+{
+    QStringList lines;
+    for (int row = 0; row < fixedRows_ && Has(row, column); ++row)
+        lines.append(Text(row, column));
+    return lines.join(QLatin1Char('\n'));
+}
+
+// The headers show what the fixed rows, one below the other, and the last fixed column hold.
 QString GridModel::HeaderText(int section, Qt::Orientation orientation) const
 {
-    const bool across = orientation == Qt::Horizontal;
-    const int row = across ? fixedRows_ - 1 : section;
-    const int column = across ? section : fixedColumns_ - 1;
-    return Has(row, column) ? Text(row, column) : QString();
+    if (orientation == Qt::Horizontal) return HeadingOf(section);
+    const int column = fixedColumns_ - 1;
+    return Has(section, column) ? Text(section, column) : QString();
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -17,6 +17,7 @@ public:
     [[nodiscard]] bool Has(int row, int column) const;
     [[nodiscard]] const QString& Text(int row, int column) const;  // "Subscript out of range"
     void SetText(int row, int column, const QString& text);        // likewise
+    [[nodiscard]] QString HeadingOf(int column) const;             // its fixed rows, a line each
 
     [[nodiscard]] int Rows() const { return rows_; }
     [[nodiscard]] int Columns() const { return columns_; }

@@ -1,0 +1,75 @@
+#include "forecasting/frmForecastingModels.h"
+
+#include "desktop/desktop.h"
+#include "forecasting/VtForecasting.h"
+#include "qt/fields.h"
+
+namespace {
+
+constexpr const char* kForm = "frmForecastingModels";
+
+}  // namespace
+
+frmForecastingModels::frmForecastingModels(QWidget* parent) : qt::ModalForm(parent)
+{
+    setWindowTitle(" Forecasting Models");
+    auto* page = new QVBoxLayout(this);
+    AddMethods(page);
+    auto* rows = new QFormLayout;
+    page->addLayout(rows);
+    txtValue[0] = qt::AddBox(rows, "txtValue(0)", "", {}, "lblValue(0)");
+    txtValue[1] = qt::AddBox(rows, "txtValue(1)", "", {}, "lblValue(1)");
+    auto* buttons = qt::AddButtonRow(page);
+    qt::AddButton(buttons, "CmdSolve", "Solve", [this] { Solve(); });
+    qt::AddCancelButton(buttons, "CmdCancel", "Cancel", Cancel);
+    Option1[0]->setChecked(true);
+    ShowFields();
+}
+
+void frmForecastingModels::AddMethods(QVBoxLayout* page)
+{
+    constexpr std::array<const char*, 4> kMethods = {"Moving Averages", "Exponential Smoothing",
+                                                     "Trend Projection", "Trend and Seasonal"};
+    for (std::size_t i = 0; i < Option1.size(); ++i) {
+        const std::string name = "Option1(" + std::to_string(i) + ")";
+        Option1[i] = qt::AddOption(page, name.c_str(), kMethods[i]);
+        connect(Option1[i], &QRadioButton::toggled, this, [this](bool on) {
+            if (on) ShowFields();
+        });
+    }
+}
+
+int frmForecastingModels::ChosenMethod() const
+{
+    int method = VtForecasting::kMovingAverages;
+    for (const QRadioButton* option : Option1) {
+        if (option->isChecked()) return method;
+        ++method;
+    }
+    return VtForecasting::kMovingAverages;
+}
+
+void frmForecastingModels::ShowFields()
+{
+    const auto labels = VtForecasting::FieldLabels(ChosenMethod());
+    for (std::size_t i = 0; i < txtValue.size(); ++i) {
+        qt::ShowRow(txtValue[i], !labels[i].empty());
+        qt::SetRowLabel(txtValue[i], labels[i]);
+    }
+}
+
+void frmForecastingModels::Solve()
+{
+    const int refused =
+        VtForecasting::TakeMethod(ChosenMethod(), {qt::TextOf(txtValue[0]), qt::TextOf(txtValue[1])});
+    if (refused < 0)
+        desktop::TheForms().Unload(kForm);
+    else
+        qt::SelectBox(txtValue[static_cast<std::size_t>(refused)]);
+}
+
+void frmForecastingModels::Cancel()
+{
+    VtForecasting::CancelMethod();
+    desktop::TheForms().Unload(kForm);
+}

@@ -1,0 +1,239 @@
+#include "project/frmPERT_CPM.h"
+
+#include <QApplication>
+#include <QSignalBlocker>
+#include <QTimer>
+
+#include "project/VtPert_CPM.h"
+#include "qt/fields.h"
+#include "qt/text.h"
+#include "shell/session.h"
+
+using VtPert_CPM::PertProblem;
+using VtPert_CPM::Problem;
+
+namespace {
+
+constexpr int kHeadingRows = 2;
+constexpr int kPredecessorColumn = 1;
+constexpr int kFirstTimeColumn = 2;
+
+// A time of an activity: its box, its rule, its place in the table.
+struct TimeField {
+    const char* Name;
+    const char* Heading;
+    bool (*Take)(std::string_view text);
+    Array1<Variant> PertProblem::*Times;
+};
+using TimeFields = std::vector<TimeField>;
+
+const TimeFields& Fields()
+{
+    static const TimeFields known{
+        {"txtExpectedTime", "Expected", VtPert_CPM::TakeExpectedTime, &PertProblem::ActivityTime},
+    };
+    static const TimeFields estimated{
+        {"txtOptimistic", "Optimistic", VtPert_CPM::TakeOptimisticTime, &PertProblem::OptimisticTime},
+        {"txtProbable", "Most Probable", VtPert_CPM::TakeProbableTime, &PertProblem::ProbableTime},
+        {"txtPessimistic", "Pessimistic", VtPert_CPM::TakePessimisticTime, &PertProblem::PessimisticTime},
+    };
+    return VtPert_CPM::HasThreeEstimates() ? estimated : known;
+}
+
+// The order in which a menu checks the boxes: the pessimistic time before the most probable one.
+std::vector<std::size_t> MenuOrder()
+{
+    if (VtPert_CPM::HasThreeEstimates()) return {0, 2, 1};
+    return {0};
+}
+
+std::string TimeText(const TimeField& field, int activity)
+{
+    return (Problem.*field.Times)(activity).Text();
+}
+
+int RowOf(int activity)
+{
+    return activity + kHeadingRows - 1;
+}
+
+int ColumnOf(std::size_t timeField)
+{
+    return kFirstTimeColumn + static_cast<int>(timeField);
+}
+
+// A menu that was being opened goes when what stands in a box is refused.
+void CloseMenus()
+{
+    QTimer::singleShot(0, qApp, [] {
+        while (QWidget* popup = QApplication::activePopupWidget())
+            if (!popup->close()) return;
+    });
+}
+
+QVBoxLayout* AddColumn(QBoxLayout* row)
+{
+    auto* column = new QVBoxLayout;
+    row->addLayout(column, 1);
+    return column;
+}
+
+}  // namespace
+
+frmPERT_CPM::frmPERT_CPM(QWidget* parent) : qt::ChildForm(parent)
+{
+    setWindowTitle("PERT/CPM Activity Schedule");
+    auto* page = new QVBoxLayout(this);
+    AddTable(page);
+    auto* row = new QHBoxLayout;
+    page->addLayout(row);
+    AddActivities(row);
+    AddPredecessors(row);
+    AddTimes(row);
+    qt::AddLabel(page, "lblInfo",
+                 "For each activity, select/deselect its predecessor(s) and enter its activity time.  Choose "
+                 "solution to solve.");
+    FillTable();
+    lstActivityName->setCurrentRow(0);
+    setFocusProxy(lstActivityName);
+    VtPert_CPM::CheckTimeBoxes = [this] { CheckTimes(); };
+}
+
+void frmPERT_CPM::Unloading()
+{
+    VtPert_CPM::CheckTimeBoxes = {};
+}
+
+// ---- what stands on it ----
+
+// The table only shows: it is filled from the lists and boxes below it.
+void frmPERT_CPM::AddTable(QVBoxLayout* page)
+{
+    qt::EntryRules rules;
+    rules.Key = [](int, int, char, bool) { return qt::KeyAnswer::Refused; };
+    rules.Commit = [](int, int, std::string_view) { return true; };
+    rules.Closed = [](int, int) { return true; };
+    gridDisplayEdit = new qt::EntryGrid("gridDisplayEdit", "Activities", std::move(rules));
+    gridDisplayEdit->setFocusPolicy(Qt::NoFocus);
+    page->addWidget(gridDisplayEdit, 1);
+}
+
+void frmPERT_CPM::AddActivities(QBoxLayout* row)
+{
+    QVBoxLayout* column = AddColumn(row);
+    qt::AddLabel(column, "lblActivityName", "Select Activity:");
+    lstActivityName = qt::AddList(column, "lstActivityName", "Activity");
+    for (int i = 1; i <= Problem.NumActivities; ++i)
+        lstActivityName->addItem(qt::ToQt(Problem.ActivityName(i)));
+    // A click on the current one shows its stored times again.
+    const auto show = [this] { qt::Trap([this] { ShowActivity(lstActivityName->currentRow() + 1); }); };
+    connect(lstActivityName, &QListWidget::currentRowChanged, this, show);
+    connect(lstActivityName, &QListWidget::itemClicked, this, show);
+}
+
+void frmPERT_CPM::AddPredecessors(QBoxLayout* row)
+{
+    QVBoxLayout* column = AddColumn(row);
+    lblPredecessor = qt::AddLabel(column, "lblPredecessor", "");
+    lstPredecessor = qt::AddList(column, "lstPredecessor", "Predecessors");
+    lstPredecessor->setSelectionMode(QAbstractItemView::MultiSelection);
+    connect(lstPredecessor, &QListWidget::itemSelectionChanged, this,
+            [this] { qt::Trap([this] { TakePredecessors(); }); });
+}
+
+void frmPERT_CPM::AddTimes(QBoxLayout* row)
+{
+    QVBoxLayout* column = AddColumn(row);
+    lblActivityTime = qt::AddLabel(column, "lblActivityTime", "");
+    auto* rows = new QFormLayout;
+    column->addLayout(rows);
+    for (const TimeField& field : Fields()) {
+        const std::size_t index = timeBoxes_.size();
+        timeBoxes_.push_back(qt::AddBox(rows, field.Name, field.Heading + std::string(":"),
+                                        [this, index](std::string_view) { return TakeTime(index); }));
+    }
+    column->addStretch();
+}
+
+// ---- what it shows ----
+
+void frmPERT_CPM::FillTable()
+{
+    constexpr int kPredecessorWidth = 24;
+    constexpr int kTimeWidth = 14;
+    const int n = Problem.NumActivities;
+    Grid& cells = gridDisplayEdit->Cells();
+    cells.Resize(n + kHeadingRows, ColumnOf(Fields().size()), kHeadingRows);
+    cells.SetText(1, 0, "Activity");
+    cells.SetText(0, kPredecessorColumn, "Immediate");
+    cells.SetText(1, kPredecessorColumn, "Predecessors");
+    cells.SetColumnWidth(kPredecessorColumn, kPredecessorWidth);
+    for (std::size_t k = 0; k < Fields().size(); ++k) {
+        cells.SetText(0, ColumnOf(k), Fields()[k].Heading);
+        cells.SetText(1, ColumnOf(k), "Time");
+        cells.SetColumnWidth(ColumnOf(k), kTimeWidth);
+    }
+    for (int i = 1; i <= n; ++i) {
+        cells.SetText(RowOf(i), 0, "       " + Problem.ActivityName(i));
+        cells.SetText(RowOf(i), kPredecessorColumn, VtPert_CPM::PredecessorText(i));
+        if (Session.NewProblem) continue;
+        for (std::size_t k = 0; k < Fields().size(); ++k)
+            cells.SetText(RowOf(i), ColumnOf(k), TimeText(Fields()[k], i));
+    }
+}
+
+void frmPERT_CPM::ShowActivity(int activity)
+{
+    if (activity < 1 || activity > Problem.NumActivities) return;
+    Problem.CurrentActivity = static_cast<std::int16_t>(activity);
+    const std::string letter = Problem.ActivityName(activity);
+    gridDisplayEdit->Cells().Select(RowOf(activity), kPredecessorColumn);
+    lblPredecessor->setText(qt::ToQt("Select Predecessor of " + letter + ":"));
+    lblActivityTime->setText(qt::ToQt("Enter Activity Time of " + letter + ":"));
+    ShowPredecessors(activity);
+    for (std::size_t k = 0; k < timeBoxes_.size(); ++k)
+        qt::SetTextOf(timeBoxes_[k], TimeText(Fields()[k], activity));
+}
+
+void frmPERT_CPM::ShowPredecessors(int activity)
+{
+    const QSignalBlocker nothingIsChosen(lstPredecessor);
+    lstPredecessor->clear();
+    for (int i = 1; i < activity; ++i)
+        lstPredecessor->addItem(qt::ToQt(Problem.ActivityName(i)));
+    for (const int predecessor : VtPert_CPM::PredecessorsOf(activity))
+        if (QListWidgetItem* item = lstPredecessor->item(predecessor - 1)) item->setSelected(true);
+}
+
+// ---- what is entered ----
+
+void frmPERT_CPM::TakePredecessors()
+{
+    std::vector<int> predecessors;
+    for (int row = 0; row < lstPredecessor->count(); ++row)
+        if (lstPredecessor->item(row)->isSelected()) predecessors.push_back(row + 1);
+    VtPert_CPM::TakePredecessors(predecessors);
+    const int activity = Problem.CurrentActivity;
+    gridDisplayEdit->Cells().SetText(RowOf(activity), kPredecessorColumn,
+                                     VtPert_CPM::PredecessorText(activity));
+}
+
+bool frmPERT_CPM::TakeTime(std::size_t index)
+{
+    const TimeField& field = Fields()[index];
+    const std::string text = qt::TextOf(timeBoxes_[index]);
+    if (!field.Take(text)) return false;
+    const int activity = Problem.CurrentActivity;
+    if (!text.empty())
+        gridDisplayEdit->Cells().SetText(RowOf(activity), ColumnOf(index), TimeText(field, activity));
+    return true;
+}
+
+void frmPERT_CPM::CheckTimes()
+{
+    for (const std::size_t index : MenuOrder()) {
+        if (TakeTime(index)) continue;
+        qt::SelectBox(timeBoxes_[index]);
+        CloseMenus();
+    }
+}

@@ -1,0 +1,42 @@
+// The activities of a project: the table of what has been entered, and below it the current activity with
+// its predecessors and times.
+#pragma once
+
+#include <vector>
+
+#include "qt/entrygrid.h"
+#include "qt/forms.h"
+
+class QBoxLayout;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QVBoxLayout;
+
+class frmPERT_CPM : public qt::ChildForm {
+    Q_OBJECT
+
+public:
+    explicit frmPERT_CPM(QWidget* parent);
+    void Unloading() override;
+
+private:
+    void AddTable(QVBoxLayout* page);
+    void AddActivities(QBoxLayout* row);
+    void AddPredecessors(QBoxLayout* row);
+    void AddTimes(QBoxLayout* row);
+
+    void FillTable();
+    void ShowActivity(int activity);
+    void ShowPredecessors(int activity);
+    void TakePredecessors();
+    bool TakeTime(std::size_t index);
+    void CheckTimes();
+
+    qt::EntryGrid* gridDisplayEdit = nullptr;
+    QListWidget* lstActivityName = nullptr;
+    QLabel* lblPredecessor = nullptr;
+    QListWidget* lstPredecessor = nullptr;
+    QLabel* lblActivityTime = nullptr;
+    std::vector<QLineEdit*> timeBoxes_;  // the one of a known time, or three
+};
