@@ -10,15 +10,87 @@ build_preset release benchmarks
 
 bench=build/release/bench
 out=build/bench
-page=docs/performance.md
 mkdir -p "$out"
-"$bench/engines" --benchmark_out="$out/engines.csv" --benchmark_out_format=csv >&2 2>/dev/null
+for program in engines solvers; do
+    "$bench/$program" --benchmark_out="$out/$program.csv" --benchmark_out_format=csv >/dev/null 2>&1
+done
 "$bench/bench_processes" "$bench" build/release/bin/vantrel-play >"$out/processes.md"
 
-# rows WHAT: name, size, microseconds of processor time of each benchmark of a kind, parted by tabs.
-rows() {
-    awk -F, -v what="$1" '/^"/ { gsub(/"/, "", $1); n = split($1, part, "/")
-        if (part[1] == what) { name = part[2]
-            for (i = 3; i < n && part[i] !~ /^[0-9]+$/; ++i) name = name "/" part[i]
-            size = part[i]; printf "%s\t%s\t%.1f\n", name, size, $4 } }' "$out/engines.csv"
+# times PROGRAM: name and microseconds of processor time, parted by a tab.
+times() {
+    awk -F, '/^"/ { gsub(/"/, "", $1); print $1 "\t" $4 }' "$out/$1.csv"
 }
+
+# A row a module at its limit; the names are WHAT/MODULE/SIZE, and a module's name may hold a "/".
+module_rows() {
+    times engines | awk -F'\t' '
+        { what = name = size = $1
+          sub(/\/.*/, "", what); sub(/^[^\/]*\//, "", name); sub(/\/[0-9]+$/, "", name); sub(/.*\//, "", size)
+          if (!(name in limit)) order[++count] = name
+          if (size + 0 >= limit[name]) limit[name] = size + 0
+          time[what, name, size + 0] = $2 }
+        END { for (i = 1; i <= count; ++i) { name = order[i]; most = limit[name]
+                  printf "| %s | %d | %.1f | %.1f | %.1f |\n", name, most, time["Read", name, most],
+                         time["Solve", name, most], time["Report", name, most] } }'
+}
+
+# How solving grows: a column of points for each module, as gnuplot reads them.
+growth() {
+    times engines | awk -F'\t' '/^Solve\// {
+        name = size = $1
+        sub(/^[^\/]*\//, "", name); sub(/\/[0-9]+$/, "", name); sub(/.*\//, "", size)
+        if (name != last) { if (last != "") print "\n"; print "\"" name "\""; last = name; step = 0 }
+        print ++step * 20, $2 }'
+}
+
+growth >"$out/growth.dat"
+gnuplot <<END
+set terminal svg size 760,460 font "sans,12" background "white"
+set output "docs/performance.svg"
+set key outside right
+set logscale y
+set xlabel "size, percent of the module's limit"
+set ylabel "microseconds"
+set grid
+plot for [module=0:*] "$out/growth.dat" index module using 1:2 with linespoints title columnheader(1)
+END
+
+solver_rows() {
+    times solvers | awk -F'\t' '{ time[$1] = $2 }
+        END { if (!("GLPK" in time)) { print "No general solver was installed."; exit }
+              print "| Vantrel, from the grids to the report | GLPK, `glp_simplex` | ratio |\n| --- | --- | --- |"
+              printf "| %.0f µs | %.0f µs | %.2f |\n", time["Vantrel"], time["GLPK"], time["Vantrel"] / time["GLPK"] }'
+}
+
+cat >docs/performance.md <<END
+# Speed in figures
+
+Made by \`tools/bench.sh\` on $(nproc) cores of an $(sed -n 's/^model name[^:]*: *//p' /proc/cpuinfo | head -1),
+all in one run.
+
+## Start and memory
+
+$(cat "$out/processes.md")
+
+## Each module at its limit
+
+Microseconds of processor time for reading the problem file, for the Solve command with its report on screen, and
+for the full report. The size counts constraints, with twice as many variables (linear programming; the integer
+program has 8 variables), origins and destinations, agents and tasks, nodes, with twice as many arcs, activities,
+discount categories, channels, alternatives and states and outcomes, periods, or states.
+
+| module | size | read | solve | report |
+| --- | --- | --- | --- | --- |
+$(module_rows)
+
+How solving grows with the size:
+
+![Time to solve, by module and size](performance.svg)
+
+## Beside a general solver
+
+A linear program of 50 constraints and 100 variables:
+
+$(solver_rows)
+END
+echo "Wrote docs/performance.md"

@@ -17,7 +17,7 @@ for script in docs/tour/*.play; do
     echo "Solved $name: $tour/$name.OUT, $tour/$name.png"
 done
 
-shown=$(ls "$tour"/*.OUT | head -1)
+shown=$tour/linear-programming.OUT
 echo
 echo "$shown:"
 echo
