@@ -18,12 +18,19 @@ std::string Written(const ModuleRoutines& routines)
     return writer.Text();
 }
 
+void ReadAndShow(const ModuleRoutines& routines, const std::string& text)
+{
+    RecordReader reader(text);
+    routines.Read(reader);
+    Session.NewProblem = false;
+    routines.Display();
+}
+
 // A file that can be read and is written again reads back as the same problem.
 void ClaimRoundTrip(const ModuleRoutines& routines)
 {
     const std::string first = Written(routines);
-    RecordReader reader(first);
-    routines.Read(reader);
+    ReadAndShow(routines, first);
     Claim(Written(routines) == first);
 }
 
@@ -47,11 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Commands::ChooseModule();
     const ModuleRoutines& routines = *CurrentModule().Routines;
     try {
-        RecordReader reader(TextOf(data, size));
-        routines.Read(reader);
+        ReadAndShow(routines, TextOf(data, size));
         ClaimRoundTrip(routines);
-        Session.NewProblem = false;
-        routines.Display();
         SolveAndReport(routines);
     } catch (const RuntimeError&) {
         return 0;  // what the command's trap would tell the user
