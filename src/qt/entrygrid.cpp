@@ -129,6 +129,7 @@ int EntryGrid::Column() const
 
 void EntryGrid::Resize(int rows, int columns, int fixedRows, int fixedColumns)
 {
+    if (rows < 0 || columns < 0) Raise(ErrorNumber::SubscriptOutOfRange);
     editing_ = false;
     model_->Resize(rows, columns, fixedRows, fixedColumns);
     characters_.assign(static_cast<std::size_t>(columns), kDefaultCharacters);

@@ -59,6 +59,7 @@ void FakeScreen::SetIndicator(std::string_view text)
 
 void FakeGrid::Resize(int rows, int columns, int fixedRows, int fixedColumns)
 {
+    if (rows < 0 || columns < 0) Raise(ErrorNumber::SubscriptOutOfRange);
     rows_ = rows;
     columns_ = columns;
     cells_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), {});
