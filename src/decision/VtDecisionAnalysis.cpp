@@ -3,6 +3,7 @@
 #include "basic/number.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
+#include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
@@ -265,8 +266,10 @@ bool AskSenseAndCriterion()
     } else {
         desktop::TheForms().ShowModal("frmdecnopt");
     }
-    if (Session.DialogCancelled) desktop::TheForms().FocusMenu();
-    return !Session.DialogCancelled;
+    if (!Session.DialogCancelled) return true;
+    Menus.SetEnabled(EditItemName(0), false);  // there is no report to come back from
+    desktop::TheForms().FocusMenu();
+    return false;
 }
 
 void TakeCriterion(bool maximize, int criterion)

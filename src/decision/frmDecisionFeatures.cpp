@@ -48,6 +48,7 @@ void frmDecisionFeatures::AddOptions(QFormLayout* rows)
                                    "(If yes, probabilities for Indicator (Sample) outcomes are requested.)");
     txtIndicator = qt::AddBox(rows, "txtIndicator",
                               "Number of Indicator Outcomes (MAX=10):", Decision::TakeIndicatorCount);
+    lblStrategyNote->setWordWrap(false);
     connect(chkStateProbs, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);
     connect(chkStrategy, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);
 }
@@ -59,6 +60,7 @@ void frmDecisionFeatures::ShowWhatApplies()
     chkStrategy->setVisible(states);
     lblStrategyNote->setVisible(states);
     qt::ShowRow(txtIndicator, chkStrategy->isChecked());
+    adjustSize();
 }
 
 void frmDecisionFeatures::Accept()

@@ -454,6 +454,18 @@ TEST_F(DecisionEntry, ACancelledCriterionSolvesNothing)
     }
 }
 
+TEST_F(DecisionEntry, ACancelledCriterionTakesTheReportOfAnEarlierSolveAway)
+{
+    NewProblem(false, false);
+    Fill(0, {{"1", "2"}, {"3", "4"}});
+    Commands::Solve();
+    desktop.forms.onModal["frmdecnopt"] = Decision::CancelDialog;
+    Commands::Solve();
+    EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
+    EXPECT_FALSE(Menus.Item("mnuSolutionPrinttoPrinter").Enabled);
+    EXPECT_FALSE(Menus.Item("mnudispeditsubs(0)").Enabled);
+}
+
 TEST_F(DecisionEntry, ASolvedProblemCanBePrintedAndGoneBackTo)
 {
     NewProblem(false, false);
