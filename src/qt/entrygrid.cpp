@@ -4,6 +4,8 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QResizeEvent>
+#include <QScrollBar>
 #include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
 
@@ -455,18 +457,31 @@ QSize EntryGrid::sizeHint() const
     const int frame = 2 * frameWidth();
     const int rowHeight = verticalHeader()->defaultSectionSize();
     const int rows = shownRows_ > 0 ? qMin(shownRows_, model_->Rows() - model_->FixedRows()) : kFirstRows;
-    const int captions = verticalHeader()->isVisible() ? verticalHeader()->width() : 0;
-    const int heading = horizontalHeader()->isVisible() ? horizontalHeader()->sizeHint().height() : 0;
+    const int captions = verticalHeader()->isHidden() ? 0 : verticalHeader()->width();
+    const bool scrolls = captions + horizontalHeader()->length() + frame > width();
+    const int bar = scrolls ? horizontalScrollBar()->sizeHint().height() : 0;
     const int column = fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDefaultCharacters + kCellPadding;
-    return {frame + captions + kFirstColumns * column, frame + heading + rows * rowHeight};
+    return {frame + captions + kFirstColumns * column, frame + HeadingHeight() + rows * rowHeight + bar};
 }
 
 QSize EntryGrid::minimumSizeHint() const
 {
     constexpr int kLeastRows = 2;
-    const int heading = horizontalHeader()->isVisible() ? horizontalHeader()->sizeHint().height() : 0;
     const int rows = kLeastRows * verticalHeader()->defaultSectionSize();
-    return {QTableView::minimumSizeHint().width(), heading + rows + 2 * frameWidth()};
+    return {QTableView::minimumSizeHint().width(), HeadingHeight() + rows + 2 * frameWidth()};
+}
+
+// A header counts before the grid is on screen, too.
+int EntryGrid::HeadingHeight() const
+{
+    return horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
+}
+
+// Whether the columns fit decides on the room for a scroll bar.
+void EntryGrid::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    if (event->oldSize().width() != event->size().width()) updateGeometry();
 }
 
 // The cells of the headers lie outside of the viewport.

@@ -72,6 +72,7 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* /*event*/) override {}
     void mouseReleaseEvent(QMouseEvent* /*event*/) override {}
@@ -109,6 +110,7 @@ private:
     [[nodiscard]] int RowsOfPage() const;
     void GoTo(int row, int column);
 
+    [[nodiscard]] int HeadingHeight() const;
     void Measure();  // everything that follows the font
     void FitColumn(int column);
     void Widen(int column, const QString& text);
