@@ -487,3 +487,25 @@ TEST_F(EntryGridTest, AKeyTakesLessThanTwoMilliseconds)
     }
     EXPECT_LT(clock.elapsed(), 2 * kKeys);
 }
+
+TEST_F(EntryGridTest, IsAsHighAsItsRowsBeforeItIsOnScreen)
+{
+    qt::EntryGrid hidden("grid", "Numbers", Numbers());
+    hidden.ShowRows(10);
+    hidden.Cells().Resize(3, 3);
+    Open(Numbers(), 3, 3);
+    grid->ShowRows(10);
+    EXPECT_EQ(hidden.sizeHint().height(), grid->sizeHint().height());
+}
+
+TEST_F(EntryGridTest, HasRoomForTheScrollBarThatItsColumnsNeed)
+{
+    Open(Numbers(), 3, 3);
+    grid->ShowRows(10);
+    window.resize(800, 600);
+    QTest::qWait(0);
+    const int without = grid->sizeHint().height();
+    window.resize(150, 600);
+    QTest::qWait(0);
+    EXPECT_GT(grid->sizeHint().height(), without);
+}
