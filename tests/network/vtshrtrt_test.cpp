@@ -155,6 +155,7 @@ protected:
     {
         const FakeGrid& grid = desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit");
         std::vector<Texts> rows;
+        rows.reserve(static_cast<std::size_t>(grid.Rows()));
         for (int row = 0; row < grid.Rows(); ++row)
             rows.push_back(grid.RowTexts(row));
         return rows;
@@ -289,6 +290,7 @@ std::vector<TestArc> RandomArcs(std::mt19937& random, int nodes, int arcs)
     std::uniform_int_distribution<int> node(1, nodes);
     std::uniform_int_distribution<int> length(0, 8);
     std::vector<TestArc> network;
+    network.reserve(static_cast<std::size_t>(arcs));
     for (int k = 0; k < arcs; ++k)
         network.push_back({node(random), node(random), length(random) / 4.0});
     return network;
@@ -340,7 +342,7 @@ int KruskalLength(const Joined& joined, int nodes)
 {
     std::vector<std::pair<int, std::pair<int, int>>> arcs;
     for (const auto& [ends, length] : joined)
-        if (ends.first < ends.second) arcs.push_back({length, ends});
+        if (ends.first < ends.second) arcs.emplace_back(length, ends);
     std::sort(arcs.begin(), arcs.end());
     std::vector<int> group(static_cast<std::size_t>(nodes) + 1);
     std::iota(group.begin(), group.end(), 0);

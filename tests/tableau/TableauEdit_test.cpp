@@ -25,6 +25,7 @@ protected:
     std::vector<Texts> Cells()
     {
         std::vector<Texts> rows;
+        rows.reserve(static_cast<std::size_t>(TheGrid().Rows()));
         for (int row = 0; row < TheGrid().Rows(); ++row)
             rows.push_back(TheGrid().RowTexts(row));
         return rows;

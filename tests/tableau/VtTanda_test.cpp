@@ -17,7 +17,7 @@ protected:
     Cells() { GiveTransportation({{0, 0}, {0, 0}}, {0, 0}, {0, 0}); }
 
     // The nine lines of the notice about a value that is too large; none when it was not shown.
-    std::vector<std::string> Notice()
+    [[nodiscard]] std::vector<std::string> Notice() const
     {
         if (desktop.forms.modals != std::vector<std::string>{"frmErrorMsg"}) return {};
         return {CurrentErrorLines().begin(), CurrentErrorLines().end()};

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "shell/solution.h"
 #include "support/fake_desktop.h"
 #include "tableau/tables.h"
@@ -12,7 +14,6 @@ namespace {
 
 using Tableau::Problem;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using Lines = std::vector<std::string>;
 
 class TransportationReport : public testing::Test {
@@ -136,11 +137,14 @@ TEST_F(TransportationReport, BlocksHoldNineDestinationsEach)
 // Blanks between "FROM" and "TO DESTINATION" for 1 to 9 columns.
 TEST_F(TransportationReport, TheHeaderWidensWithItsBlock)
 {
-    constexpr int kGaps[] = {3, 4, 8, 11, 15, 18, 22, 25, 29};
+    constexpr std::array kGaps = {3, 4, 8, 11, 15, 18, 22, 25, 29};
     for (int columns = 1; columns <= 9; ++columns) {
         GiveLines(1, columns);
-        EXPECT_EQ(Shown()[0], "  FROM" + std::string(static_cast<std::size_t>(kGaps[columns - 1]), ' ') +
-                                  "TO DESTINATION");
+        EXPECT_EQ(
+            Shown()[0],
+            "  FROM" +
+                std::string(static_cast<std::size_t>(kGaps.at(static_cast<std::size_t>(columns) - 1)), ' ') +
+                "TO DESTINATION");
     }
 }
 
