@@ -20,8 +20,6 @@ namespace qt {
 namespace {
 
 constexpr int kDefaultCharacters = 10;
-constexpr int kFirstRows = 12;  // rows and columns in sight where nothing else decides
-constexpr int kFirstColumns = 5;
 constexpr int kCellPadding = 14;  // beside a text, both sides together
 
 }  // namespace
@@ -61,22 +59,33 @@ private:
     EntryGrid& grid_;
 };
 
-// A cell in edit has a caret behind its text.
+// Only the grid that has the focus fills its current cell, another one frames it. A cell in edit has a caret
+// behind its text.
 class EntryGrid::CellPainter : public QStyledItemDelegate {
 public:
     explicit CellPainter(EntryGrid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
-        QStyledItemDelegate::paint(painter, option, index);
-        if (!grid_.editing_ || index != grid_.currentIndex()) return;
-        constexpr int kInset = 2;
-        painter->setPen(option.palette.color(QPalette::HighlightedText));
-        painter->drawLine(option.rect.topRight() + QPoint(-kInset, kInset),
-                          option.rect.bottomRight() - QPoint(kInset, kInset));
+        QStyleOptionViewItem cell = option;
+        const bool filled = grid_.hasFocus();
+        cell.state.setFlag(QStyle::State_Selected, filled && index == grid_.currentIndex());
+        cell.state.setFlag(QStyle::State_HasFocus, false);
+        QStyledItemDelegate::paint(painter, cell, index);
+        if (index != grid_.currentIndex()) return;
+        painter->setPen(option.palette.color(filled ? QPalette::HighlightedText : QPalette::Highlight));
+        if (!filled) painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+        if (filled && grid_.editing_) DrawCaret(*painter, option.rect);
     }
 
 private:
+    static void DrawCaret(QPainter& painter, const QRect& cell)
+    {
+        constexpr int kInset = 2;
+        painter.drawLine(cell.topRight() + QPoint(-kInset, kInset),
+                         cell.bottomRight() - QPoint(kInset, kInset));
+    }
+
     EntryGrid& grid_;
 };
 
@@ -100,6 +109,7 @@ EntryGrid::EntryGrid(const char* name, std::string_view description, EntryRules 
     }
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setCornerButtonEnabled(false);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
     if (auto* corner = findChild<QAbstractButton*>()) corner->installEventFilter(this);
     Measure();
     if (auto* application = qobject_cast<Application*>(qApp))
@@ -444,6 +454,7 @@ void EntryGrid::SetWidth(int column, int width)
         verticalHeader()->setFixedWidth(width);
     else
         setColumnWidth(column, width);
+    updateGeometry();
 }
 
 void EntryGrid::ShowRows(int most)
@@ -452,36 +463,30 @@ void EntryGrid::ShowRows(int most)
     updateGeometry();
 }
 
+// A header counts before the grid is on screen, too.
+int EntryGrid::HeightOfRows(int rows) const
+{
+    const int heading = horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
+    return heading + rows * verticalHeader()->defaultSectionSize() + 2 * frameWidth();
+}
+
+// As large as its cells; where there is less room, a scroll bar takes none from them.
 QSize EntryGrid::sizeHint() const
 {
-    const int frame = 2 * frameWidth();
-    const int rowHeight = verticalHeader()->defaultSectionSize();
-    const int rows = shownRows_ > 0 ? qMin(shownRows_, model_->Rows() - model_->FixedRows()) : kFirstRows;
-    const int captions = verticalHeader()->isHidden() ? 0 : verticalHeader()->width();
-    const bool scrolls = captions + horizontalHeader()->length() + frame > width();
-    const int bar = scrolls ? horizontalScrollBar()->sizeHint().height() : 0;
-    const int column = fontMetrics().horizontalAdvance(QLatin1Char('0')) * kDefaultCharacters + kCellPadding;
-    return {frame + captions + kFirstColumns * column, frame + HeadingHeight() + rows * rowHeight + bar};
+    const int captions = verticalHeader()->isHidden() ? 0 : verticalHeader()->minimumWidth();
+    const int rows = model_->Rows() - model_->FixedRows();
+    const int width = captions + horizontalHeader()->length() + 2 * frameWidth();
+    const int height = HeightOfRows(shownRows_ > 0 ? qMin(rows, shownRows_) : rows);
+    const int bottomBar = this->width() < width ? horizontalScrollBar()->sizeHint().height() : 0;
+    const int sideBar = this->height() < HeightOfRows(rows) ? verticalScrollBar()->sizeHint().width() : 0;
+    return {width + sideBar, height + bottomBar};
 }
 
 QSize EntryGrid::minimumSizeHint() const
 {
     constexpr int kLeastRows = 2;
-    const int rows = kLeastRows * verticalHeader()->defaultSectionSize();
-    return {QTableView::minimumSizeHint().width(), HeadingHeight() + rows + 2 * frameWidth()};
-}
-
-// A header counts before the grid is on screen, too.
-int EntryGrid::HeadingHeight() const
-{
-    return horizontalHeader()->isHidden() ? 0 : horizontalHeader()->sizeHint().height();
-}
-
-// Whether the columns fit decides on the room for a scroll bar.
-void EntryGrid::resizeEvent(QResizeEvent* event)
-{
-    QTableView::resizeEvent(event);
-    if (event->oldSize().width() != event->size().width()) updateGeometry();
+    return {QTableView::minimumSizeHint().width(),
+            HeightOfRows(qMin(kLeastRows, model_->Rows() - model_->FixedRows()))};
 }
 
 // The cells of the headers lie outside of the viewport.
@@ -492,6 +497,13 @@ QRect EntryGrid::visualRect(const QModelIndex& index) const
     const QPoint outside(-verticalHeader()->width(), -horizontalHeader()->height());
     return {index.column() < model_->FixedColumns() ? outside.x() : columnViewportPosition(index.column()),
             index.row() < model_->FixedRows() ? outside.y() : rowViewportPosition(index.row()), 1, 1};
+}
+
+// Whether the cells fit decides on the room for the scroll bars.
+void EntryGrid::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    updateGeometry();
 }
 
 void EntryGrid::changeEvent(QEvent* event)

@@ -63,7 +63,7 @@ public:
     // Whether the current cell holds text that has not been committed.
     [[nodiscard]] bool IsEditing() const { return editing_; }
 
-    // The grid is as high as its rows up to this number of them; beyond it scrolls.
+    // Not higher than this number of rows, however much room there is.
     void ShowRows(int most);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -110,20 +110,20 @@ private:
     [[nodiscard]] int RowsOfPage() const;
     void GoTo(int row, int column);
 
-    [[nodiscard]] int HeadingHeight() const;
     void Measure();  // everything that follows the font
     void FitColumn(int column);
     void Widen(int column, const QString& text);
     void SetWidth(int column, int width);
     [[nodiscard]] int AskedWidth(int column) const;
     [[nodiscard]] int WidthOf(const QString& text) const;
+    [[nodiscard]] int HeightOfRows(int rows) const;
     void PaintCorner(QWidget& corner) const;
 
     GridModel* model_;
     std::unique_ptr<CellsOfGrid> cells_;
     EntryRules rules_;
     std::vector<int> characters_;  // the width of each column
-    int shownRows_ = 0;            // 0: as many as there is room for
+    int shownRows_ = 0;            // 0: no limit
 
     bool editing_ = false;
     QString typed_;   // the text that the edit has made so far

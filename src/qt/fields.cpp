@@ -12,6 +12,8 @@
 namespace qt {
 namespace {
 
+constexpr int kTextLines = 9;  // of a text to read; more of them scroll
+
 // A text box whose whole text is selected whenever it gets the focus.
 class TextBox : public QLineEdit {
 protected:
@@ -196,6 +198,7 @@ QPlainTextEdit* AddText(QLayout* layout, const char* name, std::string_view desc
     page->setReadOnly(true);
     page->setFrameShape(QFrame::NoFrame);
     page->viewport()->setAutoFillBackground(false);
+    page->setFixedHeight(kTextLines * page->fontMetrics().lineSpacing());
     Put(layout, page);
     return page;
 }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPlainTextEdit>
@@ -35,11 +36,20 @@ void CancelOrUnload(const QWidget& form)
         cancel->click();
 }
 
+// What the contents of a window need, labels broken into lines at its width included.
+QSize NeededSize(const QWidget& window)
+{
+    QSize size = window.sizeHint();
+    const QLayout* layout = window.layout();
+    if (layout != nullptr && layout->hasHeightForWidth())
+        size.setHeight(layout->totalHeightForWidth(size.width()));
+    return size;
+}
+
 void CentreOver(QWidget& window, const QWidget* main)
 {
-    window.adjustSize();
     const QRect screen = window.screen()->availableGeometry();
-    QRect place(QPoint(), window.size().boundedTo(screen.size()));
+    QRect place(QPoint(), NeededSize(window).boundedTo(screen.size()));
     place.moveCenter(main != nullptr && main->isVisible() ? main->frameGeometry().center() : screen.center());
     place.moveTo(qBound(screen.left(), place.left(), screen.right() - place.width() + 1),
                  qBound(screen.top(), place.top(), screen.bottom() - place.height() + 1));
@@ -133,6 +143,15 @@ void ModalForm::ClosedByHand()
 void ModalForm::reject()
 {
     Trap([this] { ClosedByHand(); });
+}
+
+// A dialog grows with fields that come up while it is shown.
+bool ModalForm::event(QEvent* event)
+{
+    const bool done = QDialog::event(event);
+    if (event->type() == QEvent::LayoutRequest && isVisible())
+        resize(size().expandedTo(NeededSize(*this)).boundedTo(screen()->availableSize()));
+    return done;
 }
 
 struct QtForms::Entry {

@@ -57,6 +57,9 @@ public:
     explicit ModalForm(QWidget* parent);
     void ClosedByHand() override;
     void reject() override;
+
+protected:
+    bool event(QEvent* event) override;
 };
 
 class QtForms : public ::Forms {

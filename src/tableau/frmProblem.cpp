@@ -37,6 +37,7 @@ void frmProblem::AddProblem(QLayout* page)
     gridDisplayEdit = new qt::EntryGrid("gridDisplayEdit", "Problem data", Rules());
     gridDisplayEdit->hide();
     page->addWidget(gridDisplayEdit);
+    page->setAlignment(gridDisplayEdit, Qt::AlignHCenter);
     QLabel* advice = qt::AddLabel(page, "lblInfo", "");
     qt::PassClickToMenu(advice);
     advice->hide();
