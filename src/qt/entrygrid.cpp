@@ -59,31 +59,51 @@ private:
     EntryGrid& grid_;
 };
 
-// Only the grid that has the focus fills its current cell, another one frames it. A cell in edit has a caret
-// behind its text.
+// Draws a cell with the lines around it. The grid that has the focus fills its current cell, another one
+// frames it; a cell in edit has a caret behind its text.
 class EntryGrid::CellPainter : public QStyledItemDelegate {
 public:
     explicit CellPainter(EntryGrid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
     {
+        const bool current = index == grid_.currentIndex();
+        const bool filled = current && grid_.hasFocus();
         QStyleOptionViewItem cell = option;
-        const bool filled = grid_.hasFocus();
-        cell.state.setFlag(QStyle::State_Selected, filled && index == grid_.currentIndex());
+        cell.state.setFlag(QStyle::State_Selected, filled);
         cell.state.setFlag(QStyle::State_HasFocus, false);
         QStyledItemDelegate::paint(painter, cell, index);
-        if (index != grid_.currentIndex()) return;
-        painter->setPen(option.palette.color(filled ? QPalette::HighlightedText : QPalette::Highlight));
-        if (!filled) painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
-        if (filled && grid_.editing_) DrawCaret(*painter, option.rect);
+        DrawLines(*painter, option);
+        if (current && !filled) DrawFrame(*painter, option);
+        if (filled && grid_.editing_) DrawCaret(*painter, option);
     }
 
 private:
-    static void DrawCaret(QPainter& painter, const QRect& cell)
+    // Between the colours of text and ground, so that it shows in a dark palette as well.
+    static void DrawLines(QPainter& painter, const QStyleOptionViewItem& cell)
     {
-        constexpr int kInset = 2;
-        painter.drawLine(cell.topRight() + QPoint(-kInset, kInset),
-                         cell.bottomRight() - QPoint(kInset, kInset));
+        constexpr float kShare = 0.25F;
+        const QColor text = cell.palette.color(QPalette::Text);
+        const QColor base = cell.palette.color(QPalette::Base);
+        const auto mix = [](float a, float b) { return kShare * a + (1 - kShare) * b; };
+        painter.setPen(QColor::fromRgbF(mix(text.redF(), base.redF()), mix(text.greenF(), base.greenF()),
+                                        mix(text.blueF(), base.blueF())));
+        painter.drawLine(cell.rect.bottomLeft(), cell.rect.bottomRight());
+        painter.drawLine(cell.rect.topRight(), cell.rect.bottomRight());
+    }
+
+    static void DrawFrame(QPainter& painter, const QStyleOptionViewItem& cell)
+    {
+        painter.setPen(cell.palette.color(QPalette::Highlight));
+        painter.drawRect(cell.rect.adjusted(0, 0, -1, -1));
+    }
+
+    static void DrawCaret(QPainter& painter, const QStyleOptionViewItem& cell)
+    {
+        constexpr int kInset = 3;
+        painter.setPen(cell.palette.color(QPalette::HighlightedText));
+        painter.drawLine(cell.rect.topRight() + QPoint(-kInset, kInset),
+                         cell.rect.bottomRight() - QPoint(kInset, kInset));
     }
 
     EntryGrid& grid_;
@@ -97,15 +117,15 @@ EntryGrid::EntryGrid(const char* name, std::string_view description, EntryRules 
     setModel(model_);
     setItemDelegate(new CellPainter(*this));
     setEditTriggers(NoEditTriggers);
-    setSelectionMode(SingleSelection);
-    setSelectionBehavior(SelectItems);
+    setSelectionMode(NoSelection);
+    setShowGrid(false);
     setTabKeyNavigation(false);
     setWordWrap(false);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setHorizontalScrollMode(ScrollPerPixel);
     for (QHeaderView* header : {horizontalHeader(), verticalHeader()}) {
         header->setSectionsClickable(false);
-        header->setHighlightSections(true);
+        header->setHighlightSections(false);
     }
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setCornerButtonEnabled(false);
@@ -406,7 +426,7 @@ int EntryGrid::RowsOfPage() const
 void EntryGrid::GoTo(int row, int column)
 {
     const QModelIndex cell = model_->index(row, column);
-    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     scrollTo(cell);
 }
 
@@ -499,10 +519,13 @@ QRect EntryGrid::visualRect(const QModelIndex& index) const
             index.row() < model_->FixedRows() ? outside.y() : rowViewportPosition(index.row()), 1, 1};
 }
 
-// Whether the cells fit decides on the room for the scroll bars.
+// Whether the cells fit decides on the room for the scroll bars, and on what has to be scrolled away.
 void EntryGrid::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
+    scrollToTop();
+    horizontalScrollBar()->setValue(0);
+    scrollTo(currentIndex());
     updateGeometry();
 }
 
