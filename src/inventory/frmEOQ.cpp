@@ -1,6 +1,6 @@
 #include "inventory/frmEOQ.h"
 
-frmEOQ::frmEOQ(QWidget* parent) : frmInventory(parent, "frmEOQ", " Economic Order Quantity")
+frmEOQ::frmEOQ(QWidget* parent) : InventoryForm(parent, "frmEOQ", " Economic Order Quantity")
 {
     AddAnnualDemand("txtEOQ(0)");
     AddOrderCost("txtEOQ(1)");

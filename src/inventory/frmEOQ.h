@@ -3,7 +3,7 @@
 
 #include "inventory/frmInventory.h"
 
-class frmEOQ : public frmInventory {
+class frmEOQ : public InventoryForm {
     Q_OBJECT
 public:
     explicit frmEOQ(QWidget* parent);

@@ -18,31 +18,31 @@ bool TakeFirstHoldingBox(std::string_view text)
 
 }  // namespace
 
-void frmInventory::AddField(const char* name, std::string_view label, Take take, const Variant& value)
+void InventoryForm::AddField(const char* name, std::string_view label, Take take, const Variant& value)
 {
     AddField(Rows(), name, label, take, value.Text());
 }
 
-void frmInventory::AddAnnualDemand(const char* name)
+void InventoryForm::AddAnnualDemand(const char* name)
 {
     AddField(name, "Annual Demand Rate (Units/Year):", VtInvent::TakeAnnualDemand, Problem.AnnualDemand);
 }
 
-void frmInventory::AddOrderCost(const char* name)
+void InventoryForm::AddOrderCost(const char* name)
 {
     AddField(name, "Ordering Cost ($/Order):", VtInvent::TakeOrderCost, Problem.OrderCost);
 }
 
-void frmInventory::AddWorkingDays(const char* name)
+void InventoryForm::AddWorkingDays(const char* name)
 {
     workingDays_ = AddField(Rows(), name, "Number of Working Days per Year:", VtInvent::TakeWorkingDays,
                             VtInvent::OpeningWorkingDays());
-    qt::AddLabel(Rows(), "lblWorkingDays", "(250 days/year is common)");
+    qt::AddLabel(Rows(), "", "(250 days/year is common)");
 }
 
-QComboBox* frmInventory::AddChoice(QFormLayout* rows, const char* name, std::string_view label,
-                                   const std::vector<std::string_view>& items, int current,
-                                   std::function<void(int index)> chosen)
+QComboBox* InventoryForm::AddChoice(QFormLayout* rows, const char* name, std::string_view label,
+                                    const std::vector<std::string_view>& items, int current,
+                                    std::function<void(int index)> chosen)
 {
     QComboBox* combo = qt::AddCombo(rows, name, label);
     for (const std::string_view item : items)
@@ -53,7 +53,7 @@ QComboBox* frmInventory::AddChoice(QFormLayout* rows, const char* name, std::str
 }
 
 // The lines of the list are the values of the method.
-void frmInventory::AddHoldingCost()
+void InventoryForm::AddHoldingCost()
 {
     const int method = VtInvent::OpeningHoldingMethod();
     VtInvent::ChooseHoldingMethod(method);
@@ -66,13 +66,13 @@ void frmInventory::AddHoldingCost()
     ShowHoldingMethod();
 }
 
-void frmInventory::ShowHoldingMethod()
+void InventoryForm::ShowHoldingMethod()
 {
     qt::SetRowLabel(txtFrame1_, HoldsPercent() ? "Percent of Unit Cost (0-100):" : "Dollar Amount per Unit:");
     qt::ShowRow(txtframe2_, HoldsPercent());
 }
 
-void frmInventory::ChooseHoldingMethod(int method)
+void InventoryForm::ChooseHoldingMethod(int method)
 {
     VtInvent::ChooseHoldingMethod(method);
     txtFrame1_->clear();
@@ -80,7 +80,7 @@ void frmInventory::ChooseHoldingMethod(int method)
     ShowHoldingMethod();
 }
 
-void frmInventory::AddReorderPoint()
+void InventoryForm::AddReorderPoint()
 {
     const bool compute = Problem.ComputeReorderPoint != 0;
     QCheckBox* check = qt::AddCheck(Rows(), "chkreorderpoint", "Compute Reorder Point?");
@@ -88,16 +88,16 @@ void frmInventory::AddReorderPoint()
     txtleadtime_ = AddField(Rows(), "txtleadtime", "Enter Lead Time in days:", VtInvent::TakeLeadTime,
                             Problem.LeadTimeDays.Text());
     qt::ShowRow(txtleadtime_, compute);
-    connect(check, &QCheckBox::toggled, this, &frmInventory::ChooseReorderPoint);
+    connect(check, &QCheckBox::toggled, this, &InventoryForm::ChooseReorderPoint);
 }
 
-void frmInventory::ChooseReorderPoint(bool compute)
+void InventoryForm::ChooseReorderPoint(bool compute)
 {
     VtInvent::ChooseReorderPoint(compute);
     qt::ShowRow(txtleadtime_, compute);
 }
 
-bool frmInventory::Keep()
+bool InventoryForm::Keep()
 {
     if (workingDays_ != nullptr) VtInvent::KeepWorkingDays(qt::TextOf(workingDays_));
     if (txtFrame1_ != nullptr) VtInvent::KeepHoldingCost(qt::TextOf(txtFrame1_), qt::TextOf(txtframe2_));

@@ -5,11 +5,11 @@
 #include "inventory/VtInvent.h"
 #include "shell/frmModelEntry.h"
 
-class frmInventory : public frmModelEntry {
+class InventoryForm : public ModelEntryForm {
     Q_OBJECT
 
 protected:
-    using frmModelEntry::frmModelEntry;
+    using ModelEntryForm::ModelEntryForm;
 
     using Take = bool (*)(std::string_view text);
 
@@ -26,7 +26,7 @@ protected:
 
     bool Keep() override;
 
-    using frmModelEntry::AddField;
+    using ModelEntryForm::AddField;
 
 private:
     bool& Saved() override { return VtInvent::Problem.Saved; }

@@ -25,7 +25,7 @@ bool TakeLargeValue(std::string_view text)
 }  // namespace
 
 frmOnePeriodProb::frmOnePeriodProb(QWidget* parent)
-    : frmInventory(parent, "frmOnePeriodProb", " Single Period / Probabilistic Demand")
+    : InventoryForm(parent, "frmOnePeriodProb", " Single Period / Probabilistic Demand")
 {
     AddField("txtOnePeriodProb(0)", "Per Unit Cost of Overestimating Demand:", VtInvent::TakeOverCost,
              Problem.OrderCost);
@@ -48,8 +48,8 @@ void frmOnePeriodProb::AddDistribution()
               });
     const Variant& small = IsNormal() ? Problem.MeanDemand : Problem.LowestDemand;
     const Variant& large = IsNormal() ? Problem.DemandStdDev : Problem.HighestDemand;
-    txtSmallValue_ = frmModelEntry::AddField(Rows(), "txtSmallValue", "", TakeSmallValue, small.Text());
-    txtLargeValue_ = frmModelEntry::AddField(Rows(), "txtLargeValue", "", TakeLargeValue, large.Text());
+    txtSmallValue_ = ModelEntryForm::AddField(Rows(), "txtSmallValue", "", TakeSmallValue, small.Text());
+    txtLargeValue_ = ModelEntryForm::AddField(Rows(), "txtLargeValue", "", TakeLargeValue, large.Text());
     ShowDistribution();
 }
 

@@ -3,7 +3,7 @@
 
 #include "inventory/frmInventory.h"
 
-class frmOnePeriodProb : public frmInventory {
+class frmOnePeriodProb : public InventoryForm {
     Q_OBJECT
 public:
     explicit frmOnePeriodProb(QWidget* parent);

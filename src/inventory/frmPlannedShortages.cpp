@@ -3,7 +3,7 @@
 using VtInvent::Problem;
 
 frmPlannedShortages::frmPlannedShortages(QWidget* parent)
-    : frmInventory(parent, "frmPlannedShortages", " Planned Shortages")
+    : InventoryForm(parent, "frmPlannedShortages", " Planned Shortages")
 {
     AddAnnualDemand("txtPlannedShortages(0)");
     AddOrderCost("txtPlannedShortages(1)");

@@ -3,7 +3,7 @@
 
 #include "inventory/frmInventory.h"
 
-class frmPlannedShortages : public frmInventory {
+class frmPlannedShortages : public InventoryForm {
     Q_OBJECT
 public:
     explicit frmPlannedShortages(QWidget* parent);

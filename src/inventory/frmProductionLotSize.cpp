@@ -3,7 +3,7 @@
 using VtInvent::Problem;
 
 frmProductionLotSize::frmProductionLotSize(QWidget* parent)
-    : frmInventory(parent, "frmProductionLotSize", " Production Lot Size")
+    : InventoryForm(parent, "frmProductionLotSize", " Production Lot Size")
 {
     AddAnnualDemand("txtProdLot(0)");
     AddField("txtProdLot(1)", "Annual Production Rate (Units/Year):", VtInvent::TakeProductionRate,

@@ -3,7 +3,7 @@
 
 #include "inventory/frmInventory.h"
 
-class frmProductionLotSize : public frmInventory {
+class frmProductionLotSize : public InventoryForm {
     Q_OBJECT
 public:
     explicit frmProductionLotSize(QWidget* parent);

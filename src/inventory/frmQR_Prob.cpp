@@ -20,7 +20,8 @@ bool TakeStockout(std::string_view text)
 
 }  // namespace
 
-frmQR_Prob::frmQR_Prob(QWidget* parent) : frmInventory(parent, "frmQR_Prob", " Q/R with Probabilistic Demand")
+frmQR_Prob::frmQR_Prob(QWidget* parent)
+    : InventoryForm(parent, "frmQR_Prob", " Q/R with Probabilistic Demand")
 {
     AddAnnualDemand("txtQR_Prob(0)");
     AddOrderCost("txtQR_Prob(1)");
@@ -33,13 +34,12 @@ frmQR_Prob::frmQR_Prob(QWidget* parent) : frmInventory(parent, "frmQR_Prob", " Q
 
 void frmQR_Prob::AddLeadTimeDemand()
 {
-    QGroupBox* frame =
-        qt::AddFrame(Rows(), "frameLeadTime", "Normal Distribution of Demand During Leadtime:");
+    QGroupBox* frame = qt::AddFrame(Rows(), "", "Normal Distribution of Demand During Leadtime:");
     auto* rows = new QFormLayout;
     static_cast<QBoxLayout*>(frame->layout())->addLayout(rows);
-    frmModelEntry::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand, Problem.MeanDemand.Text());
-    frmModelEntry::AddField(rows, "txtStdDev", "Standard Deviation:", VtInvent::TakeDemandStdDev,
-                            Problem.DemandStdDev.Text());
+    ModelEntryForm::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand, Problem.MeanDemand.Text());
+    ModelEntryForm::AddField(rows, "txtStdDev", "Standard Deviation:", VtInvent::TakeDemandStdDev,
+                             Problem.DemandStdDev.Text());
 }
 
 void frmQR_Prob::AddService()
@@ -53,7 +53,7 @@ void frmQR_Prob::AddService()
                   ShowServiceMethod();
               });
     const Variant& value = GivesProbability() ? Problem.StockoutProbability : Problem.AllowedStockouts;
-    txtStockout_ = frmModelEntry::AddField(Rows(), "txtStockout", "", TakeStockout, value.Text());
+    txtStockout_ = ModelEntryForm::AddField(Rows(), "txtStockout", "", TakeStockout, value.Text());
     ShowServiceMethod();
 }
 

@@ -3,7 +3,7 @@
 
 #include "inventory/frmInventory.h"
 
-class frmQR_Prob : public frmInventory {
+class frmQR_Prob : public InventoryForm {
     Q_OBJECT
 public:
     explicit frmQR_Prob(QWidget* parent);

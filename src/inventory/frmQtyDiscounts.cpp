@@ -5,7 +5,7 @@
 using VtInvent::Problem;
 
 frmQtyDiscounts::frmQtyDiscounts(QWidget* parent)
-    : frmInventory(parent, "frmQtyDiscounts", " Quantity Discounts")
+    : InventoryForm(parent, "frmQtyDiscounts", " Quantity Discounts")
 {
     AddAnnualDemand("txtQtyDiscounts(0)");
     AddOrderCost("txtQtyDiscounts(1)");
@@ -20,7 +20,7 @@ frmQtyDiscounts::frmQtyDiscounts(QWidget* parent)
 
 void frmQtyDiscounts::AddCategories()
 {
-    QGroupBox* frame = qt::AddFrame(Rows(), "frameCategories", "Cost/Quantity Information");
+    QGroupBox* frame = qt::AddFrame(Rows(), "", "Cost/Quantity Information");
     auto* table = new QGridLayout;
     static_cast<QBoxLayout*>(frame->layout())->addLayout(table);
     table->addWidget(new QLabel("Category"), 0, 0);
@@ -57,5 +57,5 @@ std::vector<QLineEdit*> frmQtyDiscounts::AddColumn(QGridLayout* table, int colum
 bool frmQtyDiscounts::Keep()
 {
     VtInvent::KeepFirstMinimum(qt::TextOf(txtMinQty_.front()));
-    return frmInventory::Keep();
+    return InventoryForm::Keep();
 }

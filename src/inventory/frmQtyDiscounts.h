@@ -5,7 +5,7 @@
 
 class QGridLayout;
 
-class frmQtyDiscounts : public frmInventory {
+class frmQtyDiscounts : public InventoryForm {
     Q_OBJECT
 public:
     explicit frmQtyDiscounts(QWidget* parent);

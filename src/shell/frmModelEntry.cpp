@@ -3,15 +3,15 @@
 #include "desktop/desktop.h"
 #include "qt/text.h"
 
-frmModelEntry::frmModelEntry(QWidget* parent, const char* name, std::string_view title)
+ModelEntryForm::ModelEntryForm(QWidget* parent, const char* name, std::string_view title)
     : qt::ModalForm(parent), rows_(new QFormLayout(this))
 {
     setObjectName(QString::fromUtf8(name));
     setWindowTitle(qt::ToQt(title));
 }
 
-QLineEdit* frmModelEntry::AddField(QFormLayout* rows, const char* name, std::string_view label,
-                                   qt::TextCheck check, std::string_view text, const char* labelName)
+QLineEdit* ModelEntryForm::AddField(QFormLayout* rows, const char* name, std::string_view label,
+                                    qt::TextCheck check, std::string_view text, const char* labelName)
 {
     QLineEdit* box = qt::AddBox(rows, name, label, std::move(check), labelName);
     qt::SetTextOf(box, text);
@@ -19,12 +19,12 @@ QLineEdit* frmModelEntry::AddField(QFormLayout* rows, const char* name, std::str
     return box;
 }
 
-void frmModelEntry::Require(QLineEdit* box)
+void ModelEntryForm::Require(QLineEdit* box)
 {
     required_.push_back(box);
 }
 
-void frmModelEntry::AddButtons()
+void ModelEntryForm::AddButtons()
 {
     QHBoxLayout* buttons = qt::AddButtonRow(rows_);
     qt::AddButton(buttons, "cmdSolve", "Solve", [this] { Leave(FormExit::Solve); });
@@ -33,7 +33,7 @@ void frmModelEntry::AddButtons()
     qt::SelectBox(required_.front());
 }
 
-bool frmModelEntry::IsComplete()
+bool ModelEntryForm::IsComplete()
 {
     for (QLineEdit* box : required_) {
         if (!box->isVisibleTo(this) || RequireValue(qt::TextOf(box))) continue;
@@ -43,7 +43,7 @@ bool frmModelEntry::IsComplete()
     return true;
 }
 
-void frmModelEntry::Leave(FormExit exit)
+void ModelEntryForm::Leave(FormExit exit)
 {
     if (!IsComplete() || !Keep()) return;
     if (exit == FormExit::Save) Saved() = true;
@@ -51,7 +51,7 @@ void frmModelEntry::Leave(FormExit exit)
     desktop::TheForms().Unload(qt::FromQt(objectName()));
 }
 
-void frmModelEntry::Cancel()
+void ModelEntryForm::Cancel()
 {
     if (CancelModelForm(Saved())) desktop::TheForms().Unload(qt::FromQt(objectName()));
 }

@@ -10,11 +10,11 @@
 #include "qt/forms.h"
 #include "shell/modelform.h"
 
-class frmModelEntry : public qt::ModalForm {
+class ModelEntryForm : public qt::ModalForm {
     Q_OBJECT
 
 protected:
-    frmModelEntry(QWidget* parent, const char* name, std::string_view title);
+    ModelEntryForm(QWidget* parent, const char* name, std::string_view title);
 
     [[nodiscard]] QFormLayout* Rows() const { return rows_; }
     // A box with its text; `rows` is Rows() or the layout of a frame.

@@ -19,7 +19,7 @@ bool HasOneChannel()
 
 }  // namespace
 
-frmWL_Model::frmWL_Model(QWidget* parent) : frmModelEntry(parent, "frmWL_Model", " Waiting Lines")
+frmWL_Model::frmWL_Model(QWidget* parent) : ModelEntryForm(parent, "frmWL_Model", " Waiting Lines")
 {
     if (HasOneChannel()) Problem.Channels = 1;
     qt::AddLabel(Rows(), "lblTitle", " " + std::string(VtWait::Title()));
@@ -40,7 +40,7 @@ void frmWL_Model::AddModelBox(int index)
     }
     QLineEdit* field = AddCheckedField(Rows(), name, box.Label, box.Take, Problem.*box.Field, labelName);
     if (box.Field == &WaitingProblem::ArrivalRate) arrivalRate_ = field;
-    if (!box.Note.empty()) qt::AddLabel(Rows(), "lblNote", box.Note);
+    if (!box.Note.empty()) qt::AddLabel(Rows(), "", box.Note);
 }
 
 // A refused text comes back in capitals, as it was checked.

@@ -4,7 +4,7 @@
 #include "shell/frmModelEntry.h"
 #include "waiting/VtWait.h"
 
-class frmWL_Model : public frmModelEntry {
+class frmWL_Model : public ModelEntryForm {
     Q_OBJECT
 public:
     explicit frmWL_Model(QWidget* parent);

@@ -134,8 +134,7 @@ TEST(EconomicOrderQuantity, FailsWithoutDemand)
 
 // ---- production lot size ----
 
-// Printed answers: 3,710 units a lot and $2,149.4 = 0.9 * 3,710 * (1 - 26/60) / 2 * 2 to the rounding of the
-// lot: the two costs are equal.
+// Printed answer: 3,710 units a lot. The two costs are equal, and 34 of 60 units made are stored.
 TEST(ProductionLotSize, GivesTheLotOfATextbookSoapPlant)
 {
     GivenModel(VtInvent::kLotSize, {26000, 135, 0.9, 250});
