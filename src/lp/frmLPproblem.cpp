@@ -42,6 +42,7 @@ void frmLPproblem::AddProblem(QLayout* page)
     type->hide();
     grids_[0] = AddGrid(page, 0);
     grids_[1] = AddGrid(page, 1);
+    grids_[0]->AlignWith(*grids_[1]);
     grids_[0]->ShowRows(2);
     grids_[1]->ShowRows(kShownConstraints);
     QLabel* advice = qt::AddLabel(

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStyleOptionHeader>
 #include <QStyledItemDelegate>
@@ -452,12 +453,36 @@ void EntryGrid::Measure()
 }
 
 // As wide as was asked for, or as the texts of the column need.
-void EntryGrid::FitColumn(int column)
+int EntryGrid::NeededWidth(int column) const
 {
     int width = AskedWidth(column);
     for (int row = 0; row < model_->Rows(); ++row)
         width = qMax(width, WidthOf(model_->Text(row, column)));
-    SetWidth(column, width);
+    return width;
+}
+
+void EntryGrid::FitColumn(int column)
+{
+    const bool shared = partner_ != nullptr && partner_->model_->Has(0, column);
+    SetWidth(column, shared ? qMax(NeededWidth(column), partner_->NeededWidth(column)) : NeededWidth(column));
+}
+
+void EntryGrid::AlignWith(EntryGrid& other)
+{
+    partner_ = &other;
+    other.partner_ = this;
+    FollowScrollingOf(other);
+    other.FollowScrollingOf(*this);
+}
+
+// The grid with more columns scrolls further; the other one stays at its end then and does not pull it back.
+void EntryGrid::FollowScrollingOf(const EntryGrid& other)
+{
+    connect(other.horizontalScrollBar(), &QScrollBar::valueChanged, this, [this, &other](int value) {
+        if (other.following_) return;
+        const QScopedValueRollback<bool> following(following_, true);
+        horizontalScrollBar()->setValue(value);
+    });
 }
 
 // Typing makes a column wider where it must, never narrower.
@@ -469,6 +494,12 @@ void EntryGrid::Widen(int column, const QString& text)
 }
 
 void EntryGrid::SetWidth(int column, int width)
+{
+    ApplyWidth(column, width);
+    if (partner_ != nullptr && partner_->model_->Has(0, column)) partner_->ApplyWidth(column, width);
+}
+
+void EntryGrid::ApplyWidth(int column, int width)
 {
     if (column < model_->FixedColumns())
         verticalHeader()->setFixedWidth(width);

@@ -65,6 +65,8 @@ public:
 
     // Not higher than this number of rows, however much room there is.
     void ShowRows(int most);
+    // Two grids, one above the other, whose columns stand in line and scroll together.
+    void AlignWith(EntryGrid& other);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -114,6 +116,9 @@ private:
     void FitColumn(int column);
     void Widen(int column, const QString& text);
     void SetWidth(int column, int width);
+    void ApplyWidth(int column, int width);
+    [[nodiscard]] int NeededWidth(int column) const;
+    void FollowScrollingOf(const EntryGrid& other);
     [[nodiscard]] int AskedWidth(int column) const;
     [[nodiscard]] int WidthOf(const QString& text) const;
     [[nodiscard]] int HeightOfRows(int rows) const;
@@ -124,6 +129,9 @@ private:
     EntryRules rules_;
     std::vector<int> characters_;  // the width of each column
     int shownRows_ = 0;            // 0: no limit
+
+    EntryGrid* partner_ = nullptr;
+    bool following_ = false;
 
     bool editing_ = false;
     QString typed_;   // the text that the edit has made so far

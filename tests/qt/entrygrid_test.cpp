@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <tuple>
@@ -457,6 +459,7 @@ TEST_F(EntryGridTest, AGridWithoutCellsIgnoresKeys)
 TEST_F(EntryGridTest, HomeAndEndGoToTheEndsOfTheRow)
 {
     Open(Numbers());
+    QTest::qWait(0);
     Press(Qt::Key_End);
     EXPECT_EQ(At(), Cell(1, 3));
     Press(Qt::Key_Home);
@@ -473,6 +476,26 @@ TEST_F(EntryGridTest, AColumnIsWideEnoughForItsTexts)
     const QString text = QString(40, QLatin1Char('8'));
     Cells().SetText(2, 2, text.toStdString());
     EXPECT_GT(grid->columnWidth(2), grid->fontMetrics().horizontalAdvance(text));
+}
+
+TEST_F(EntryGridTest, GridsInLineHaveTheSameWidthsAndScrollTogether)
+{
+    Open(Numbers(), 3, 40);
+    auto* other = new qt::EntryGrid("other", "More numbers", Numbers());
+    window.centralWidget()->layout()->addWidget(other);
+    grid->AlignWith(*other);
+    other->Cells().Resize(3, 42);
+    QTest::qWait(0);
+    other->Cells().SetText(1, 2, std::string(30, '8'));
+    EXPECT_EQ(grid->columnWidth(2), other->columnWidth(2));
+    other->Cells().SetText(1, 0, std::string(30, '8'));
+    EXPECT_EQ(grid->verticalHeader()->width(), other->verticalHeader()->width());
+    other->Cells().Select(1, 20);
+    EXPECT_GT(other->horizontalScrollBar()->value(), 0);
+    EXPECT_EQ(grid->horizontalScrollBar()->value(), other->horizontalScrollBar()->value());
+    other->Cells().Select(1, 41);
+    const QModelIndex last = other->model()->index(1, 41);
+    EXPECT_TRUE(other->viewport()->rect().contains(other->visualRect(last)));
 }
 
 TEST_F(EntryGridTest, AKeyTakesLessThanTwoMilliseconds)
@@ -495,6 +518,7 @@ TEST_F(EntryGridTest, IsAsHighAsItsRowsBeforeItIsOnScreen)
     hidden.Cells().Resize(3, 3);
     Open(Numbers(), 3, 3);
     grid->ShowRows(10);
+    QTest::qWait(0);
     EXPECT_EQ(hidden.sizeHint().height(), grid->sizeHint().height());
 }
 
