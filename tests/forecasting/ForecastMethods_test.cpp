@@ -11,7 +11,6 @@
 
 using namespace VtForecasting;
 using ::testing::DoubleEq;
-using ::testing::DoubleNear;
 using ::testing::Pointwise;
 
 namespace {

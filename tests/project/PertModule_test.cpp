@@ -38,9 +38,7 @@ protected:
         Commands::ChooseModule();
         CheckTimeBoxes = {};
     }
-    ~PertModule() override { CheckTimeBoxes = {}; }
-    PertModule(const PertModule&) = delete;
-    PertModule& operator=(const PertModule&) = delete;
+    void TearDown() override { CheckTimeBoxes = {}; }
 
     // New, with the count typed and OK pressed.
     void New(std::string_view count, int timeMode)
