@@ -34,9 +34,11 @@ protected:
         window.setCentralWidget(page);
         menu = window.menuBar()->addMenu("&File");
         menu->addAction("New");
+        window.resize(800, 600);
         window.show();
         Cells().Resize(rows, columns);
         Cells().SetFocus();
+        QCoreApplication::processEvents();  // lays the window out
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
@@ -459,7 +461,6 @@ TEST_F(EntryGridTest, AGridWithoutCellsIgnoresKeys)
 TEST_F(EntryGridTest, HomeAndEndGoToTheEndsOfTheRow)
 {
     Open(Numbers());
-    QTest::qWait(0);
     Press(Qt::Key_End);
     EXPECT_EQ(At(), Cell(1, 3));
     Press(Qt::Key_Home);
@@ -518,7 +519,6 @@ TEST_F(EntryGridTest, IsAsHighAsItsRowsBeforeItIsOnScreen)
     hidden.Cells().Resize(3, 3);
     Open(Numbers(), 3, 3);
     grid->ShowRows(10);
-    QTest::qWait(0);
     EXPECT_EQ(hidden.sizeHint().height(), grid->sizeHint().height());
 }
 
@@ -526,7 +526,6 @@ TEST_F(EntryGridTest, HasRoomForTheScrollBarThatItsColumnsNeed)
 {
     Open(Numbers(), 3, 3);
     grid->ShowRows(10);
-    window.resize(800, 600);
     QTest::qWait(0);
     const int without = grid->sizeHint().height();
     window.resize(150, 600);
