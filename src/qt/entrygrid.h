@@ -97,7 +97,7 @@ private:
     bool Commit(bool always);
     void TypeText(const QString& text);
     void TypeCharacter(QChar character);
-    KeyAnswer Judge(QChar character) const;
+    [[nodiscard]] KeyAnswer Judge(QChar character) const;
     void TakeBack();   // Backspace
     void EmptyCell();  // Delete
     void BeginEdit();

@@ -97,7 +97,7 @@ private:
     struct Entry;
     class Area;
 
-    Entry& EntryOf(std::string_view form) const;
+    [[nodiscard]] Entry& EntryOf(std::string_view form) const;
     Entry& LoadedEntry(std::string_view form);
     std::map<std::string, std::unique_ptr<Entry>, std::less<>> entries_;
     std::set<QWidget*> running_;  // the dialogs whose ShowModal has not yet returned

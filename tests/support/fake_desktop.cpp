@@ -94,6 +94,7 @@ void FakeGrid::Select(int row, int column)
 std::vector<std::string> FakeGrid::RowTexts(int row) const
 {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(columns_));
     for (int column = 0; column < columns_; ++column)
         texts.push_back(Text(row, column));
     return texts;
@@ -117,7 +118,7 @@ void FakeForm::SetVisible(std::string_view control, bool isVisible)
 
 bool FakeForms::IsLoaded(std::string_view form) const
 {
-    return forms_.count(std::string(form)) > 0;
+    return forms_.contains(std::string(form));
 }
 
 void FakeForms::ShowModal(std::string_view form)
