@@ -5,12 +5,13 @@
 #include "shell/module.h"
 #include "shell/report.h"
 #include "shell/session.h"
+#include "support/answers.h"
 
 namespace bench {
 
 Desk::Desk(int module, int size)
 {
-    AnswerDialogs();
+    AnswerSolveDialogs(desktop_.forms);
     Commands::Start();
     Commands::SelectModule(module);
     Commands::ChooseModule();
@@ -35,7 +36,5 @@ std::string Desk::Report()
         report(file);
     return file.Text();
 }
-
-void Desk::AnswerDialogs() {}
 
 }  // namespace bench

@@ -1,6 +1,8 @@
 // A problem of a module on a desktop without screens, with the answers that its dialogs get.
 #pragma once
 
+#include <string>
+
 #include "support/fake_desktop.h"
 
 namespace bench {
@@ -15,8 +17,6 @@ public:
     std::string Report();
 
 private:
-    void AnswerDialogs();
-
     FakeDesktop desktop_;
 };
 

@@ -11,6 +11,7 @@ namespace bench {
 namespace {
 
 constexpr unsigned kSeed = 6;
+constexpr int kMostPredecessors = 8;
 
 class Draws {
 public:
@@ -103,7 +104,6 @@ std::string Network(int nodes)
 std::string Project(int activities)
 {
     Draws draws;
-    constexpr int kMostPredecessors = 8;
     const auto predecessors = [](int activity) { return std::min(activity - 1, kMostPredecessors); };
     RecordWriter file;
     file.Write({0.0, 0.0, static_cast<double>(activities), 2.0});

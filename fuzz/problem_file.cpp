@@ -8,7 +8,7 @@
 #include "shell/module.h"
 #include "shell/report.h"
 #include "shell/session.h"
-#include "support/fake_desktop.h"
+#include "support/answers.h"
 
 namespace {
 
@@ -64,6 +64,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     FakeDesktop desktop;
     desktop.screen.escapePressed = true;  // a solve that does not end is broken off
+    AnswerSolveDialogs(desktop.forms);
     Commands::Start();
     Commands::SelectModule(VANTREL_FUZZ_MODULE);
     Commands::ChooseModule();

@@ -18,7 +18,7 @@ done
 
 # times PROGRAM: name and microseconds of processor time, parted by a tab.
 times() {
-    awk -F, '/^"/ { gsub(/"/, "", $1); print $1 "\t" $4 }' "$out/$1.csv"
+    awk -F, '/^"/ { gsub(/"/, "", $1); sub(/\/min_time:.*/, "", $1); print $1 "\t" $4 }' "$out/$1.csv"
 }
 
 # A row a module at its limit; the names are WHAT/MODULE/SIZE, and a module's name may hold a "/".
