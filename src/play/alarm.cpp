@@ -1,40 +1,72 @@
 #include "play/alarm.h"
 
-#include <unistd.h>
-
-#include <algorithm>
-#include <array>
-#include <csignal>
-#include <cstring>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <thread>
 
 namespace play {
 namespace {
 
-// What the handler needs stands ready: it may not allocate.
-std::array<char, 4096> text;
-volatile std::sig_atomic_t length = 0;
+using Clock = std::chrono::steady_clock;
 
-void Ring(int)
+// A thread of its own, since the one of the program is the one that may hang.
+class Watch {
+public:
+    // Far away, but not so far that waiting for it overflows.
+    static Clock::time_point Never() { return Clock::now() + std::chrono::hours(24 * 365); }
+
+    Watch()
+    {
+        std::thread([this] { Run(); }).detach();
+    }
+
+    void Set(std::string message, Clock::time_point deadline)
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        message_ = std::move(message);
+        const bool sooner = deadline < deadline_;
+        deadline_ = deadline;
+        if (sooner) changed_.notify_one();
+    }
+
+private:
+    [[noreturn]] void Run()
+    {
+        std::unique_lock<std::mutex> lock(mutex_);
+        while (Clock::now() < deadline_) {
+            const Clock::time_point next = deadline_;
+            changed_.wait_until(lock, next);
+        }
+        std::fputs(message_.c_str(), stderr);
+        std::fflush(stderr);
+        std::_Exit(EXIT_FAILURE);
+    }
+
+    std::mutex mutex_;
+    std::condition_variable changed_;
+    std::string message_;
+    Clock::time_point deadline_ = Never();
+};
+
+Watch& TheWatch()
 {
-    const ssize_t written = write(STDERR_FILENO, text.data(), static_cast<std::size_t>(length));
-    _exit(written == 0 ? 2 : 1);
+    static auto* watch = new Watch;  // its thread lives as long as the process
+    return *watch;
 }
 
 }  // namespace
 
 void SetAlarm(const std::string& message, unsigned seconds)
 {
-    alarm(0);
-    const std::size_t size = std::min(message.size(), text.size());
-    std::memcpy(text.data(), message.data(), size);
-    length = static_cast<std::sig_atomic_t>(size);
-    static const bool installed = std::signal(SIGALRM, Ring) != SIG_ERR;
-    if (installed) alarm(seconds);
+    TheWatch().Set(message, Clock::now() + std::chrono::seconds(seconds));
 }
 
 void StopAlarm()
 {
-    alarm(0);
+    TheWatch().Set({}, Watch::Never());
 }
 
 }  // namespace play

@@ -1,5 +1,5 @@
 // The watch over a program that does not come to rest: it may be anywhere, also in a loop that never looks at
-// events, so the alarm is the operating system's.
+// events, so the alarm has a thread of its own.
 #pragma once
 
 #include <string>

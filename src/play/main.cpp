@@ -1,9 +1,7 @@
 // vantrel-play: drives the program from session scripts.
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <QApplication>
 #include <QDir>
+#include <QProcess>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -91,20 +89,27 @@ int Play(const std::string& script, const QString& folder, char* program)
 }
 
 // A session of its own: nothing of an earlier one is left in the process.
-int PlayApart(const std::string& script, const QString& folder, char* program)
+int PlayApart(const std::string& script, const QString& folder)
 {
-    const pid_t child = fork();
-    if (child == 0) {
-        const int status = Play(script, folder, program);
-        std::fflush(nullptr);
-        std::exit(status);
-    }
+    QProcess session;
+    session.setProcessChannelMode(QProcess::ForwardedChannels);
+    session.setInputChannelMode(QProcess::ForwardedInputChannel);
+    session.start(QCoreApplication::applicationFilePath(),
+                  {"--folder", folder, QString::fromStdString(script)});
+    session.waitForFinished(-1);
+    if (session.error() == QProcess::UnknownError && session.exitStatus() == QProcess::NormalExit)
+        return session.exitCode();
+    std::fprintf(stderr, "%s: the program ended abnormally\n", script.c_str());
+    return static_cast<int>(play::Ending::NotDone);
+}
+
+int PlayEach(const Arguments& arguments, int count, char* values[])
+{
+    const QCoreApplication application(count, values);
     int status = 0;
-    if (child < 0 || waitpid(child, &status, 0) < 0 || !WIFEXITED(status)) {
-        std::fprintf(stderr, "%s: the program ended abnormally\n", script.c_str());
-        return static_cast<int>(play::Ending::NotDone);
-    }
-    return WEXITSTATUS(status);
+    for (const std::string& script : arguments.Scripts)
+        status = std::max(status, PlayApart(script, arguments.Folder));
+    return status;
 }
 
 }  // namespace
@@ -119,8 +124,5 @@ int main(int argc, char* argv[])
     qputenv("QT_NO_GLIB", "1");
     qputenv("QT_QPA_PLATFORM", "offscreen");
     if (arguments->Scripts.size() == 1) return Play(arguments->Scripts.front(), arguments->Folder, argv[0]);
-    int status = 0;
-    for (const std::string& script : arguments->Scripts)
-        status = std::max(status, PlayApart(script, arguments->Folder, argv[0]));
-    return status;
+    return PlayEach(*arguments, argc, argv);
 }

@@ -150,7 +150,8 @@ void AddControl(const QWidget* control, Lines& lines)
     }
     const auto [kind, text] = Describe(control);
     std::string line = control->objectName().toStdString() + " " + kind;
-    if (qobject_cast<const QListView*>(control) == nullptr) line.append(" ").append(Quote(text.toStdString()));
+    if (qobject_cast<const QListView*>(control) == nullptr)
+        line.append(" ").append(Quote(text.toStdString()));
     lines.push_back(line + Marks(control));
     if (const auto* combo = qobject_cast<const QComboBox*>(control)) AddEntries(*combo, lines);
     if (const auto* list = qobject_cast<const QListView*>(control)) AddEntries(*list, lines);
