@@ -182,19 +182,31 @@ std::string Chain(int states)
 std::string ProblemText(int module, int size)
 {
     switch (module) {
-        case 1: return LinearProgram(size);
-        case 2: return Tableau(size, true);
-        case 3: return Tableau(size, false);
-        case 4: return IntegerProgram(size);
+        case 1:
+            return LinearProgram(size);
+        case 2:
+            return Tableau(size, true);
+        case 3:
+            return Tableau(size, false);
+        case 4:
+            return IntegerProgram(size);
         case 5:
-        case 6: return Network(size);
-        case 7: return Project(size);
-        case 8: return QuantityDiscounts(size);
-        case 9: return FinitePopulation(size);
-        case 10: return Decision(size);
-        case 11: return TimeSeries(size);
-        case 12: return Chain(size);
-        default: Raise(ErrorNumber::SubscriptOutOfRange);
+        case 6:
+            return Network(size);
+        case 7:
+            return Project(size);
+        case 8:
+            return QuantityDiscounts(size);
+        case 9:
+            return FinitePopulation(size);
+        case 10:
+            return Decision(size);
+        case 11:
+            return TimeSeries(size);
+        case 12:
+            return Chain(size);
+        default:
+            Raise(ErrorNumber::SubscriptOutOfRange);
     }
 }
 

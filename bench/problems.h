@@ -1,5 +1,5 @@
-// Problems of any size for the benchmarks, as the text of a problem file. The same size gives the same problem
-// in every run.
+// Problems of any size for the benchmarks, as the text of a problem file. The same size gives the same
+// problem in every run.
 #pragma once
 
 #include <string>

@@ -1,5 +1,5 @@
-// Measures whole processes: the start and the memory of Vantrel beside a bare Qt program, and what the session
-// player takes for a problem. Prints the rows of a table.
+// Measures whole processes: the start and the memory of Vantrel beside a bare Qt program, and what the
+// session player takes for a problem. Prints the rows of a table.
 //
 //     bench_processes FOLDER-OF-THE-BENCHMARKS vantrel-play
 #include <fcntl.h>
@@ -41,6 +41,7 @@ double Milliseconds(const timeval& time)
     arguments.push_back(nullptr);
     const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
     dup2(nowhere, STDOUT_FILENO);
+    dup2(nowhere, STDERR_FILENO);
     execv(arguments.front(), arguments.data());
     _exit(127);
 }

@@ -1,10 +1,8 @@
 // Vantrel with the report of a Markov problem of ten states on screen, ended when it is painted.
-#include <QApplication>
-
 #include "firstpaint.h"
 #include "problems.h"
 #include "program.h"
-#include "qt/icon.h"
+#include "qt/application.h"
 #include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
@@ -29,8 +27,7 @@ void SolveProblem()
 
 int main(int argc, char* argv[])
 {
-    QApplication application(argc, argv);
-    QApplication::setWindowIcon(qt::ProgramIcon());
+    qt::Application application(argc, argv);
     Program program;
     program.Forms().Show("frmMenu");
     Commands::Start();

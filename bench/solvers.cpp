@@ -1,5 +1,5 @@
-// A linear program, solved here and by a general solver where the machine has one. Both begin from the problem
-// in memory; Vantrel's time holds its command from the entry grids to the report on screen.
+// A linear program, solved here and by a general solver where the machine has one. Both begin from the
+// problem in memory; Vantrel's time holds its command from the entry grids to the report on screen.
 #include <benchmark/benchmark.h>
 
 #include "desk.h"

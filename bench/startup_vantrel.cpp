@@ -1,15 +1,11 @@
 // Vantrel as main.cpp starts it, ended when its first window is painted.
-#include <QApplication>
-
 #include "firstpaint.h"
 #include "program.h"
-#include "qt/icon.h"
+#include "qt/application.h"
 
 int main(int argc, char* argv[])
 {
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("Vantrel");
-    QApplication::setWindowIcon(qt::ProgramIcon());
+    qt::Application application(argc, argv);
     FirstPaint paint;
     Program program;
     program.Start();

@@ -1,5 +1,5 @@
-// The road of a problem file of one module: read, shown, written, solved, reported. VANTREL_FUZZ_MODULE is the
-// module's number.
+// The road of a problem file of one module: read, shown, written, solved, reported. VANTREL_FUZZ_MODULE is
+// the module's number.
 #include "basic/error.h"
 #include "basic/records.h"
 #include "input.h"

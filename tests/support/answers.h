@@ -1,4 +1,5 @@
-// The answers of a user to the dialogs that Solve shows, one of each: for runs that are about what comes behind.
+// The answers of a user to the dialogs that Solve shows, one of each: for runs that are about what comes
+// behind.
 #pragma once
 
 #include "support/fake_desktop.h"
