@@ -1,0 +1,3 @@
+#include <string>
+
+#include "shell/session.h"

@@ -1,0 +1,2 @@
+#include "play/script.h"
+#include "markov/frmChain.h"

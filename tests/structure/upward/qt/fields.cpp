@@ -1,0 +1,2 @@
+#include "markov/frmChain.h"
+#include "shell/commands.h"

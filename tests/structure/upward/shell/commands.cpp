@@ -1,0 +1,1 @@
+#include "markov/module.h"
