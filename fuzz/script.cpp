@@ -8,11 +8,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     std::istringstream script(TextOf(data, size));
     int line = 0;
-    for (const play::Step& step : play::ReadScript(script)) {
-        Claim(step.Line > line);
-        line = step.Line;
-        Claim(!step.Words.empty() || !step.Fault.empty());
-        for (const play::Word& word : step.Words) {
+    play::StepReader reader(script);
+    while (const auto step = reader.Next()) {
+        Claim(step->Line > line);
+        line = step->Line;
+        Claim(!step->Words.empty() || !step->Fault.empty());
+        for (const play::Word& word : step->Words) {
             play::ReadKeyStroke(word.Text);
             const auto count = play::ReadCount(word.Text);
             Claim(!count || *count >= 0);

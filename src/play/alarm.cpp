@@ -2,8 +2,8 @@
 
 #include <chrono>
 #include <condition_variable>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <mutex>
 #include <thread>
 
@@ -40,8 +40,7 @@ private:
             const Clock::time_point next = deadline_;
             changed_.wait_until(lock, next);
         }
-        std::fputs(message_.c_str(), stderr);
-        std::fflush(stderr);
+        std::cerr << message_ << std::flush;
         std::_Exit(EXIT_FAILURE);
     }
 

@@ -90,7 +90,7 @@ Outcome ChooseIn(QMenu* menu, const QString& name)
     for (QAction* action : menu->actions()) {
         const bool isItem = action->objectName() == name;
         if (!isItem && (action->menu() == nullptr || FindItem(action->menu(), name) == nullptr)) continue;
-        if (const Outcome why = CanBeChosen(action); !why.empty()) return why;
+        if (Outcome why = CanBeChosen(action); !why.empty()) return why;
         ChooseItem(menu, action);
         return isItem ? kDone : ChooseIn(action->menu(), name);
     }
@@ -105,7 +105,7 @@ Outcome OpenAndChoose(QMenuBar* bar, QAction* top, const QString& name)
         CloseMenus();
         return kDone;
     }
-    const Outcome why = ChooseIn(top->menu(), name);
+    Outcome why = ChooseIn(top->menu(), name);
     if (!why.empty()) CloseMenus();
     return why;
 }

@@ -2,10 +2,13 @@
 #include <QApplication>
 #include <QDir>
 #include <QProcess>
-#include <cstdio>
+#include <algorithm>
+#include <array>
 #include <fstream>
 #include <iostream>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "play/player.h"
 #include "program.h"
@@ -14,49 +17,47 @@
 namespace {
 
 constexpr int kUnusableArguments = 2;
+constexpr const char* kUsage =
+    "usage: vantrel-play [--folder DIR] SCRIPT...\n"
+    "Plays each script in a fresh session; '-' is standard input.\n";
 
 struct Arguments {
     QString Folder = QDir::currentPath();
     std::vector<std::string> Scripts;
 };
 
-int Usage(std::FILE* out, int status)
+bool Complain(const std::string& what)
 {
-    std::fputs(
-        "usage: vantrel-play [--folder DIR] SCRIPT...\n"
-        "Plays each script in a fresh session; '-' is standard input.\n",
-        out);
-    return status;
+    std::cerr << "vantrel-play: " << what << '\n';
+    return false;
 }
 
 bool TakeScript(const std::string& name, Arguments& arguments)
 {
     const bool readable =
         name == "-" || (std::ifstream(name) && QFileInfo(QString::fromStdString(name)).isFile());
-    if (!readable) std::fprintf(stderr, "vantrel-play: %s cannot be read\n", name.c_str());
     arguments.Scripts.push_back(name);
-    return readable;
+    return readable || Complain(name + " cannot be read");
 }
 
-bool TakeFolder(const char* name, Arguments& arguments)
+bool TakeFolder(const std::string& name, Arguments& arguments)
 {
-    arguments.Folder = QDir(QString::fromLocal8Bit(name)).absolutePath();
-    if (QDir(arguments.Folder).exists()) return true;
-    std::fprintf(stderr, "vantrel-play: there is no folder %s\n", name);
-    return false;
+    arguments.Folder = QDir(QString::fromStdString(name)).absolutePath();
+    return QDir(arguments.Folder).exists() || Complain("there is no folder " + name);
 }
 
-std::optional<Arguments> ReadArguments(int count, char* values[])
+std::optional<Arguments> ReadArguments(const std::vector<std::string>& words)
 {
     Arguments arguments;
-    for (int i = 1; i < count; ++i) {
-        const std::string argument = values[i];
-        if (argument == "--folder") {
-            if (++i == count || !TakeFolder(values[i], arguments)) return std::nullopt;
-        } else if (argument.starts_with("-") && argument != "-") {
-            std::fprintf(stderr, "vantrel-play: there is no option %s\n", argument.c_str());
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::string& word = words[i];
+        const bool isOption = word.starts_with("-") && word != "-";
+        if (word == "--folder" && i + 1 < words.size()) {
+            if (!TakeFolder(words[++i], arguments)) return std::nullopt;
+        } else if (isOption) {
+            Complain(word == "--folder" ? "--folder takes a folder" : "there is no option " + word);
             return std::nullopt;
-        } else if (!TakeScript(argument, arguments)) {
+        } else if (!TakeScript(word, arguments)) {
             return std::nullopt;
         }
     }
@@ -68,16 +69,16 @@ std::optional<Arguments> ReadArguments(int count, char* values[])
 void PassMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
     if (message.startsWith("This plugin does not support") || message.startsWith("QStandardPaths:")) return;
-    std::fprintf(stderr, "%s\n", qFormatLogMessage(type, context, message).toLocal8Bit().constData());
+    std::cerr << qFormatLogMessage(type, context, message).toStdString() << std::endl;
 }
 
-int Play(const std::string& script, const QString& folder, char* program)
+int Play(const std::string& script, const QString& folder, std::string program)
 {
     int count = 1;
-    char* values[] = {program, nullptr};
+    std::array<char*, 2> values{program.data(), nullptr};
     qInstallMessageHandler(PassMessage);
-    qt::Application application(count, values);
-    play::Transcript transcript(stdout);
+    const qt::Application application(count, values.data());
+    play::Transcript transcript(std::cout);
     play::Listener listener(transcript);
     Program vantrel(std::make_unique<play::OverheardDialogs>(transcript));
     std::ifstream file(script);
@@ -99,7 +100,7 @@ int PlayApart(const std::string& script, const QString& folder)
     session.waitForFinished(-1);
     if (session.error() == QProcess::UnknownError && session.exitStatus() == QProcess::NormalExit)
         return session.exitCode();
-    std::fprintf(stderr, "%s: the program ended abnormally\n", script.c_str());
+    std::cerr << script << ": the program ended abnormally\n";
     return static_cast<int>(play::Ending::NotDone);
 }
 
@@ -116,9 +117,16 @@ int PlayEach(const Arguments& arguments, int count, char* values[])
 
 int main(int argc, char* argv[])
 {
-    if (argc == 2 && std::string(argv[1]) == "--help") return Usage(stdout, 0);
-    const std::optional<Arguments> arguments = ReadArguments(argc, argv);
-    if (!arguments) return Usage(stderr, kUnusableArguments);
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    if (words == std::vector<std::string>{"--help"}) {
+        std::cout << kUsage;
+        return 0;
+    }
+    const std::optional<Arguments> arguments = ReadArguments(words);
+    if (!arguments) {
+        std::cerr << kUsage;
+        return kUnusableArguments;
+    }
 
     // One dispatcher whose rest can be told, one platform on all machines.
     qputenv("QT_NO_GLIB", "1");

@@ -3,8 +3,8 @@
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QTimerEvent>
-#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <utility>
 
 #include "play/alarm.h"
@@ -125,7 +125,7 @@ void Player::Do(const Step& step)
 void Player::Fail(int line, const Outcome& why)
 {
     stage_.Out.Flush();
-    std::fprintf(stderr, "%s:%d: %s\n", name_.c_str(), line, why.c_str());
+    std::cerr << name_ << ":" << line << ": " << why << std::endl;
     End(Ending::NotDone);
 }
 

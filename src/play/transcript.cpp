@@ -23,13 +23,12 @@ void Transcript::Echo(std::string_view step)
 
 void Transcript::Line(std::string_view text)
 {
-    std::fwrite(text.data(), 1, text.size(), out_);
-    std::fputc('\n', out_);
+    out_ << text << '\n';
 }
 
 void Transcript::Flush()
 {
-    std::fflush(out_);
+    out_.flush();
 }
 
 }  // namespace play

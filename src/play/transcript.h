@@ -1,7 +1,7 @@
 // The transcript of a session: each step behind "> ", what the program did below it.
 #pragma once
 
-#include <cstdio>
+#include <ostream>
 #include <string>
 #include <string_view>
 
@@ -12,14 +12,14 @@ std::string Quote(std::string_view text);
 
 class Transcript {
 public:
-    explicit Transcript(std::FILE* out) : out_(out) {}
+    explicit Transcript(std::ostream& out) : out_(out) {}
 
     void Echo(std::string_view step);
     void Line(std::string_view text);
     void Flush();
 
 private:
-    std::FILE* out_;
+    std::ostream& out_;
 };
 
 }  // namespace play
