@@ -18,7 +18,7 @@ missing=0
 for form in $forms; do
     grep -qE "$(sign_of $form)" "$sessions"/*.out || { echo "no session visits $form"; missing=1; }
 done
-bases=$(grep -rhoE ": public frm[A-Za-z_]+" "$sources" | sed 's/.* //')
+bases=$(grep -rhoE ": public frm[A-Za-z_]+" "$sources" | sed 's|.* ||' || true)
 for class in $(grep -rhoE "^class frm[A-Za-z_]+ ?:" "$sources" | sed -E 's/class | ?://g' | sort -u); do
     grep -qx "$class" <<<"$forms"$'\n'"$bases" || { echo "$class is not among the program's forms"; missing=1; }
 done
