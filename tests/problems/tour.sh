@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# tour.sh PLAYER SCRIPT: a part of the tour plays to its end and leaves a report and two pictures.
+set -euo pipefail
+player=$1 script=$2
+name=$(basename "$script" .play)
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+cp -r "$(dirname "$script")/../../Problems" "$scratch/"
+
+"$player" --folder "$scratch" "$script" >"$scratch/transcript" || { cat "$scratch/transcript"; exit 1; }
+if grep '^msgbox' "$scratch/transcript"; then exit 1; fi
+for result in "$name.OUT" "$name.png" "$name-problem.png"; do
+    [ -s "$scratch/$result" ] || { echo "there is no $result"; exit 1; }
+done
