@@ -35,8 +35,8 @@ double Factorial(int n)
 double FallingProduct(int n, int count)
 {
     double product = 1;
-    for (int j = n - count + 1; j <= n; ++j)
-        product *= j;
+    for (int below = count - 1; below >= 0; --below)
+        product *= n - below;
     return product;
 }
 
@@ -69,7 +69,7 @@ void ListExponentialStates(int k, double load)
 
 void ExponentialChannels()
 {
-    const int k = ToInt32(Problem.Channels.Value());
+    const int k = ToInt16(Problem.Channels.Value());
     const double arrivals = Problem.ArrivalRate.Value();
     const double services = Problem.ServiceRate.Value();
     const double load = Load();
@@ -107,7 +107,7 @@ void SingleChannel()
 // Erlang's loss formula: the service times matter only by their mean.
 void NoWaiting()
 {
-    const int k = ToInt32(Problem.Channels.Value());
+    const int k = ToInt16(Problem.Channels.Value());
     const double load = Load();
     Array1<double> busyWeight(kMostBusy);
     busyWeight(0) = 1;
@@ -145,8 +145,8 @@ double Sum(const Array1<double>& terms, int first, int last)
 
 void FinitePopulation()
 {
-    const int k = ToInt32(Problem.Channels.Value());
-    const int population = ToInt32(Problem.Population.Value());
+    const int k = ToInt16(Problem.Channels.Value());
+    const int population = ToInt16(Problem.Population.Value());
     const Array1<double> weight = PopulationWeights(k, population, Load());
     Array1<double>& probability = Result.StateProbability;
     Result.RowCount = population + 1;

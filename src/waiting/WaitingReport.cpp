@@ -1,6 +1,7 @@
 #include "waiting/WaitingReport.h"
 
 #include "basic/format.h"
+#include "basic/number.h"
 #include "shell/solution.h"
 #include "waiting/VtWait.h"
 
@@ -15,7 +16,7 @@ constexpr std::string_view kFullMargin = "        ";
 
 int Channels()
 {
-    return static_cast<int>(Problem.Channels.Value());
+    return ToInt16(Problem.Channels.Value());
 }
 
 std::string Stars(std::size_t count)

@@ -29,7 +29,7 @@ double Mean(const Row& p)
 double MeanBeyond(const Row& p, int k)
 {
     double mean = 0;
-    for (std::size_t n = static_cast<std::size_t>(k); n < p.size(); ++n)
+    for (auto n = static_cast<std::size_t>(k); n < p.size(); ++n)
         mean += (static_cast<double>(n) - k) * p[n];
     return mean;
 }
@@ -37,7 +37,7 @@ double MeanBeyond(const Row& p, int k)
 double From(const Row& p, int k)
 {
     double sum = 0;
-    for (std::size_t n = static_cast<std::size_t>(k); n < p.size(); ++n)
+    for (auto n = static_cast<std::size_t>(k); n < p.size(); ++n)
         sum += p[n];
     return sum;
 }
