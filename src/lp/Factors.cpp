@@ -1,11 +1,21 @@
 #include "lp/Factors.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "basic/number.h"
 
 namespace {
+
+constexpr int kStrip = 8;
+
+using Sums = std::array<double, kStrip>;
+
+std::size_t Index(int k)
+{
+    return static_cast<std::size_t>(k);
+}
 
 // target -= factor * source, element by element. Adding nothing is left out.
 void Subtract(double factor, const double* source, double* target, int first, int last)
@@ -29,6 +39,8 @@ void BasisFactors::Reset(int size, int capacity)
     size_ = size;
     u_ = Array2<double>(capacity, capacity);
     r_ = Array2<double>(capacity, capacity);
+    strip_ = Array2<double>(capacity, kStrip - 1);
+    product_ = Array2<double>(capacity, kStrip - 1);
     for (int i = 1; i <= size; ++i)
         u_(i, i) = r_(i, i) = 1;
 }
@@ -72,26 +84,50 @@ void BasisFactors::MultiplyTransposed(const double* prices, double* duals) const
         Add(prices[r], r_.Row(r), duals, 1, size_);
 }
 
+// The columns go through in strips that stay in the nearest cache, their sums in registers.
 void BasisFactors::SolveBlock(int firstRow, int count, Array2<double>& block)
 {
-    if (product_.UpperRow() != block.UpperRow() || product_.UpperColumn() != block.UpperColumn())
-        product_ = Array2<double>(block.UpperRow(), block.UpperColumn());
-    for (int i = firstRow; i <= size_; ++i) {
-        double* sums = product_.Row(i);
-        std::fill_n(sums, count, 0.0);
-        for (int c = 1; c <= size_; ++c)
-            Add(r_.Row(i)[c], block.Row(c), sums, 0, count - 1);
+    for (int first = 0; first < count; first += kStrip) {
+        const int width = std::min(kStrip, count - first);
+        for (int i = 1; i <= size_; ++i)
+            std::copy_n(block.Row(i) + first, width, strip_.Row(i));
+        MultiplyStrip(firstRow);
+        SolveStrip(firstRow);
+        for (int i = firstRow; i <= size_; ++i)
+            std::copy_n(strip_.Row(i), width, block.Row(i) + first);
     }
+}
+
+void BasisFactors::MultiplyStrip(int firstRow)
+{
+    for (int i = firstRow; i <= size_; ++i) {
+        const double* factors = r_.Row(i);
+        Sums sums = {};
+        for (int c = 1; c <= size_; ++c) {
+            const double* entries = strip_.Row(c);
+            for (int k = 0; k < kStrip; ++k)
+                sums[Index(k)] += factors[c] * entries[k];
+        }
+        std::copy_n(sums.data(), kStrip, product_.Row(i));
+    }
+}
+
+void BasisFactors::SolveStrip(int firstRow)
+{
     for (int r = size_; r >= firstRow; --r) {
-        const double* row = u_.Row(r);
-        double* solution = block.Row(r);
-        std::copy_n(product_.Row(r), count, solution);
-        for (int c = r + 1; c <= size_; ++c)
-            Subtract(row[c], block.Row(c), solution, 0, count - 1);
-        const double diagonal = row[r];
+        const double* factors = u_.Row(r);
+        Sums rest;
+        std::copy_n(product_.Row(r), kStrip, rest.data());
+        for (int c = r + 1; c <= size_; ++c) {
+            const double* solved = strip_.Row(c);
+            for (int k = 0; k < kStrip; ++k)
+                rest[Index(k)] -= factors[c] * solved[k];
+        }
+        const double diagonal = factors[r];
         if (diagonal == 0) Raise(ErrorNumber::DivisionByZero);
-        for (int k = 0; k < count; ++k)
-            solution[k] /= diagonal;
+        double* solution = strip_.Row(r);
+        for (int k = 0; k < kStrip; ++k)
+            solution[k] = rest[Index(k)] / diagonal;
     }
 }
 

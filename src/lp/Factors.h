@@ -38,10 +38,15 @@ public:
     [[nodiscard]] const Array2<double>& RFactor() const { return r_; }
 
 private:
-    void RestoreTriangle(int row);
+    void RestoreTriangle(int k);
+    void MultiplyStrip(int firstRow);
+    void SolveStrip(int firstRow);
 
     int size_ = 0;
     Array2<double> u_;
     Array2<double> r_;
-    Array2<double> product_;  // scratch of SolveBlock
+
+    // Scratch of SolveBlock, a few columns side by side.
+    Array2<double> strip_;
+    Array2<double> product_;
 };

@@ -68,6 +68,7 @@ void Solve()
     } else if (State.SolvePhase == 1) {
         TellNoSolution("No Feasible Solution");
     } else {
+        State.Solved = true;
         Menus.EnablePrinting(true);
         ShowLpReport();
     }

@@ -72,6 +72,7 @@ struct EngineState {
     Array1<std::int16_t> ConstraintColumn;  // by constraint: the slack, or the artificial
     BasisFactors Factors;
 
+    bool Solved = false;        // there is a solution to report
     double ObjectiveValue = 0;  // in the sense of maximising
     int SolvePhase = 0;         // left at 1: there is no feasible point
     std::int16_t RunStatus = 0;

@@ -451,5 +451,5 @@ void ShowLpReport()
 
 void WriteLpReport(ReportChannel& out)
 {
-    FullReport(out).Write();
+    if (State.Solved) FullReport(out).Write();
 }

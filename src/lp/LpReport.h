@@ -9,6 +9,7 @@
 
 void ShowLpReport();  // leaves the simplex tableau in the coefficients
 
-// For a linear program ShowLpReport must have run on the same solution. Pages hold 55 lines; in a text file a
+// Nothing when the last solve did not end in a solution. For a linear program ShowLpReport must have run on
+// the same solution. Pages hold 55 lines; in a text file a
 // line with a form feed stands for a new page.
 void WriteLpReport(ReportChannel& out);
