@@ -1,0 +1,391 @@
+#include "lp/IntegerSearch.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <random>
+
+#include "lp/IntegerTypes.h"
+#include "lp/LP_Engine.h"
+#include "lp/VtLP.h"
+#include "lp/lp_problem.h"
+#include "shell/menus.h"
+#include "shell/session.h"
+#include "support/fake_desktop.h"
+
+namespace {
+
+using LP_Engine::State;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// A user who breaks off what has not ended after half a second.
+class ImpatientScreen : public FakeScreen {
+public:
+    bool Interrupted() override { return ++asked > 5; }  // asked every 100 ms
+
+    int asked = 0;
+};
+
+class IntegerSearch : public testing::Test {
+protected:
+    IntegerSearch()
+    {
+        Session = {};
+        Menus.Reset();
+        desktop::Install({&desktop.dialogs, &screen, &desktop.forms, &desktop.printer});
+    }
+
+    ErrorNumber ErrorOf(const Lp& lp, const std::vector<std::string>& types)
+    {
+        screen.asked = 0;
+        try {
+            SolveInteger(lp, types);
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return kNoError;
+    }
+
+    static constexpr ErrorNumber kNoError = ErrorNumber::AlreadyLoaded;  // none of the engine's
+    FakeDesktop desktop;
+    ImpatientScreen screen;
+};
+
+// Tables and chairs at 8 and 5: x + y <= 6 hours, 9x + 5y <= 45 feet. Relaxed it is 3.75 and 2.25 for 41.25;
+// in whole numbers five tables for 40.
+const Lp kTables{false, {8, 5}, {{{1, 1}, '<', 6}, {{9, 5}, '<', 45}}};
+
+TEST_F(IntegerSearch, SolvesTheTablesAndChairsInWholeNumbers)
+{
+    SolveInteger(kTables, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(5, 0));
+    EXPECT_EQ(Objective(), 40);
+}
+
+// Four investments worth 16, 22, 12, 8 that cost 5, 7, 4, 3 of 14: the last three for 42.
+const Lp kInvestments{false, {16, 22, 12, 8}, {{{5, 7, 4, 3}, '<', 14}}};
+
+TEST_F(IntegerSearch, SolvesTheInvestmentsAsYesOrNo)
+{
+    SolveInteger(kInvestments, {"DBI"});
+    EXPECT_THAT(Values(), ElementsAre(0, 1, 1, 1));
+    EXPECT_EQ(Objective(), 42);
+}
+
+// Six towns, a fire station within reach of each: towns 2 and 4 are enough.
+TEST_F(IntegerSearch, CoversTheTownsWithTwoStations)
+{
+    SolveInteger({true,
+                  {1, 1, 1, 1, 1, 1},
+                  {{{1, 1, 0, 0, 0, 0}, '>', 1},
+                   {{1, 1, 0, 0, 0, 1}, '>', 1},
+                   {{0, 0, 1, 1, 0, 0}, '>', 1},
+                   {{0, 0, 1, 1, 1, 0}, '>', 1},
+                   {{0, 0, 0, 1, 1, 1}, '>', 1},
+                   {{0, 1, 0, 0, 1, 1}, '>', 1}}},
+                 {"DBI"});
+    EXPECT_NEAR(Objective(), 2, 1e-9);
+    EXPECT_NEAR(Values()[1] + Values()[3], 2, 1e-9);
+}
+
+// ---- type lines ----
+
+TEST_F(IntegerSearch, TheWordsForAllVariablesMakeAllWhole)
+{
+    SolveInteger(kTables, {"DIN"});
+    EXPECT_EQ(State.IntegerCount, 2);
+    EXPECT_EQ(State.UpperBound(3), LP_Engine::EngineInfinity);  // the first slack
+    SolveInteger(kTables, {"DBI"});
+    EXPECT_EQ(State.IntegerCount, 2);
+    EXPECT_THAT(Values(), ElementsAre(1, 1));
+}
+
+// Relaxed and with x whole alone: x = 3 or 4; 4 leaves y = 1.8 for 41, which is more than 3 and 3.
+TEST_F(IntegerSearch, AListMakesItsVariablesWholeAndNoOther)
+{
+    SolveInteger(kTables, {"INT", "X1", ""});
+    EXPECT_EQ(State.IntegerCount, 1);
+    EXPECT_NEAR(Values()[0], 4, 1e-9);
+    EXPECT_NEAR(Values()[1], 1.8, 1e-9);
+}
+
+TEST_F(IntegerSearch, AListMaySwitchItsKindBothWays)
+{
+    SolveInteger(kTables, {"BIN", "X1", "INT", "X2", ""});
+    EXPECT_EQ(State.IntegerCount, 2);
+    EXPECT_THAT(Values(), ElementsAre(1, 5));
+    SolveInteger(kTables, {"INT", "X2", "BIN", "X1", ""});
+    EXPECT_THAT(Values(), ElementsAre(1, 5));
+}
+
+TEST_F(IntegerSearch, ANameThatIsListedTwiceCountsOnceWithItsLastKind)
+{
+    SolveInteger(kTables, {"BIN", "X1", "INT", "X1", ""});
+    EXPECT_EQ(State.IntegerCount, 1);
+    EXPECT_EQ(Values()[0], 4);
+}
+
+TEST_F(IntegerSearch, NamesAreReadInCapitalsAndUnknownOnesPassedOver)
+{
+    SolveInteger(kTables, {"INT", "x1", "Q", ""});
+    EXPECT_EQ(State.IntegerCount, 1);
+}
+
+TEST_F(IntegerSearch, AStoredNameWithSmallLettersIsNeverFound)
+{
+    SetProblem(kTables);
+    VtLP::Problem.LpVariableNames(1) = "desk";
+    VtLP::Problem.LpLines(5) = "INT";
+    VtLP::Problem.LpLines(6) = "desk";
+    Session.IntegerProblem = 1;
+    LP_Engine::Solve();
+    EXPECT_EQ(State.IntegerCount, 0);
+    EXPECT_NEAR(Objective(), 41.25, 1e-9);
+}
+
+TEST_F(IntegerSearch, AnotherWordOrNoneLeavesALinearProgram)
+{
+    SolveInteger(kTables, {"ALL"});
+    EXPECT_NEAR(Objective(), 41.25, 1e-9);
+    SolveInteger(kTables, {});
+    EXPECT_NEAR(Objective(), 41.25, 1e-9);
+    SolveInteger(kTables, {"BIN", "INT", ""});
+    EXPECT_NEAR(Objective(), 41.25, 1e-9);
+}
+
+TEST_F(IntegerSearch, AnIntegerProgramHasNoTypeLinesOfALinearOne)
+{
+    SetProblem(kTables);
+    VtLP::Problem.LpLines(5) = "DIN";
+    LP_Engine::Solve();
+    EXPECT_NEAR(Objective(), 41.25, 1e-9);
+}
+
+// ---- the choice on the form ----
+
+using VtLP::IntegerChoice;
+using VtLP::IntegerKind;
+
+std::vector<std::string> TypeLines(int count)
+{
+    std::vector<std::string> lines;
+    for (int i = 0; i < count; ++i)
+        lines.push_back(VtLP::Problem.LpLines(VtLP::TypeLine() + i));
+    return lines;
+}
+
+TEST_F(IntegerSearch, AChoiceOfSeveralTypesIsStoredAsTwoLists)
+{
+    SetProblem(kInvestments);
+    Session.DialogCancelled = true;
+    VtLP::StoreIntegerChoice(
+        {IntegerKind::Multiple, {true, false, true, false}, {false, true, false, false}});
+    EXPECT_THAT(TypeLines(6), ElementsAre("BIN", "X1", "X3", "INT", "X2", ""));
+    EXPECT_FALSE(Session.DialogCancelled);
+    const IntegerChoice stored = VtLP::StoredIntegerChoice();
+    EXPECT_EQ(stored.Kind, IntegerKind::Multiple);
+    EXPECT_THAT(stored.Binary, ElementsAre(true, false, true, false));
+    EXPECT_THAT(stored.General, ElementsAre(false, true, false, false));
+}
+
+TEST_F(IntegerSearch, AShorterChoiceLeavesNothingOfALongerOne)
+{
+    SetProblem(kInvestments);
+    VtLP::StoreIntegerChoice({IntegerKind::Multiple, {true, true, true, true}, std::vector<bool>(4)});
+    VtLP::StoreIntegerChoice({IntegerKind::Multiple, std::vector<bool>(4), {true, false, false, false}});
+    EXPECT_THAT(VtLP::StoredIntegerChoice().Binary, ElementsAre(false, false, false, false));
+    EXPECT_THAT(VtLP::StoredIntegerChoice().General, ElementsAre(true, false, false, false));
+}
+
+TEST_F(IntegerSearch, AChoiceForAllVariablesIsOneWord)
+{
+    SetProblem(kInvestments);
+    VtLP::StoreIntegerChoice({IntegerKind::AllBinary, {}, {}});
+    EXPECT_THAT(TypeLines(1), ElementsAre("DBI"));
+    EXPECT_EQ(VtLP::StoredIntegerChoice().Kind, IntegerKind::AllBinary);
+    VtLP::StoreIntegerChoice({IntegerKind::AllGeneral, {}, {}});
+    EXPECT_THAT(TypeLines(1), ElementsAre("DIN"));
+    EXPECT_EQ(VtLP::StoredIntegerChoice().Kind, IntegerKind::AllGeneral);
+}
+
+TEST_F(IntegerSearch, WithoutAnEarlierAnswerNothingIsChosen)
+{
+    SetProblem(kInvestments);
+    const IntegerChoice stored = VtLP::StoredIntegerChoice();
+    EXPECT_EQ(stored.Kind, IntegerKind::Multiple);
+    EXPECT_THAT(stored.Binary, ElementsAre(false, false, false, false));
+}
+
+// ---- the search ----
+
+TEST_F(IntegerSearch, AWholeRelaxationNeedsNoBranch)
+{
+    SolveInteger({false, {3, 5}, {{{1, 0}, '<', 4}, {{0, 2}, '<', 12}, {{3, 2}, '<', 18}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(2, 6));
+    EXPECT_EQ(State.UpperBound(1), LP_Engine::EngineInfinity);
+}
+
+// Both are 1/2 above a whole number: 7.5 is branched on first, and its upper branch is taken first. x >= 8
+// leaves nothing for either row, so that its bound stays at the other branch.
+TEST_F(IntegerSearch, AmongEqualFractionsTheLargerValueIsBranchedOn)
+{
+    SolveInteger({false, {1, 10}, {{{2, 0}, '<', 5}, {{0, 2}, '<', 15}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(2, 7));
+    EXPECT_EQ(State.UpperBound(1), 2);
+    EXPECT_EQ(State.UpperBound(2), 7);
+}
+
+// 0.9 and 3.5: the larger fraction is branched on, though 0.5 is further from a whole number. With x >= 1
+// infeasible and x <= 0, y <= 3 follow; the last bound on the way is that of y.
+TEST_F(IntegerSearch, TheLargestFractionIsBranchedOnFirst)
+{
+    SolveInteger({false, {1, 1}, {{{10, 0}, '<', 9}, {{0, 2}, '<', 7}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(0, 3));
+}
+
+// The upper branch is searched first and gives 10 (x = 1); with x at 0 it would be 10.9, a gain of less
+// than 1.
+TEST_F(IntegerSearch, AGainOfOneOrLessIsCutOff)
+{
+    const auto withGain = [](double gain) {
+        // x is 1/2 in the relaxation; y is free to take its place in the lower branch only.
+        return Lp{false, {10, 10 + gain}, {{{2, 2}, '<', 3}, {{1, 0}, '<', 1}, {{0, 1}, '<', 1}}};
+    };
+    for (const double gain : {0.0, 0.5}) {
+        SolveInteger(withGain(gain), {"DIN"});
+        EXPECT_GE(Objective(), 10 + gain - 1);
+    }
+}
+
+TEST_F(IntegerSearch, ValuesAHairBelowAWholeNumberMoveUpToIt)
+{
+    SolveInteger({false, {1}, {{{1}, '<', 2.999995}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(3));
+    SolveInteger({false, {1}, {{{1}, '<', 2.9999}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(2));
+}
+
+// ---- ends ----
+
+TEST_F(IntegerSearch, AnUnboundedRelaxationIsTold)
+{
+    SolveInteger({false, {1, 1}, {{{1, -1}, '<', 4}}}, {"DIN"});
+    EXPECT_EQ(desktop.dialogs.Last().Text, "Problem is Unbounded.");
+}
+
+TEST_F(IntegerSearch, ARootWithoutAFeasiblePointIsTold)
+{
+    SolveInteger({false, {1}, {{{1}, '<', 4}, {{1}, '>', 6}}}, {"DIN"});
+    EXPECT_EQ(desktop.dialogs.Last().Text, "No Feasible Solution");
+}
+
+// 2x = 1 has no whole solution: the tree is exhausted, and the search goes round until it is broken off.
+TEST_F(IntegerSearch, WithoutAWholeSolutionItGoesOnUntilTheUserBreaksItOff)
+{
+    EXPECT_EQ(ErrorOf({false, {1}, {{{-2}, '<', -1}, {{2}, '<', 1}}}, {"DIN"}), ErrorNumber::UserInterrupt);
+}
+
+TEST_F(IntegerSearch, ABoundBeyondSixteenBitsIsAnOverflow)
+{
+    EXPECT_EQ(ErrorOf({false, {1}, {{{2}, '<', 65533}}}, {"DIN"}), kNoError);  // 32766.5
+    EXPECT_THAT(Values(), ElementsAre(32766));
+    EXPECT_EQ(ErrorOf({false, {1}, {{{2}, '<', 65535}}}, {"DIN"}), ErrorNumber::Overflow);  // 32767.5
+}
+
+// Many variables with half a unit each: a chain of upper branches runs into the node numbers' 16 bits.
+TEST_F(IntegerSearch, ANodeNumberBeyondSixteenBitsIsAnOverflow)
+{
+    Lp lp{false, std::vector<double>(20, 100.0), {}};
+    for (std::size_t j = 0; j < 20; ++j) {
+        LpRow row{std::vector<double>(20, 0.0), '<', 3};
+        row.Coefficients[j] = 2;
+        lp.Rows.push_back(row);
+    }
+    EXPECT_EQ(ErrorOf(lp, {"DIN"}), ErrorNumber::Overflow);
+}
+
+// One row that much fits into: the search goes wide.
+TEST_F(IntegerSearch, TheFiftiethBranchingIsASubscriptOutOfRange)
+{
+    EXPECT_EQ(ErrorOf({false, {4, 4, 2, 12, 10}, {{{16, 15, 7, 7, 20}, '<', 73}}}, {"DIN"}),
+              ErrorNumber::SubscriptOutOfRange);
+}
+
+// ---- exhaustive search ----
+
+// The best whole point of a box; all rows are "<" with coefficients of zero or more, so that zero is
+// feasible.
+double BestWholePoint(const Lp& lp, int most)
+{
+    double best = 0;
+    std::vector<double> point(lp.Objective.size(), 0.0);
+    for (;;) {
+        if (Violation(lp, point) <= 1e-9) best = std::max(best, Activity({lp.Objective, '=', 0}, point));
+        std::size_t j = 0;
+        while (j < point.size() && ++point[j] > most)
+            point[j++] = 0;
+        if (j == point.size()) return best;
+    }
+}
+
+Lp RandomKnapsacks(std::mt19937& random, bool binary)
+{
+    const auto whole = [&random](int least, int most) {
+        return static_cast<double>(std::uniform_int_distribution<int>(least, most)(random));
+    };
+    Lp lp;
+    const int n = static_cast<int>(whole(2, binary ? 8 : 3));
+    const int m = static_cast<int>(whole(1, 3));
+    for (int j = 0; j < n; ++j)
+        lp.Objective.push_back(whole(1, 30));
+    for (int i = 0; i < m; ++i) {
+        LpRow row;
+        for (int j = 0; j < n; ++j)
+            row.Coefficients.push_back(whole(binary ? 0 : 4, 15));
+        row.RightHandSide = whole(10, 40);
+        lp.Rows.push_back(row);
+    }
+    return lp;
+}
+
+// Solutions are whole and feasible, and fall short of the best by 1 at most: so much may be cut off. Bounds
+// are compared without a tolerance, so that now and then a value that misses its own by the last bit closes a
+// node for nothing.
+class AllPoints : public IntegerSearch {
+protected:
+    void Compare(unsigned seed, bool binary)
+    {
+        std::mt19937 random(seed);
+        int solved = 0;
+        int missed = 0;
+        for (int round = 0; round < 600; ++round) {
+            const Lp lp = RandomKnapsacks(random, binary);
+            desktop.dialogs.messages.clear();
+            if (ErrorOf(lp, {binary ? "DBI" : "DIN"}) != kNoError) continue;
+            if (!desktop.dialogs.messages.empty()) continue;  // bounds of basic columns stop no ray
+            ++solved;
+            const std::vector<double> values = Values();
+            for (const double value : values)
+                ASSERT_NEAR(value, std::round(value), 1e-4) << "round " << round;
+            ASSERT_LE(Violation(lp, values), 1e-3) << "round " << round;
+            const double best = BestWholePoint(lp, binary ? 1 : 10);
+            ASSERT_LE(Objective(), best + 1e-3) << "round " << round;
+            if (Objective() < best - 1 - 1e-3) ++missed;
+        }
+        EXPECT_GT(solved, 500);
+        EXPECT_LE(missed, 3);
+    }
+};
+
+TEST_F(AllPoints, WholeSolutionsAreWithinOneOfTheBestOfAllPoints)
+{
+    Compare(41, false);
+}
+
+TEST_F(AllPoints, YesOrNoSolutionsAreWithinOneOfTheBestOfAllPoints)
+{
+    Compare(42, true);
+}
+
+}  // namespace
