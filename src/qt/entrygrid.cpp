@@ -14,6 +14,7 @@
 #include "desktop/desktop.h"
 #include "qt/application.h"
 #include "qt/fields.h"
+#include "qt/forms.h"
 #include "qt/gridmodel.h"
 #include "qt/text.h"
 
@@ -335,6 +336,13 @@ void EntryGrid::keyPressEvent(QKeyEvent* event)
         default:
             TypeText(event->text());
     }
+}
+
+// Of several grids the one that was used last goes on.
+void EntryGrid::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    LeadKeysTo(this);
 }
 
 void EntryGrid::mousePressEvent(QMouseEvent* event)

@@ -405,9 +405,10 @@ QWidget* QtForms::MainWindow() const
     return nullptr;
 }
 
-QtForms& TheQtForms()
+void LeadKeysTo(QWidget* control)
 {
-    return dynamic_cast<QtForms&>(desktop::TheForms());
+    for (QWidget* parent = control->parentWidget(); parent != nullptr; parent = parent->parentWidget())
+        if (auto* form = qobject_cast<ChildForm*>(parent)) form->setFocusProxy(control);
 }
 
 }  // namespace qt

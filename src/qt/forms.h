@@ -104,7 +104,7 @@ private:
     std::unique_ptr<Area> area_;
 };
 
-// The forms that are installed, when they are those of Qt.
-QtForms& TheQtForms();
+// The control gets the keys that come to the main window while its form is in front.
+void LeadKeysTo(QWidget* control);
 
 }  // namespace qt
