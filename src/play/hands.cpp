@@ -81,11 +81,14 @@ NamedKey KeyOfName(const std::string& name)
     return {static_cast<Qt::Key>(Qt::Key_F1 + std::stoi(name.substr(1)) - 1), ""};
 }
 
+// A capital letter needs Shift to be typed, but not to be an access key: Alt+F is Alt and the key F.
 void PressCharacter(const QString& character, Qt::KeyboardModifiers modifiers)
 {
     const QChar letter = character.front();
     const auto key = static_cast<Qt::Key>(letter.toUpper().unicode());
-    if (letter.isLetter() && (modifiers & Qt::ShiftModifier) != 0)
+    if ((modifiers & (Qt::AltModifier | Qt::ControlModifier)) != 0)
+        Press(key, modifiers, character);
+    else if (letter.isLetter() && (modifiers & Qt::ShiftModifier) != 0)
         Press(key, modifiers, character.toUpper());
     else if (letter.isUpper())
         Press(key, modifiers | Qt::ShiftModifier, character);

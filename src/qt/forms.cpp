@@ -255,16 +255,16 @@ private:
         if (!main_.hasFocus() || area_ == nullptr || (key.modifiers() & Qt::AltModifier) != 0) return false;
         const QMdiSubWindow* front = Front();
         QWidget* target = front == nullptr ? nullptr : front->widget()->focusProxy();
-        if (target == nullptr || !target->isVisible() || IsModifier(key.key())) return false;
+        if (target == nullptr || !target->isVisible() || StaysWithMain(key.key())) return false;
         if (target->focusPolicy() != Qt::NoFocus) target->setFocus(Qt::OtherFocusReason);
         QCoreApplication::sendEvent(target, &key);
         return key.isAccepted();
     }
 
-    static bool IsModifier(int key)
+    static bool StaysWithMain(int key)
     {
-        return key == Qt::Key_Alt || key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Meta ||
-               key == Qt::Key_AltGr;
+        return key == Qt::Key_Escape || key == Qt::Key_Alt || key == Qt::Key_Shift ||
+               key == Qt::Key_Control || key == Qt::Key_Meta || key == Qt::Key_AltGr;
     }
 
     QWidget& main_;
