@@ -2,6 +2,7 @@
 
 #include "basic/format.h"
 #include "desktop/desktop.h"
+#include "network/NetworkSolver.h"
 #include "network/vtshrtrt.h"
 #include "shell/solution.h"
 

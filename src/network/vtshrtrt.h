@@ -1,4 +1,5 @@
-// Shortest route and minimal spanning tree: the arc table, its entry rules, and both solvers.
+// Shortest route and minimal spanning tree: the arc table, its entry rules, the problem on its form and the
+// solve command.
 //
 // Lengths are kept as whole thousandths of the entered distance. Arcs have no direction.
 #pragma once
@@ -6,7 +7,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "basic/array.h"
 #include "basic/variant.h"
@@ -15,10 +15,8 @@ namespace Network {
 
 constexpr int kMostNodes = 20;
 constexpr int kMostArcs = 40;
-constexpr std::int32_t kNoArc = 100000000;  // the length between nodes that no arc joins
 
-enum ArcRow : int { kStart = 1, kEnd = 2, kLength = 3 };                  // rows of the arc tables
-enum LabelRow : int { kPermanent = 1, kDistance = 2, kPredecessor = 3 };  // rows of NodeLabel
+enum ArcRow : int { kStart = 1, kEnd = 2, kLength = 3 };  // rows of the arc tables
 
 struct NetworkProblem {
     std::int16_t NumNodes = 0;
@@ -30,23 +28,7 @@ struct NetworkProblem {
     std::int16_t EndNode = 0;
 };
 
-struct NetworkResult {
-    bool Reached = false;  // all nodes can be reached
-    Array2<std::int32_t> RawDistance;
-
-    // Shortest route.
-    Array2<std::int32_t> NodeDistance;  // RawDistance with 0 on its diagonal
-    Array2<std::int32_t> NodeLabel;
-    std::vector<std::int32_t> RoutePath;  // from the node before the ending node back to the starting node
-
-    // Spanning tree.
-    std::vector<std::int32_t> TreeNodes;  // in the order of joining
-    Array2<std::int32_t> TreeArcs;        // by tree arc: the node in the tree, the node that joined, length
-    std::int32_t TreeLength = 0;
-};
-
 extern NetworkProblem Problem;
-extern NetworkResult Result;
 
 bool IsShortestRoute();  // otherwise the tree is asked for
 
@@ -65,13 +47,6 @@ std::int32_t ToThousandths(double distance);
 
 // Which answer of `frminputnodes` is refused, after its message (0: start, 1: end); -1: both are stored.
 int TakeNodes(const std::string& start, const std::string& end);
-
-// Dijkstra's method. Fills the labels of every node from StartNode, and the route when all can be reached.
-// "Overflow" when distances add up beyond 32 bits.
-void FindShortestRoute();
-
-// Prim's method from node 1; stops at nothing, so a network in pieces is seen at the end.
-void FindSpanningTree();
 
 // Solves and shows the report, or warns that not all nodes can be reached.
 void SolveNetwork();

@@ -104,7 +104,7 @@ bool IsAssignment()
 
 void Allocate(int origins, int destinations)
 {
-    if (origins < 1 || destinations < 1) Raise(ErrorNumber::SubscriptOutOfRange);
+    if (origins < 0 || destinations < 0) Raise(ErrorNumber::SubscriptOutOfRange);
     Problem.NumOrigins = ToInt16(origins);
     Problem.NumDestinations = ToInt16(destinations);
     Problem.NumNodes = Add16(Problem.NumOrigins, Problem.NumDestinations);

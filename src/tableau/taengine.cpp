@@ -542,7 +542,8 @@ bool ArcsAgree()
 
 bool TreeIsSound()
 {
-    return ThreadAgrees() && SubtreesAgree() && FlowsAgree() && ArcsAgree();
+    const bool rootAlone = work.Root == 1;  // a file may hold a tableau without lines
+    return rootAlone || (ThreadAgrees() && SubtreesAgree() && FlowsAgree() && ArcsAgree());
 }
 
 #endif

@@ -63,8 +63,9 @@ constexpr std::array<std::string_view, 10> kDestinationHeaders = {
 
 std::string_view DestinationHeader(const ColumnBlock& block)
 {
-    const auto wider = static_cast<std::size_t>(block.Last - block.First);
-    return kDestinationHeaders.at(std::min(wider, kDestinationHeaders.size() - 1));
+    const int widest = static_cast<int>(kDestinationHeaders.size()) - 1;
+    const int wider = std::clamp(block.Last - block.First, 0, widest);  // a file may hold any size
+    return kDestinationHeaders.at(static_cast<std::size_t>(wider));
 }
 
 using CellText = std::function<std::string(int row, int column)>;

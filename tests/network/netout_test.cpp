@@ -6,6 +6,7 @@
 
 #include <sstream>
 
+#include "network/NetworkSolver.h"
 #include "network/networks.h"
 #include "shell/solution.h"
 #include "support/fake_desktop.h"

@@ -252,13 +252,20 @@ ErrorNumber ErrorOfAllocating(int origins, int destinations)
     return ErrorNumber::UserInterrupt;
 }
 
-TEST_F(Cells, SizesThatAreNoneAreErrors)
+TEST_F(Cells, SizesThatCannotBeAreErrors)
 {
-    EXPECT_EQ(ErrorOfAllocating(0, 3), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(ErrorOfAllocating(-1, 3), ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(ErrorOfAllocating(3, -1), ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(ErrorOfAllocating(182, 181), ErrorNumber::Overflow);
+}
+
+TEST_F(Cells, SizesBeyondTheLimitsOfTheDialogAreTaken)
+{
     Tableau::Allocate(181, 181);
     EXPECT_EQ(Problem.NumArcs, 32761);
+    Tableau::Allocate(0, 3);
+    EXPECT_EQ(Problem.NumArcs, 0);
+    EXPECT_EQ(Problem.NumNodes, 3);
 }
 
 }  // namespace

@@ -438,6 +438,23 @@ TEST(taengine, WholeSuppliesThroughDestinationsWithoutDemandAreOptimal)
     }
 }
 
+// Only a file can hold them. Nothing goes beyond an array.
+TEST(taengine, TablesWithoutLinesEndOneWayOrAnother)
+{
+    for (const auto& [rows, columns] :
+         {std::pair{0, 0}, std::pair{0, 1}, std::pair{1, 0}, std::pair{0, 4}, std::pair{4, 0}}) {
+        Session.ProblemTitle = "TRANSPORTATION PROBLEM";
+        Problem = {};
+        Tableau::Allocate(rows, columns);
+        try {
+            Tableau::TaSolve();
+            EXPECT_EQ(Tableau::ExtractSchedule().TotalCost, 0);
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.Number(), ErrorNumber::SubscriptOutOfRange);
+        }
+    }
+}
+
 TEST(taengine, ASecondRunGivesTheSameTree)
 {
     Draws draws(37);
