@@ -59,7 +59,7 @@ struct Leaving {
 // One of the two ways from the ends of the entering arc up to the apex.
 struct Side {
     Node At = 0;
-    std::int32_t Bound = 0;  // the smallest flow that the step would take away
+    std::int64_t Bound = 0;  // the smallest flow that the step would take away
     int Arc = 0;             // that carries it; 0: none so far
 };
 
@@ -246,7 +246,7 @@ void ClimbHeadSide(Side& side)
 // blocking flow is the largest possible one is seen as well.
 Leaving FindCycle(const Entering& entering)
 {
-    const std::int32_t aboveAnyFlow = work.FlowBound + 1;
+    const std::int64_t aboveAnyFlow = std::int64_t{work.FlowBound} + 1;
     const auto a = static_cast<Node>(Problem.TailNode(entering.Arc));
     const Node b = Problem.HeadNode(entering.Arc);
     Side tail{a, aboveAnyFlow, 0};
@@ -259,7 +259,7 @@ Leaving FindCycle(const Entering& entering)
     Leaving leaving;
     leaving.Apex = tail.At;
     leaving.OnTailSide = tail.Bound < head.Bound;
-    leaving.Step = leaving.OnTailSide ? tail.Bound : head.Bound;
+    leaving.Step = static_cast<std::int32_t>(leaving.OnTailSide ? tail.Bound : head.Bound);
     leaving.Arc = leaving.OnTailSide ? tail.Arc : head.Arc;
     leaving.U = leaving.OnTailSide ? a : b;
     leaving.V = leaving.OnTailSide ? b : a;
