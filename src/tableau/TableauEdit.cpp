@@ -8,6 +8,7 @@
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
+#include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
 #include "tableau/AssnOut.h"
@@ -165,6 +166,20 @@ void Rebuild(int origins, int destinations, int lostOrigin, int lostDestination)
     ShowTableau();
 }
 
+// The cell that is being typed counts before the tableau changes under it. False: it was refused, and told;
+// it is blank and waits to be entered again.
+bool FinishCell()
+{
+    Grid& grid = desktop::TheForms().Loaded(kForm).GridOf(kGrid);
+    const int row = grid.Row();
+    const int column = grid.Column();
+    const std::string text = grid.Text(row, column);
+    if (text.empty() || EnterCell(row, column, text) != kCellRefused) return true;
+    grid.SetText(row, column, "");
+    grid.SetFocus();
+    return false;
+}
+
 bool HasRoom(int count, std::string_view line)
 {
     if (count < kMaxLines) return true;
@@ -249,26 +264,26 @@ void ShowTableau()
 
 void AddOrigin()
 {
-    if (HasRoom(Problem.NumOrigins, WordsAtHand().Row))
+    if (HasRoom(Problem.NumOrigins, WordsAtHand().Row) && FinishCell())
         Rebuild(Problem.NumOrigins + 1, Problem.NumDestinations, 0, 0);
 }
 
 void AddDestination()
 {
-    if (HasRoom(Problem.NumDestinations, WordsAtHand().Column))
+    if (HasRoom(Problem.NumDestinations, WordsAtHand().Column) && FinishCell())
         Rebuild(Problem.NumOrigins, Problem.NumDestinations + 1, 0, 0);
 }
 
 void DeleteOrigin()
 {
-    if (!CanLose(Problem.NumOrigins, WordsAtHand().Row)) return;
+    if (!CanLose(Problem.NumOrigins, WordsAtHand().Row) || !FinishCell()) return;
     if (const auto line = AskLine(Problem.NumOrigins, OriginWords()))
         Rebuild(Problem.NumOrigins - 1, Problem.NumDestinations, *line, 0);
 }
 
 void DeleteDestination()
 {
-    if (!CanLose(Problem.NumDestinations, WordsAtHand().Column)) return;
+    if (!CanLose(Problem.NumDestinations, WordsAtHand().Column) || !FinishCell()) return;
     if (const auto line = AskLine(Problem.NumDestinations, DestinationWords()))
         Rebuild(Problem.NumOrigins, Problem.NumDestinations - 1, 0, *line);
 }

@@ -181,9 +181,35 @@ TEST_F(TableauForm, AnOriginIsAddedBelow)
     EXPECT_EQ(Problem.HeadNode(9), 6);
 }
 
+TEST_F(TableauForm, WhatIsBeingTypedCountsBeforeALineIsAdded)
+{
+    GiveSmallTransportation();
+    TheGrid().Select(2, 3);
+    TheGrid().SetText(2, 3, "66");
+    Tableau::AddDestination();
+    EXPECT_EQ(Cells()[2], (Texts{"2", "4", "5", "66", "0", "20"}));
+}
+
+TEST_F(TableauForm, ARefusedCellIsEnteredAgainBeforeALineIsAddedOrDeleted)
+{
+    for (void (*change)() :
+         {Tableau::AddOrigin, Tableau::AddDestination, Tableau::DeleteOrigin, Tableau::DeleteDestination}) {
+        GiveSmallTransportation();
+        TheGrid().Select(1, 4);
+        TheGrid().SetText(1, 4, "1.5");
+        change();
+        EXPECT_EQ(desktop.dialogs.Last(), Refused("Supply Must Have A Numeric Value."));
+        EXPECT_EQ(Problem.NumArcs, 6);
+        EXPECT_EQ(Cells()[1], (Texts{"1", "1", "2", "3", ""}));
+        EXPECT_EQ(Problem.NodeSupply(1), 10);
+    }
+    EXPECT_TRUE(desktop.dialogs.prompts.empty());
+}
+
 TEST_F(TableauForm, AnAgentIsAddedWithASupplyOfOne)
 {
     GiveAssignment({{1, 2}});
+    Tableau::ShowTableau();
     Tableau::AddOrigin();
     EXPECT_THAT(Cells(), ElementsAre(Texts{"Agent", "1", "2"}, Texts{"1", "1", "2"}, Texts{"2", "0", "0"}));
     EXPECT_EQ(Problem.NodeSupply(2), 1);
@@ -208,6 +234,7 @@ TEST_F(TableauForm, TheThirtiethLineIsTheLast)
             GiveAssignment(costs);
         else
             GiveTransportation(costs, std::vector<int>(29, 1), std::vector<int>(29, 1));
+        Tableau::ShowTableau();
         row.add();
         EXPECT_EQ(Problem.NumNodes, 59) << row.line;
         const auto shown = desktop.dialogs.messages.size();
@@ -252,6 +279,7 @@ TEST_F(TableauForm, ADestinationIsDeletedWithItsDemand)
 TEST_F(TableauForm, AgentsAndTasksAreDeleted)
 {
     GiveAssignment({{1, 2}, {3, 4}});
+    Tableau::ShowTableau();
     desktop.dialogs.inputs = {"1", "2"};
     Tableau::DeleteOrigin();
     Tableau::DeleteDestination();
