@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# tour.sh PLAYER SCRIPT: a part of the tour plays to its end and leaves a report and two pictures.
+# tour.sh PLAYER SCRIPT: a part of the tour plays to its end and leaves two pictures and a report with the answers
+# that were found by another road (answers/, where the first line tells which).
 set -euo pipefail
 player=$1 script=$2
 name=$(basename "$script" .play)
@@ -11,4 +12,8 @@ cp -r "$(dirname "$script")/../../Problems" "$scratch/"
 if grep '^msgbox' "$scratch/transcript"; then exit 1; fi
 for result in "$name.OUT" "$name.png" "$name-problem.png"; do
     [ -s "$scratch/$result" ] || { echo "there is no $result"; exit 1; }
+done
+
+tail -n +2 "$(dirname "$0")/answers/$name.txt" | while IFS= read -r line; do
+    grep -qF -- "$line" "$scratch/$name.OUT" || { echo "the report lacks: $line"; exit 1; }
 done
