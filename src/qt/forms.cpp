@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include "basic/error.h"
@@ -252,11 +253,13 @@ private:
     // A key that nothing in the main window has the focus for belongs to the form in front.
     bool HandOn(QKeyEvent& key)
     {
-        if (!main_.hasFocus() || area_ == nullptr || (key.modifiers() & Qt::AltModifier) != 0) return false;
+        if (handsOn_ || !main_.hasFocus() || area_ == nullptr || (key.modifiers() & Qt::AltModifier) != 0)
+            return false;
         const QMdiSubWindow* front = Front();
         QWidget* target = front == nullptr ? nullptr : front->widget()->focusProxy();
         if (target == nullptr || !target->isVisible() || StaysWithMain(key.key())) return false;
         if (target->focusPolicy() != Qt::NoFocus) target->setFocus(Qt::OtherFocusReason);
+        const QScopedValueRollback<bool> once(handsOn_, true);  // a key without effect comes back
         QCoreApplication::sendEvent(target, &key);
         return key.isAccepted();
     }
@@ -269,6 +272,7 @@ private:
 
     QWidget& main_;
     QMdiArea* area_;
+    bool handsOn_ = false;
 };
 
 QtForms::QtForms() = default;

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 
 #include "shell/commands.h"
@@ -157,7 +158,8 @@ void frmMenu::closeEvent(QCloseEvent* event)
     QApplication::exit(0);
 }
 
-// The report page never has the focus; its scrolling keys arrive here.
+// The report page never has the focus; its scrolling keys arrive here. Those that it has no use for, at its
+// ends, come back.
 void frmMenu::keyPressEvent(QKeyEvent* event)
 {
     auto* page = findChild<QWidget*>("gridSolution");
@@ -170,7 +172,8 @@ void frmMenu::keyPressEvent(QKeyEvent* event)
         case Qt::Key_PageDown:
         case Qt::Key_Home:
         case Qt::Key_End:
-            if (page != nullptr && page->isVisible()) {
+            if (page != nullptr && page->isVisible() && !scrolls_) {
+                const QScopedValueRollback<bool> once(scrolls_, true);
                 QCoreApplication::sendEvent(page, event);
                 return;
             }

@@ -29,4 +29,5 @@ private:
     std::map<std::string, QAction*> actions_;
     std::map<std::string, QMenu*> menus_;
     std::vector<std::string> shownItems_;
+    bool scrolls_ = false;  // a key is being passed to the report page
 };
