@@ -2,6 +2,8 @@
 // constraints in another; before there is a problem, the introduction to the module.
 #pragma once
 
+#include <array>
+
 #include "qt/entrygrid.h"
 #include "qt/forms.h"
 
@@ -21,5 +23,5 @@ private:
     void GoToConstraints();
     void GoToObjective();
 
-    qt::EntryGrid* grids_[2] = {};
+    std::array<qt::EntryGrid*, 2> grids_{};  // objective, constraints
 };
