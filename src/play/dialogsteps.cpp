@@ -153,7 +153,7 @@ Outcome CloseScreen(const Step&, Stage&)
     if (screen == nullptr) return "no screen is shown";
     CloseMenus();
     if (auto* frame = qobject_cast<QMdiSubWindow*>(screen->parentWidget())) {
-        if ((frame->windowFlags() & Qt::FramelessWindowHint) != 0)
+        if ((frame->windowFlags() & Qt::WindowCloseButtonHint) == 0)
             return screen->objectName().toStdString() + " has no close button";
         frame->close();
         return kDone;
