@@ -115,7 +115,7 @@ int RecordOf(int node)
 // The bounds of the node and of those above it, from the node up.
 void ApplyBounds(int node)
 {
-    const int depth = std::bit_width(static_cast<unsigned>(node)) - 1;
+    const int depth = static_cast<int>(std::bit_width(static_cast<unsigned>(node))) - 1;
     for (int level = 1; level <= depth; ++level, node /= 2)
         ApplyRecord(RecordOf(node));
 }
