@@ -206,13 +206,13 @@ std::string_view IndicatorOf(int method)
     }
 }
 
-// The text is a whole number from 1 to `most`.
-bool IsPeriodCount(std::string_view text, int most)
+// The text is a whole number from 1 to `most`. The message ends in the limit, a fixed one with a full stop.
+bool IsPeriodCount(std::string_view text, int most, const char* stop = "")
 {
     if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE.");
     const double count = Val(Session.CheckText);
     if (count < 1 || count > most)
-        return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND " + std::to_string(most));
+        return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND " + std::to_string(most) + stop);
     return true;
 }
 
@@ -273,7 +273,7 @@ int TakeMethod(int method, const std::array<std::string, 2>& fields)
             accepted = IsSmoothingConstant(fields[0]);
             break;
         case kTrendProjection:
-            accepted = IsPeriodCount(fields[0], kMostTrendForecasts);
+            accepted = IsPeriodCount(fields[0], kMostTrendForecasts, ".");
             break;
         default:
             accepted = IsSeasonCount(fields[0]);

@@ -290,7 +290,7 @@ struct Choice {
 
 constexpr const char* kWholePeriods = "NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE.";
 constexpr const char* kUpTo11 = "NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND 11";
-constexpr const char* kUpTo12 = "NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND 12";
+constexpr const char* kUpTo12 = "NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND 12.";
 constexpr const char* kConstant = "NOTE:  THE VALUE OF THE SMOOTHING CONSTANT MUST BE BETWEEN 0 AND 1.";
 constexpr const char* kWholeSeasons = "NOTE:  THE NUMBER OF SEASONS MUST BE AN INTEGER VALUE.";
 constexpr const char* kFewSeasons = "NOTE:  THE NUMBER OF SEASONS MUST BE AT LEAST 1.";
