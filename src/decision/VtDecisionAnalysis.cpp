@@ -1,5 +1,6 @@
 #include "decision/VtDecisionAnalysis.h"
 
+#include "basic/entrytext.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
@@ -102,7 +103,7 @@ void FillGrid(Grid& grid, int pass)
     if (Session.NewProblem) return;
     for (int row = 1; row <= RowsOf(pass); ++row)
         for (int column = 1; column <= ColumnsOf(pass); ++column)
-            grid.SetText(row, column, Variant(Stored(pass, row, column)).Text());
+            grid.SetText(row, column, EntryText(Stored(pass, row, column)));
 }
 
 int RefuseProbability()

@@ -1,5 +1,6 @@
 #include "forecasting/VtForecasting.h"
 
+#include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
@@ -36,7 +37,7 @@ void FillGrid(bool withValues)
     grid.SetText(0, 1, "Time Series Value");
     for (int t = 1; t <= Problem.PeriodCount; ++t) {
         grid.SetText(t, 0, std::to_string(t));
-        if (withValues) grid.SetText(t, 1, Problem.TimeSeries(t).Text());
+        if (withValues) grid.SetText(t, 1, EntryText(Problem.TimeSeries(t)));
     }
 }
 

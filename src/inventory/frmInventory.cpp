@@ -1,5 +1,6 @@
 #include "inventory/frmInventory.h"
 
+#include "basic/entrytext.h"
 #include "qt/text.h"
 
 using VtInvent::Problem;
@@ -20,7 +21,7 @@ bool TakeFirstHoldingBox(std::string_view text)
 
 void InventoryForm::AddField(const char* name, std::string_view label, Take take, const Variant& value)
 {
-    AddField(Rows(), name, label, take, value.Text());
+    AddField(Rows(), name, label, take, EntryText(value));
 }
 
 void InventoryForm::AddAnnualDemand(const char* name)
@@ -60,9 +61,9 @@ void InventoryForm::AddHoldingCost()
     AddChoice(Rows(), "comboHoldingcostmethod", "Holding Cost Method:", {"Amount", "Percent"}, method,
               [this](int index) { ChooseHoldingMethod(index); });
     txtFrame1_ = AddField(Rows(), "txtFrame1", "", TakeFirstHoldingBox,
-                          (HoldsPercent() ? Problem.CarryingPercent : Problem.HoldingCost).Text());
+                          EntryText(HoldsPercent() ? Problem.CarryingPercent : Problem.HoldingCost));
     txtframe2_ = AddField(Rows(), "txtframe2", "Unit Cost:", VtInvent::TakeUnitCost,
-                          HoldsPercent() ? Problem.UnitCost.Text() : std::string());
+                          HoldsPercent() ? EntryText(Problem.UnitCost) : std::string());
     ShowHoldingMethod();
 }
 
@@ -86,7 +87,7 @@ void InventoryForm::AddReorderPoint()
     QCheckBox* check = qt::AddCheck(Rows(), "chkreorderpoint", "Compute Reorder Point?");
     check->setChecked(compute);
     txtleadtime_ = AddField(Rows(), "txtleadtime", "Enter Lead Time in days:", VtInvent::TakeLeadTime,
-                            Problem.LeadTimeDays.Text());
+                            EntryText(Problem.LeadTimeDays));
     qt::ShowRow(txtleadtime_, compute);
     connect(check, &QCheckBox::toggled, this, &InventoryForm::ChooseReorderPoint);
 }

@@ -1,4 +1,5 @@
 #include "inventory/frmOnePeriodProb.h"
+#include "basic/entrytext.h"
 
 using VtInvent::Problem;
 
@@ -48,8 +49,8 @@ void frmOnePeriodProb::AddDistribution()
               });
     const Variant& small = IsNormal() ? Problem.MeanDemand : Problem.LowestDemand;
     const Variant& large = IsNormal() ? Problem.DemandStdDev : Problem.HighestDemand;
-    txtSmallValue_ = ModelEntryForm::AddField(Rows(), "txtSmallValue", "", TakeSmallValue, small.Text());
-    txtLargeValue_ = ModelEntryForm::AddField(Rows(), "txtLargeValue", "", TakeLargeValue, large.Text());
+    txtSmallValue_ = ModelEntryForm::AddField(Rows(), "txtSmallValue", "", TakeSmallValue, EntryText(small));
+    txtLargeValue_ = ModelEntryForm::AddField(Rows(), "txtLargeValue", "", TakeLargeValue, EntryText(large));
     ShowDistribution();
 }
 

@@ -1,4 +1,5 @@
 #include "inventory/frmQR_Prob.h"
+#include "basic/entrytext.h"
 
 using VtInvent::Problem;
 
@@ -37,9 +38,10 @@ void frmQR_Prob::AddLeadTimeDemand()
     QGroupBox* frame = qt::AddFrame(Rows(), "", "Normal Distribution of Demand During Leadtime:");
     auto* rows = new QFormLayout;
     static_cast<QBoxLayout*>(frame->layout())->addLayout(rows);
-    ModelEntryForm::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand, Problem.MeanDemand.Text());
+    ModelEntryForm::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand,
+                             EntryText(Problem.MeanDemand));
     ModelEntryForm::AddField(rows, "txtStdDev", "Standard Deviation:", VtInvent::TakeDemandStdDev,
-                             Problem.DemandStdDev.Text());
+                             EntryText(Problem.DemandStdDev));
 }
 
 void frmQR_Prob::AddService()
@@ -53,7 +55,7 @@ void frmQR_Prob::AddService()
                   ShowServiceMethod();
               });
     const Variant& value = GivesProbability() ? Problem.StockoutProbability : Problem.AllowedStockouts;
-    txtStockout_ = ModelEntryForm::AddField(Rows(), "txtStockout", "", TakeStockout, value.Text());
+    txtStockout_ = ModelEntryForm::AddField(Rows(), "txtStockout", "", TakeStockout, EntryText(value));
     ShowServiceMethod();
 }
 

@@ -1,4 +1,5 @@
 #include "inventory/frmQtyDiscounts.h"
+#include "basic/entrytext.h"
 
 #include <QGridLayout>
 
@@ -46,7 +47,7 @@ std::vector<QLineEdit*> frmQtyDiscounts::AddColumn(QGridLayout* table, int colum
                                      std::string(heading) + ", category " + number,
                                      [take, k](std::string_view text) { return take(k, text); });
         table->addWidget(box, k, column);
-        qt::SetTextOf(box, values(k).Text());
+        qt::SetTextOf(box, EntryText(values(k)));
         box->setVisible(k <= Problem.CategoryCount.Value());
         Require(box);
         boxes.push_back(box);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/entrytext.h"
 #include "basic/error.h"
 #include "basic/format.h"
 #include "basic/number.h"
@@ -80,7 +81,7 @@ std::string NameText(int column)
 std::string ObjectiveText(int column)
 {
     const double coefficient = Problem.LpCoefficients(0, column);
-    return Session.NewProblem || coefficient == 0 ? std::string() : PlainText(coefficient);
+    return Session.NewProblem || coefficient == 0 ? std::string() : EntryText(coefficient);
 }
 
 void FillObjectiveGrid()
@@ -109,9 +110,9 @@ void FillConstraint(Grid& grid, int row)
 {
     const int n = Problem.NumVariables;
     for (int column = 1; column <= n; ++column)
-        grid.SetText(row, column, PlainText(Problem.LpCoefficients(row, column)));
+        grid.SetText(row, column, EntryText(Problem.LpCoefficients(row, column)));
     grid.SetText(row, n + 1, RelationText(Problem.LpRelations(row)));
-    grid.SetText(row, n + 2, PlainText(Problem.LpCoefficients(row, 0)));
+    grid.SetText(row, n + 2, EntryText(Problem.LpCoefficients(row, 0)));
 }
 
 void FillConstraintGrid()

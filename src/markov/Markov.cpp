@@ -1,5 +1,6 @@
 #include "markov/Markov.h"
 
+#include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
@@ -34,7 +35,7 @@ void FillGrid(Grid& grid)
     if (Session.NewProblem) return;
     for (int i = 1; i <= n; ++i)
         for (int j = 1; j <= n; ++j)
-            grid.SetText(i, j, Problem.TransitionMatrix(i, j).Text());
+            grid.SetText(i, j, EntryText(Problem.TransitionMatrix(i, j)));
 }
 
 }  // namespace

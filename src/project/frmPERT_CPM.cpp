@@ -4,6 +4,7 @@
 #include <QSignalBlocker>
 #include <QTimer>
 
+#include "basic/entrytext.h"
 #include "project/VtPert_CPM.h"
 #include "qt/fields.h"
 #include "qt/text.h"
@@ -49,7 +50,7 @@ std::vector<std::size_t> MenuOrder()
 
 std::string TimeText(const TimeField& field, int activity)
 {
-    return (Problem.*field.Times)(activity).Text();
+    return EntryText((Problem.*field.Times)(activity));
 }
 
 int RowOf(int activity)

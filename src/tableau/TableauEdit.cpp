@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "basic/decimal.h"
+#include "basic/entrytext.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
@@ -75,12 +75,6 @@ SizeQuestion LineQuestion(std::string_view question, std::string_view wholeMessa
 
 // ---- the grid ----
 
-// Always in a form that a cell takes: without an exponent.
-std::string CostText(const Variant& cost)
-{
-    return cost.IsEmpty() ? "" : PlainDigits(ToDecimal(cost.Value(), 15));
-}
-
 void FillHeadings(Grid& grid, const Words& words)
 {
     grid.SetText(0, 0, words.Corner);
@@ -100,7 +94,7 @@ void FillCosts(Grid& grid)
 {
     for (int i = 1; i <= Problem.NumOrigins; ++i)
         for (int j = 1; j <= Problem.NumDestinations; ++j)
-            grid.SetText(i, j, CostText(Problem.ArcCost(ArcNumber(i, j))));
+            grid.SetText(i, j, EntryText(Problem.ArcCost(ArcNumber(i, j))));
 }
 
 void FillQuantities(Grid& grid)

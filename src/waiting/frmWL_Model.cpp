@@ -1,5 +1,6 @@
 #include "waiting/frmWL_Model.h"
 
+#include "basic/entrytext.h"
 #include "basic/format.h"
 
 using VtWait::Problem;
@@ -52,7 +53,7 @@ QLineEdit* frmWL_Model::AddCheckedField(QFormLayout* rows, const std::string& na
         qt::SetTextOf(findChild<QLineEdit*>(QString::fromStdString(name)), UpperCase(text));
         return false;
     };
-    return AddField(rows, name.c_str(), label, check, value.Text(), labelName.c_str());
+    return AddField(rows, name.c_str(), label, check, EntryText(value), labelName.c_str());
 }
 
 void frmWL_Model::AddEconomicAnalysis()
