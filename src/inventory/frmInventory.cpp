@@ -38,7 +38,7 @@ void InventoryForm::AddWorkingDays(const char* name)
 {
     workingDays_ = AddField(Rows(), name, "Number of Working Days per Year:", VtInvent::TakeWorkingDays,
                             VtInvent::OpeningWorkingDays());
-    qt::AddLabel(Rows(), "", "(250 days/year is common)");
+    qt::AddLabel(Rows(), "lblWorkingDaysNote", "(250 days/year is common)");
 }
 
 QComboBox* InventoryForm::AddChoice(QFormLayout* rows, const char* name, std::string_view label,

@@ -35,7 +35,7 @@ frmQR_Prob::frmQR_Prob(QWidget* parent)
 
 void frmQR_Prob::AddLeadTimeDemand()
 {
-    QGroupBox* frame = qt::AddFrame(Rows(), "", "Normal Distribution of Demand During Leadtime:");
+    QGroupBox* frame = qt::AddFrame(Rows(), "frameDemand", "Normal Distribution of Demand During Leadtime:");
     auto* rows = new QFormLayout;
     static_cast<QBoxLayout*>(frame->layout())->addLayout(rows);
     ModelEntryForm::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand,

@@ -5,6 +5,17 @@
 
 using VtInvent::Problem;
 
+namespace {
+
+QLabel* PutText(QGridLayout* table, const std::string& name, std::string_view text, int row, int column)
+{
+    QLabel* label = qt::MakeLabel(name.c_str(), text);
+    table->addWidget(label, row, column);
+    return label;
+}
+
+}  // namespace
+
 frmQtyDiscounts::frmQtyDiscounts(QWidget* parent)
     : InventoryForm(parent, "frmQtyDiscounts", " Quantity Discounts")
 {
@@ -21,14 +32,15 @@ frmQtyDiscounts::frmQtyDiscounts(QWidget* parent)
 
 void frmQtyDiscounts::AddCategories()
 {
-    QGroupBox* frame = qt::AddFrame(Rows(), "", "Cost/Quantity Information");
+    QGroupBox* frame = qt::AddFrame(Rows(), "frameCategories", "Cost/Quantity Information");
     auto* table = new QGridLayout;
     static_cast<QBoxLayout*>(frame->layout())->addLayout(table);
-    table->addWidget(new QLabel("Category"), 0, 0);
+    PutText(table, "lblCategory", "Category", 0, 0);
     for (int k = 1; k <= VtInvent::kCategoryRows; ++k) {
-        auto* number = new QLabel(QString::number(k));
-        table->addWidget(number, k, 0, Qt::AlignCenter);
-        number->setVisible(k <= Problem.CategoryCount.Value());
+        const std::string number = std::to_string(k);
+        QLabel* label = PutText(table, "lblCategory(" + std::to_string(k - 1) + ")", number, k, 0);
+        label->setAlignment(Qt::AlignCenter);
+        label->setVisible(k <= Problem.CategoryCount.Value());
     }
     AddColumn(table, 1, "txtUnitCost", "Unit Cost", VtInvent::TakeCategoryUnitCost, Problem.CategoryUnitCost);
     txtMinQty_ = AddColumn(table, 2, "txtMinQty", "Minimum Quantity", VtInvent::TakeCategoryMinimum,
@@ -40,7 +52,7 @@ std::vector<QLineEdit*> frmQtyDiscounts::AddColumn(QGridLayout* table, int colum
                                                    const Array1<Variant>& values)
 {
     std::vector<QLineEdit*> boxes;
-    table->addWidget(new QLabel(heading), 0, column);
+    PutText(table, "lbl" + std::string(name).substr(3), heading, 0, column);
     for (int k = 1; k <= VtInvent::kCategoryRows; ++k) {
         const std::string number = std::to_string(k);
         QLineEdit* box = qt::MakeBox((std::string(name) + "(" + std::to_string(k - 1) + ")").c_str(),

@@ -10,12 +10,11 @@
 
 namespace {
 
-QListWidget* AddVariableList(QLayout* lists, const char* name, const char* caption)
+QListWidget* AddVariableList(QLayout* lists, const char* labelName, const char* name, const char* caption)
 {
     auto* column = new QVBoxLayout;
     static_cast<QHBoxLayout*>(lists)->addLayout(column);
-    auto* label = new QLabel(caption);
-    column->addWidget(label);
+    QLabel* label = qt::AddLabel(column, labelName, caption);
     QListWidget* list = qt::AddList(column, name, caption);
     label->setBuddy(list);
     list->setSelectionMode(QAbstractItemView::MultiSelection);
@@ -81,8 +80,8 @@ void frmIP::AddLists(QLayout* page)
 {
     auto* lists = new QHBoxLayout;
     static_cast<QVBoxLayout*>(page)->addLayout(lists);
-    lstBinary = AddVariableList(lists, "lstBinary", "Select 0/1 Variables:");
-    lstGeneral = AddVariableList(lists, "lstGeneral", "Select General Integer Variables:");
+    lstBinary = AddVariableList(lists, "lblBinary", "lstBinary", "Select 0/1 Variables:");
+    lstGeneral = AddVariableList(lists, "lblGeneral", "lstGeneral", "Select General Integer Variables:");
     LetExclude(lstBinary, lstGeneral);
     LetExclude(lstGeneral, lstBinary);
 

@@ -23,7 +23,7 @@ frmLPFeatures::frmLPFeatures(QWidget* parent) : qt::ModalForm(parent)
     auto* rows = new QFormLayout;
     page->addLayout(rows);
     txtConstraints = qt::AddBox(rows, "txtConstraints", "Number of Constraints:");
-    rows->addRow(new QLabel("(Not Including Nonnegativity)"));
+    qt::AddLabel(rows, "lblConstraintsNote", "(Not Including Nonnegativity)");
     txtVariables = qt::AddBox(rows, "txtVariables", "Number of Decision Variables:");
     QLayout* frame = qt::AddFrame(page, "Frame1", "Optimization Type")->layout();
     optMinimize = qt::AddOption(frame, "optMinimize", "Minimize");

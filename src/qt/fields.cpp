@@ -80,19 +80,22 @@ void Put(QLayout* layout, QWidget* control)
         layout->addWidget(control);
 }
 
-QLabel* MakeLabel(const char* name, std::string_view text)
+// `txtMean` goes with `lblMean`, `comboService` with `lblService`.
+QString NameOfLabel(const QWidget* control)
 {
-    auto* label = Named(new QLabel, name);
-    label->setTextFormat(Qt::PlainText);
-    label->setText(ToQt(text));
-    return label;
+    QString name = control->objectName();
+    for (const QString& kind : {QStringLiteral("txt"), QStringLiteral("combo")})
+        if (name.startsWith(kind)) name.remove(0, kind.size());
+    return "lbl" + name;
 }
 
 template <typename Control>
 Control* PutRow(QFormLayout* rows, Control* control, std::string_view label, const char* labelName)
 {
     control->setAccessibleName(ToQt(label).trimmed());
-    rows->addRow(MakeLabel(labelName, label), control);
+    QLabel* text = MakeLabel(labelName, label);
+    if (*labelName == '\0') text->setObjectName(NameOfLabel(control));
+    rows->addRow(text, control);
     return control;
 }
 
@@ -132,6 +135,14 @@ void Trap(const std::function<void()>& steps)
     } catch (const RuntimeError& error) {
         ShowError(error);
     }
+}
+
+QLabel* MakeLabel(const char* name, std::string_view text)
+{
+    auto* label = Named(new QLabel, name);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(ToQt(text));
+    return label;
 }
 
 QLabel* AddLabel(QLayout* layout, const char* name, std::string_view text)

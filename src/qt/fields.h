@@ -35,8 +35,11 @@ void Trap(const std::function<void()>& steps);
 
 // A label of its own; text as it stands, broken into lines where it is too long.
 QLabel* AddLabel(QLayout* layout, const char* name, std::string_view text);
+// The same outside of a layout, on one line.
+QLabel* MakeLabel(const char* name, std::string_view text);
 
-// A label and its text box on one row. The label may have a name, too.
+// A label and its text box on one row. A label without a name of its own takes that of its box: `lblMean`
+// stands beside `txtMean`.
 QLineEdit* AddBox(QFormLayout* rows, const char* name, std::string_view label, TextCheck check = {},
                   const char* labelName = "");
 // A box outside of a form layout; `description` is read out to those who do not see the screen.

@@ -37,7 +37,7 @@ void frmUserInput::AddQuestions(QFormLayout* rows)
         QLineEdit* box = qt::AddBox(rows, ("txtAnswer" + index).c_str(), question.Question, {},
                                     ("lblQuestion" + index).c_str());
         qt::OnlyDigits(box);
-        if (!question.Note.empty()) rows->addRow(new QLabel(QString::fromStdString(question.Note)));
+        if (!question.Note.empty()) qt::AddLabel(rows, ("lblNote" + index).c_str(), question.Note);
         txtAnswer.push_back(box);
     }
 }

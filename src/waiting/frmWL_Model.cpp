@@ -41,7 +41,7 @@ void frmWL_Model::AddModelBox(int index)
     }
     QLineEdit* field = AddCheckedField(Rows(), name, box.Label, box.Take, Problem.*box.Field, labelName);
     if (box.Field == &WaitingProblem::ArrivalRate) arrivalRate_ = field;
-    if (!box.Note.empty()) qt::AddLabel(Rows(), "", box.Note);
+    if (!box.Note.empty()) qt::AddLabel(Rows(), Indexed("lblNote", index).c_str(), box.Note);
 }
 
 // A refused text comes back in capitals, as it was checked.
