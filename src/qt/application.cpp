@@ -3,7 +3,9 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScopedValueRollback>
+#include <utility>
 
 #include "basic/error.h"
 #include "qt/fields.h"
@@ -67,15 +69,30 @@ void Application::Guard(QWidget* widget, Leaving kind, std::function<bool()> may
 bool Application::notify(QObject* receiver, QEvent* event)
 {
     try {
+        if (checking_ && event->type() == QEvent::WindowBlocked) toldMeanwhile_ = true;
         if (Prevents(receiver, *event)) {
             event->accept();
             return true;
         }
+        if (std::exchange(losesRelease_, false))
+            return NotifyClick(*receiver, *static_cast<QMouseEvent*>(event));
         return QApplication::notify(receiver, event);
     } catch (const RuntimeError& error) {
         ShowError(error);
         return true;
     }
+}
+
+// The release of this press went to a message box on top of it; the click is completed here.
+bool Application::NotifyClick(QObject& clicked, QMouseEvent& press)
+{
+    const QPointer<QObject> target = &clicked;
+    QMouseEvent release(QEvent::MouseButtonRelease, press.position(), press.scenePosition(),
+                        press.globalPosition(), press.button(), Qt::NoButton, press.modifiers(),
+                        press.pointingDevice());
+    const bool handled = QApplication::notify(&clicked, &press);
+    if (!target.isNull()) QApplication::notify(target, &release);
+    return handled;
 }
 
 // A press that was refused takes its release with it.
@@ -90,9 +107,12 @@ bool Application::Prevents(QObject* receiver, const QEvent& event)
     const Guarded* guard = FocusGuard();
     if (guard == nullptr) return false;
     if (!Leaves(*guard, *static_cast<QWidget*>(receiver), event)) return false;
-    if (Allows(*guard)) return false;
-    dropsRelease_ = event.type() == QEvent::MouseButtonPress;
-    return true;
+    const bool pressed = event.type() == QEvent::MouseButtonPress;
+    toldMeanwhile_ = false;
+    const bool allowed = Allows(*guard);
+    losesRelease_ = pressed && allowed && toldMeanwhile_;
+    dropsRelease_ = pressed && !allowed;
+    return !allowed;
 }
 
 const Application::Guarded* Application::FocusGuard() const

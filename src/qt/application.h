@@ -7,6 +7,7 @@
 #include <map>
 
 class QKeyEvent;
+class QMouseEvent;
 
 namespace qt {
 
@@ -36,10 +37,13 @@ private:
     [[nodiscard]] const Guarded* FocusGuard() const;
     [[nodiscard]] static bool Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event);
     bool Allows(const Guarded& guard);
+    bool NotifyClick(QObject& clicked, QMouseEvent& press);
 
     std::map<const QObject*, Guarded> guards_;
     bool checking_ = false;
     bool dropsRelease_ = false;
+    bool losesRelease_ = false;
+    bool toldMeanwhile_ = false;  // a message box came up during the check
 };
 
 }  // namespace qt

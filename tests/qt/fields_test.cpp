@@ -99,6 +99,25 @@ TEST_F(FieldsTest, TheClickThatWasRefusedHasNoEffect)
     EXPECT_EQ(form.accepted, 1);
 }
 
+TEST_F(FieldsTest, AClickThatIsAllowedAfterAMessageHasItsEffect)
+{
+    auto* box = qt::MakeBox("txtThird", "Third", [this](std::string_view) {
+        QTimer::singleShot(0, [] {
+            auto* told = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(told, nullptr);
+            QTest::mouseClick(told->button(QMessageBox::Ok), Qt::LeftButton);
+        });
+        QMessageBox::information(&form, "", "Hello");
+        return true;
+    });
+    form.layout()->addWidget(box);
+    box->show();
+    box->setFocus();
+    QTest::mousePress(form.ok, Qt::LeftButton);  // the message box has the release
+    EXPECT_EQ(form.accepted, 1);
+    EXPECT_FALSE(form.ok->isDown());
+}
+
 TEST_F(FieldsTest, TabAndBacktabCheck)
 {
     form.first->setText("x");
@@ -241,6 +260,7 @@ TEST_F(FieldsTest, TheTabOrderIsTheOrderOfTheFields)
 TEST_F(FieldsTest, LabelsAreReadOutAndStandAsTheyAreGiven)
 {
     EXPECT_EQ(form.first->accessibleName(), "First & foremost:");
+    EXPECT_NE(form.findChild<QLabel*>("lblFirst"), nullptr);
     for (const auto* label : form.findChildren<QLabel*>()) {
         EXPECT_EQ(label->textFormat(), Qt::PlainText);
     }
