@@ -57,6 +57,8 @@ void LoadProblemForm()
     for (const char* item : {"mnuFileNew", "mnuFileOpen", "mnuFileChangeModules"})
         Menus.SetEnabled(item, true);
 
+    Menus.SetCaption(EditItemName(0), "");  // there is no problem yet to go back to
+
     const ModuleRoutines* routines = module.Routines;
     const bool hasSubmenu = routines != nullptr && !routines->SubmenuCaption.empty();
     Menus.SetVisible(EditItemName(1), hasSubmenu);
@@ -210,6 +212,11 @@ void ShowMenusOfProblem(const ModuleRoutines& routines)
     Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
 }
 
+bool HasReport()
+{
+    return Menus.Item("mnuSolutionPrinttoText").Enabled;
+}
+
 void SolveProblem()
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
@@ -234,7 +241,10 @@ void SolveProblem()
     }
     routines.SolveAndShow();
     if (routines.ShellEnablesPrinting) Menus.EnablePrinting(true);
-    if (!routines.ShellShowsSolving) return;
+    if (!routines.ShellShowsSolving) {
+        if (!HasReport()) ShowMenusOfProblem(routines);  // the engine's own dialog was cancelled
+        return;
+    }
     screen.SetPointer(Pointer::Normal);
     desktop::TheForms().FocusMenu();
     if (!routines.IndicatorComesBack) return;

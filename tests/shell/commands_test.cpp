@@ -138,6 +138,11 @@ TEST_F(CommandsOfTheShell, MenusFollowTheStatesOfASession)
     EXPECT_TRUE(desktop.forms.IsLoaded("frmModuleSelection"));
     EXPECT_EQ(Session.CurrentModule, 0);
     EXPECT_EQ(desktop.screen.indicator, "");
+
+    Commands::SelectModule(12);
+    Commands::ChooseModule();
+    EXPECT_EQ(MenuStates(), "11010000");
+    EXPECT_EQ(DisplayItem().Caption, "");
 }
 
 TEST_F(CommandsOfTheShell, AClosedReportLeavesTheProblem)
