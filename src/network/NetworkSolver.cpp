@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "basic/error.h"
 #include "basic/number.h"
 #include "network/vtshrtrt.h"
 
@@ -11,10 +12,14 @@ NetworkResult Result;
 
 namespace {
 
+// A problem file can give any number of nodes, and the matrices grow with its square.
+constexpr int kMostMatrixNodes = 500;
+
 void FillRawDistances()
 {
     const int n = Problem.NumNodes;
     Result = {};
+    if (n > kMostMatrixNodes) Raise(ErrorNumber::Overflow);
     Result.RawDistance = Array2<std::int32_t>(n, n);
     Result.RawDistance.Fill(kNoArc);
     for (int k = 1; k <= Problem.NumArcs; ++k) {

@@ -280,6 +280,14 @@ TEST(SpanningTree, EqualLengthsJoinTheEarliestNodeAndTheLowestNumber)
     }
 }
 
+TEST(NetworkSolvers, ANetworkOfThousandsOfNodesIsRefused)
+{
+    GiveTree(501, {{1, 2, 1}});
+    EXPECT_THROW(Network::FindSpanningTree(), RuntimeError);
+    GiveTree(500, {{1, 2, 1}});
+    EXPECT_NO_THROW(Network::FindSpanningTree());
+}
+
 TEST(SpanningTree, TheLaterOfTwoArcsCounts)
 {
     GiveTree(2, {{1, 2, 1}, {2, 1, 6}});
