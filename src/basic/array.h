@@ -64,7 +64,10 @@ public:
     // Unchecked, for the inner loops of the engines: the row's element 0 is first, the next row Stride()
     // further.
     T* Row(int row) { return elements_.data() + static_cast<std::size_t>(row) * stride_; }
-    [[nodiscard]] const T* Row(int row) const { return elements_.data() + static_cast<std::size_t>(row) * stride_; }
+    [[nodiscard]] const T* Row(int row) const
+    {
+        return elements_.data() + static_cast<std::size_t>(row) * stride_;
+    }
     [[nodiscard]] std::size_t Stride() const { return stride_; }
 
 private:

@@ -1,5 +1,6 @@
 // A grid of texts with fixed rows and columns at its top and left and a current cell. Rows and columns count
-// from 0, the fixed ones included. An index outside raises "Subscript out of range", and so does a size below 0.
+// from 0, the fixed ones included. An index outside raises "Subscript out of range", and so does a size below
+// 0.
 #pragma once
 
 #include <string>

@@ -43,8 +43,8 @@ bool IsTransportation();
 bool IsAssignment();
 
 // Makes the arrays afresh for the size, with zero costs and supplies (1 and -1 in an assignment).
-// "Subscript out of range" for a negative count, "Overflow" when the arcs cannot be counted in 16 bits. Only a
-// problem file asks for a size that the dialog would refuse; it is taken as it stands.
+// "Subscript out of range" for a negative count, "Overflow" when the arcs cannot be counted in 16 bits. Only
+// a problem file asks for a size that the dialog would refuse; it is taken as it stands.
 void Allocate(int origins, int destinations);
 
 int ArcNumber(int origin, int destination);

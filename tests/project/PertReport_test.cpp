@@ -153,9 +153,9 @@ TEST_F(PertReport, KnownTimesPrinted)
                             "                             IMMEDIATE           EXPECTED",     //
                             "            ACTIVITY        PREDECESSORS           TIME",       //
                             "          --------------------------------------------------",  //
-                            "                A           -                       3.5",     //
-                            "                B           A                       4.0",     //
-                            "                C           A, B                    2.0",     //
+                            "                A           -                       3.5",       //
+                            "                B           A                       4.0",       //
+                            "                C           A, B                    2.0",       //
                             "          --------------------------------------------------",  //
                             "                         ***  ACTIVITY SCHEDULE  ***",          //
                             "",                                                              //

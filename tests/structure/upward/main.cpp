@@ -1,2 +1,2 @@
-#include "play/script.h"
 #include "markov/frmChain.h"
+#include "play/script.h"

@@ -1,4 +1,4 @@
 #include <QWidget>
 
-#include "qt/fields.h"
 #include "play/script.h"
+#include "qt/fields.h"
