@@ -8,7 +8,8 @@ cmake --preset tidy >/dev/null
 if [ $# -gt 0 ]; then
     sources=("$@")
 else
-    mapfile -t sources < <(git ls-files 'src/*.cpp' 'tests/*.cpp' 'fuzz/*.cpp' 'bench/*.cpp')
+    mapfile -t sources < <(sed -n 's/^ *"file": "\([^"]*\)".*/\1/p' build/tidy/compile_commands.json |
+        grep -v "^$PWD/build/" | sort -u)
 fi
 printf '%s\0' "${sources[@]}" |
     xargs -0 -n 4 -P "$(nproc)" clang-tidy --quiet -p build/tidy 2> >(grep -v 'warnings generated' >&2)
