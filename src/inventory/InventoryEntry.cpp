@@ -1,4 +1,5 @@
 // What the boxes of the six forms accept.
+#include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/dialogs.h"
@@ -136,7 +137,7 @@ bool TakeCategoryUnitCost(int category, std::string_view text)
 {
     Variant& cost = Problem.CategoryUnitCost(category);
     if (!TakePositive(cost, text, "NOTE:  THE COST PER UNIT MUST BE GREATER THAN 0.")) return false;
-    Problem.CategoryUnitCostText(category) = cost.Text();
+    Problem.CategoryUnitCostText(category) = EntryText(cost);
     return true;
 }
 
@@ -144,7 +145,7 @@ bool TakeCategoryMinimum(int category, std::string_view text)
 {
     Variant& minimum = Problem.CategoryMinimum(category);
     if (!TakeCheckedNotNegative(minimum, text, kMinimumRefused)) return false;
-    Problem.CategoryMinimumText(category) = minimum.Text();
+    Problem.CategoryMinimumText(category) = EntryText(minimum);
     return true;
 }
 
@@ -225,7 +226,7 @@ void ChooseDistribution(int kind)
 int OpeningHoldingMethod()
 {
     const bool isNew = Problem.HoldingCostMethod.IsEmpty();
-    return !isNew && Problem.HoldingText == Problem.HoldingCost.Text() ? kAmountMethod : kPercentMethod;
+    return !isNew && Problem.HoldingText == EntryText(Problem.HoldingCost) ? kAmountMethod : kPercentMethod;
 }
 
 int OpeningServiceMethod()
@@ -255,7 +256,7 @@ void KeepHoldingCost(std::string_view percent, std::string_view unitCost)
         Problem.UnitCost = Val(unitCost);
         Problem.HoldingCost = Problem.UnitCost.Value() * Problem.CarryingPercent.Value() / 100;
     } else {
-        Problem.HoldingText = Problem.HoldingCost.Text();
+        Problem.HoldingText = EntryText(Problem.HoldingCost);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "inventory/module.h"
 
+#include "basic/entrytext.h"
 #include "inventory/InventoryReport.h"
 #include "inventory/VtInvent.h"
 
@@ -9,37 +10,38 @@ namespace {
 void Write(RecordWriter& file)
 {
     InventoryProblem& p = Problem;
-    if (p.HoldingCostMethod.Value() == kAmountMethod) p.HoldingText = p.HoldingCost.Text();
-    file.Write({static_cast<double>(p.ModelKind), p.AnnualDemand.Value(), p.AnnualDemand.Text(),
-                p.OrderCost.Value(), p.OrderCost.Text(), p.HoldingCost.Value(), p.HoldingText,
-                p.CarryingPercent.Value(), p.CarryingPercent.Text(), p.UnitCost.Value(), p.UnitCost.Text(),
-                p.BackorderCost.Value(), p.BackorderCost.Text(), p.WorkingDays.Value(), p.WorkingDays.Text(),
-                p.LeadTimeDays.Value(), p.LeadTimeDays.Text(), p.MeanDemand.Value(), p.MeanDemand.Text()});
+    if (p.HoldingCostMethod.Value() == kAmountMethod) p.HoldingText = EntryText(p.HoldingCost);
+    file.Write({static_cast<double>(p.ModelKind), p.AnnualDemand.Value(), EntryText(p.AnnualDemand),
+                p.OrderCost.Value(), EntryText(p.OrderCost), p.HoldingCost.Value(), p.HoldingText,
+                p.CarryingPercent.Value(), EntryText(p.CarryingPercent), p.UnitCost.Value(),
+                EntryText(p.UnitCost), p.BackorderCost.Value(), EntryText(p.BackorderCost),
+                p.WorkingDays.Value(), EntryText(p.WorkingDays), p.LeadTimeDays.Value(),
+                EntryText(p.LeadTimeDays), p.MeanDemand.Value(), EntryText(p.MeanDemand)});
     file.Write({p.DemandStdDev.Value(),
-                p.DemandStdDev.Text(),
+                EntryText(p.DemandStdDev),
                 p.ServiceMethod.Value(),
-                p.ServiceMethod.Text(),
+                EntryText(p.ServiceMethod),
                 p.StockoutProbability.Value(),
-                p.StockoutProbability.Text(),
+                EntryText(p.StockoutProbability),
                 p.AllowedStockouts.Value(),
-                p.AllowedStockouts.Text(),
+                EntryText(p.AllowedStockouts),
                 p.ProductionRate.Value(),
-                p.ProductionRate.Text(),
+                EntryText(p.ProductionRate),
                 p.HoldingCostMethod.Value(),
-                p.HoldingCostMethod.Text(),
+                EntryText(p.HoldingCostMethod),
                 p.ReorderMark,
                 Result.ReorderPoint,
                 p.ComputeReorderPoint,
                 p.CategoryCount.Value(),
-                p.CategoryCount.Text(),
+                EntryText(p.CategoryCount),
                 p.UnderCost.Value(),
-                p.UnderCost.Text(),
+                EntryText(p.UnderCost),
                 p.DistributionKind.Value(),
                 std::string(),
                 p.LowestDemand.Value(),
-                p.LowestDemand.Text(),
+                EntryText(p.LowestDemand),
                 p.HighestDemand.Value(),
-                p.HighestDemand.Text()});
+                EntryText(p.HighestDemand)});
     for (int k = 1; k <= p.CategoryCount.Value(); ++k)
         file.Write({p.CategoryUnitCost(k).Value(), p.CategoryUnitCostText(k), p.CategoryMinimum(k).Value(),
                     p.CategoryMinimumText(k)});

@@ -1,5 +1,6 @@
 #include "waiting/module.h"
 
+#include "basic/entrytext.h"
 #include "waiting/VtWait.h"
 #include "waiting/WaitingReport.h"
 
@@ -11,8 +12,8 @@ void Write(RecordWriter& file)
     const WaitingProblem& p = Problem;
     file.Write({static_cast<double>(p.WaitingModel), p.Channels, p.ArrivalRate, p.ServiceRate, p.Population,
                 p.ServiceStdDev, p.EconomicAnalysis, p.CostPerUnitInSystem, p.CostPerChannel,
-                p.Channels.Text(), p.ArrivalRate.Text(), p.ServiceRate.Text(), p.Population.Text(),
-                p.CostPerUnitInSystem.Text(), p.CostPerChannel.Text()});
+                EntryText(p.Channels), EntryText(p.ArrivalRate), EntryText(p.ServiceRate),
+                EntryText(p.Population), EntryText(p.CostPerUnitInSystem), EntryText(p.CostPerChannel)});
 }
 
 void Read(RecordReader& file)

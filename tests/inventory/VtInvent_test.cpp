@@ -17,6 +17,7 @@
 #include "support/fake_desktop.h"
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 namespace {
 
@@ -378,6 +379,24 @@ TEST_F(InventoryModule, WritesADistributionWithoutAText)
         Written(),
         "6,0,\"\",1.5,\"1.5\",0,\"\",0,\"\",0,\"\",0,\"\",0,\"\",0,\"\",0,\"\"\r\n"
         "0,\"\",0,\"\",0,\"\",0,\"\",0,\"\",0,\"\",0,0,0,0,\"\",3,\"3\",1,\"\",10,\"10\",100,\"100\"\r\n");
+}
+
+TEST_F(InventoryModule, WritesTheTextsOfSmallValuesWithoutAnExponent)
+{
+    GivenDiscounts({400, 25, 0, 250}, 20, {});
+    VtInvent::ChooseHoldingMethod(VtInvent::kAmountMethod);
+    VtInvent::TakeHoldingAmount("0.000025");
+    VtInvent::KeepHoldingCost("0.000025", "");
+    Problem.AllowedStockouts = 0.0000335;
+    Problem.CategoryCount = 1;
+    VtInvent::TakeCategoryUnitCost(1, "0.00005");
+    VtInvent::TakeCategoryMinimum(1, "0.00001");
+    const std::string text = Written();
+    EXPECT_THAT(text, HasSubstr("0.000025,\"0.000025\""));
+    EXPECT_THAT(text, HasSubstr("0.0000335,\"0.0000335\""));
+    EXPECT_THAT(text, HasSubstr("\r\n0.00005,\"0.00005\",0.00001,\"0.00001\"\r\n"));
+    ReadBack(text);
+    EXPECT_EQ(VtInvent::OpeningHoldingMethod(), VtInvent::kAmountMethod);
 }
 
 TEST_F(InventoryModule, ReadsWhatItWrote)

@@ -173,6 +173,12 @@ TEST_F(WaitingModule, WritesFieldsThatWereLeftEmptyAsNothing)
     EXPECT_EQ(Written(), "1,4,15.25,7,,,\"NO\",,,\"4\",\"15.25\",\"7\",\"\",\"\",\"\"\r\n");
 }
 
+TEST_F(WaitingModule, WritesTheTextsOfSmallValuesWithoutAnExponent)
+{
+    GivenExponential(1, 0.00002, 0.00005);
+    EXPECT_EQ(Written(), "1,1,0.00002,0.00005,,,\"NO\",,,\"1\",\"0.00002\",\"0.00005\",\"\",\"\",\"\"\r\n");
+}
+
 TEST_F(WaitingModule, WritesASolvedProblemWithItsCosts)
 {
     GivenExponential(4, 15, 7);
