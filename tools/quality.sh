@@ -13,7 +13,7 @@ ctest --preset coverage --parallel "$(nproc)" >build/coverage/tests.log || { tai
 tests=$(sed -n 's/.*tests passed.*out of \([0-9]*\).*/\1/p' build/coverage/tests.log)
 
 # coverage FILE-PATTERN EXCLUDED-PATTERN: lines, covered lines and their share.
-gcovr --root . --object-directory build/coverage --filter 'src/' --exclude-throw-branches \
+gcovr --root . --object-directory build/coverage --filter 'src/' \
     --csv build/coverage/lines.csv -j "$(nproc)" build/coverage >/dev/null
 coverage() {
     awk -F, -v yes="$1" -v no="$2" 'NR > 1 && $1 ~ yes && $1 !~ no { all += $2; hit += $3 }

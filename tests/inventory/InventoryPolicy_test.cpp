@@ -412,8 +412,10 @@ TEST(SafetyFactor, PassesTheDipOfTheTable)
 
 TEST(SafetyFactor, IsTheNormalQuantileAndAHundredth)
 {
-    for (double probability = 0.005; probability < 0.5; probability += 0.0037)
+    for (int step = 0; step < 134; ++step) {
+        const double probability = 0.005 + 0.0037 * step;
         EXPECT_NEAR(SafetyFactor(probability), ExactZ(0.5 - probability) + 0.01, 0.021) << probability;
+    }
 }
 
 // ---- single period ----

@@ -8,7 +8,6 @@
 #include "support/report_lines.h"
 
 using testing::ElementsAre;
-using testing::Not;
 
 namespace {
 
