@@ -7,7 +7,9 @@
 #include <QListView>
 #include <QListWidget>
 #include <QMenu>
+#include <QPersistentModelIndex>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QStyle>
@@ -139,6 +141,14 @@ void TypeOrEmpty(const std::string& text)
         TypeCharacters(text);
 }
 
+// The focus is elsewhere when the field that was left has been refused.
+void TypeInto(QWidget* box, const std::string& text)
+{
+    if (box == nullptr || !box->hasFocus()) return;
+    SelectAll(box);
+    TypeOrEmpty(text);
+}
+
 // ---- lists ----
 
 // The row that `#3` or the entry's text means; -1 when there is none.
@@ -182,8 +192,8 @@ Outcome NoEntry(const Step& step)
 // ---- grids ----
 
 struct Cell {
-    QTableView* Grid = nullptr;
-    QModelIndex Index;
+    QPointer<QTableView> Grid;
+    QPersistentModelIndex Index;
 };
 
 Outcome FindCell(const Step& step, Cell& cell)
@@ -202,6 +212,13 @@ void ClickOn(const Cell& cell)
 {
     cell.Grid->scrollTo(cell.Index);
     Click(cell.Grid->viewport(), cell.Grid->visualRect(cell.Index).center());
+}
+
+// Another cell is current when the one that was left has been refused.
+void TypeIntoCurrent(const Cell& cell, const std::string& text)
+{
+    if (!cell.Grid.isNull() && cell.Grid->hasFocus() && cell.Grid->currentIndex() == cell.Index)
+        TypeOrEmpty(text);
 }
 
 }  // namespace
@@ -246,7 +263,7 @@ Outcome DoubleClickControl(const Step& step, Stage&)
     return kDone;
 }
 
-Outcome TypeText(const Step& step, Stage&)
+Outcome TypeText(const Step& step, Stage& stage)
 {
     const std::string& name = step.Argument(1).Text;
     const auto [box, why] = FindControl(name);
@@ -256,10 +273,13 @@ Outcome TypeText(const Step& step, Stage&)
     ScrollIntoView(box);
     const int dialogs = DialogsShown();
     Click(part, part->rect().center());
-    if (DialogsShown() != dialogs) return kDone;  // the field that was left has been refused
-    if (!box->hasFocus()) return name + " does not take the focus";
-    SelectAll(box);
-    TypeOrEmpty(step.Argument(2).Text);
+    const auto type = [target = QPointer(box), text = step.Argument(2).Text] { TypeInto(target, text); };
+    if (DialogsShown() != dialogs)
+        stage.Rest = type;
+    else if (!box->hasFocus())
+        return name + " does not take the focus";
+    else
+        type();
     return kDone;
 }
 
@@ -294,13 +314,17 @@ Outcome PickEntry(const Step& step, Stage&)
     return kDone;
 }
 
-Outcome TypeIntoCell(const Step& step, Stage&)
+Outcome TypeIntoCell(const Step& step, Stage& stage)
 {
     Cell cell;
     if (Outcome why = FindCell(step, cell); !why.empty()) return why;
     const int dialogs = DialogsShown();
     ClickOn(cell);
-    if (DialogsShown() == dialogs) TypeOrEmpty(step.Argument(4).Text);
+    const std::string& text = step.Argument(4).Text;
+    if (DialogsShown() == dialogs)
+        TypeOrEmpty(text);
+    else
+        stage.Rest = [cell, text] { TypeIntoCurrent(cell, text); };
     return kDone;
 }
 

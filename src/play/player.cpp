@@ -99,6 +99,13 @@ void Player::DoNext()
     activations_ = 0;
     escapeTimer_.stop();
     display_.Refresh();
+    if (stage_.Rest) {
+        ++running_;
+        std::exchange(stage_.Rest, {})();
+        --running_;
+        stage_.Out.Flush();
+        return;
+    }
     if (!next_) {
         End(Ending::Done);
         return;

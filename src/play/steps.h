@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
 #include "play/outcome.h"
 #include "play/script.h"
@@ -13,6 +14,8 @@ namespace play {
 struct Stage {
     Transcript& Out;
     QString Folder;  // that paths in the script are relative to
+    // What is left of a step that a dialog came into; done when the program is idle again.
+    std::function<void()> Rest = {};
 };
 
 // Does the step. It returns when the program has taken it in, dialogs that it brought up included.
