@@ -35,9 +35,9 @@ void LetExclude(QListWidget* list, QListWidget* other)
 
 std::vector<bool> SelectionOf(const QListWidget* list)
 {
-    std::vector<bool> selected;
+    std::vector<bool> selected(static_cast<std::size_t>(list->count()));
     for (int row = 0; row < list->count(); ++row)
-        selected.push_back(list->item(row)->isSelected());
+        selected[static_cast<std::size_t>(row)] = list->item(row)->isSelected();
     return selected;
 }
 

@@ -1,5 +1,7 @@
 #include "lp/frmLPproblem.h"
 
+#include <array>
+
 #include "lp/VtLP.h"
 #include "qt/fields.h"
 #include "shell/module.h"
@@ -8,8 +10,8 @@ namespace {
 
 constexpr int kShownConstraints = 17;  // more of them scroll
 
-const char* const kNames[] = {"Grid(0)", "Grid(1)"};
-const char* const kDescriptions[] = {"Variable names and objective function", "Constraints"};
+constexpr std::array<const char*, 2> kNames = {"Grid(0)", "Grid(1)"};
+constexpr std::array<const char*, 2> kDescriptions = {"Variable names and objective function", "Constraints"};
 
 qt::KeyAnswer AnswerTo(VtLP::Key key)
 {
@@ -57,7 +59,8 @@ void frmLPproblem::AddProblem(QLayout* page)
 
 qt::EntryGrid* frmLPproblem::AddGrid(QLayout* page, int index)
 {
-    auto* grid = new qt::EntryGrid(kNames[index], kDescriptions[index], Rules(index));
+    const auto i = static_cast<std::size_t>(index);
+    auto* grid = new qt::EntryGrid(kNames.at(i), kDescriptions.at(i), Rules(index));
     grid->hide();
     page->addWidget(grid);
     return grid;

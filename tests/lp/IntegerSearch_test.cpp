@@ -170,6 +170,7 @@ using VtLP::IntegerKind;
 std::vector<std::string> TypeLines(int count)
 {
     std::vector<std::string> lines;
+    lines.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i)
         lines.push_back(VtLP::Problem.LpLines(VtLP::TypeLine() + i));
     return lines;

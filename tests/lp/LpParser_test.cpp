@@ -27,6 +27,7 @@ protected:
     static std::vector<std::string> Names()
     {
         std::vector<std::string> names;
+        names.reserve(static_cast<std::size_t>(Problem.NumVariables));
         for (int j = 1; j <= Problem.NumVariables; ++j)
             names.push_back(Problem.LpVariableNames(j));
         return names;
@@ -35,6 +36,7 @@ protected:
     static std::vector<double> Row(int row)
     {
         std::vector<double> values;
+        values.reserve(static_cast<std::size_t>(Problem.NumVariables) + 1);
         for (int j = 0; j <= Problem.NumVariables; ++j)
             values.push_back(Problem.LpCoefficients(row, j));
         return values;

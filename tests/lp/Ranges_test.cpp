@@ -226,6 +226,7 @@ TEST_F(Ranges, CoefficientsAtTheirLimitsKeepTheSolutionAndBeyondThemDoNot)
         Solve(lp);
         const std::vector<double> values = Values();
         std::vector<Range> ranges;
+        ranges.reserve(lp.Objective.size());
         for (std::size_t j = 1; j <= lp.Objective.size(); ++j)
             ranges.push_back(OfObjective(static_cast<int>(j)));
         for (std::size_t j = 0; j < ranges.size(); ++j)

@@ -80,7 +80,7 @@ struct FeatureCase {
 
 TEST_F(LpModel, RefusesSizesInTheOrderOfItsChecks)
 {
-    const FeatureCase cases[] = {
+    const std::vector<FeatureCase> cases = {
         {"", "", false, "Number of Constraints Must be an Integer."},
         {"2.5", "3", true, "Number of Constraints Must be an Integer."},
         {"two", "3", true, "Number of Constraints Must be an Integer."},
@@ -287,7 +287,7 @@ struct CellCase {
 TEST_F(LpModel, ChecksEachKindOfCell)
 {
     Start(2, 2);
-    const CellCase cases[] = {
+    const std::vector<CellCase> cases = {
         {1, 1, 1, "-3.5", ""},
         {1, 1, 1, "-", ""},
         {1, 1, 1, "", ""},

@@ -53,6 +53,7 @@ std::vector<double> Values()
 {
     const LP_Engine::EngineState& state = LP_Engine::State;
     std::vector<double> values;
+    values.reserve(static_cast<std::size_t>(VtLP::Problem.NumVariables));
     for (int j = 1; j <= VtLP::Problem.NumVariables; ++j)
         values.push_back(state.ColumnStatus(j) == LP_Engine::kAtUpper ? state.UpperBound(j)
                                                                       : state.LowerBound(j));
