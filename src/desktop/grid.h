@@ -17,6 +17,9 @@ public:
     virtual void SetText(int row, int column, std::string_view text) = 0;
     [[nodiscard]] virtual int Row() const = 0;
     [[nodiscard]] virtual int Column() const = 0;
+    // Commits what the user has changed in the current cell and not left yet. False: it was refused, and
+    // told; the cell stays the current one.
+    virtual bool FinishEdit() = 0;
     // Makes the cell the current one, without checking the one that is left.
     virtual void Select(int row, int column) = 0;
     // In characters of the grid's font; the default fits ten digits.

@@ -48,7 +48,6 @@ bool IsWhole(std::string_view text)
     return value == Int(value);
 }
 
-// What is typed into a cell counts before the periods move.
 bool CommitGridCell(int row)
 {
     const int code = CommitCell(row, 1, SeriesGrid().Text(row, 1));
@@ -57,10 +56,13 @@ bool CommitGridCell(int row)
     return false;
 }
 
+// What is typed into a cell, or taken out of it, counts before the periods move.
 bool CommitTypedCell()
 {
-    const int row = SeriesGrid().Row();
-    return row < 1 || SeriesGrid().Text(row, 1).empty() || CommitGridCell(row);
+    Grid& grid = SeriesGrid();
+    const int row = grid.Row();
+    if (row < 1) return true;
+    return grid.Text(row, 1).empty() ? grid.FinishEdit() : CommitGridCell(row);
 }
 
 }  // namespace

@@ -53,6 +53,7 @@ public:
     }
     [[nodiscard]] int Row() const override { return grid_.Row(); }
     [[nodiscard]] int Column() const override { return grid_.Column(); }
+    bool FinishEdit() override { return grid_.FinishEdit(); }
     void Select(int row, int column) override { grid_.Select(row, column); }
     void SetColumnWidth(int column, int characters) override { grid_.SetColumnWidth(column, characters); }
     void SetFocus() override { grid_.setFocus(Qt::OtherFocusReason); }

@@ -1,7 +1,9 @@
 #include "qt/fields.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QValidator>
+#include <algorithm>
 
 #include "basic/error.h"
 #include "desktop/desktop.h"
@@ -39,6 +41,67 @@ protected:
 
 private:
     bool clickedInto_ = false;
+};
+
+bool IsArrow(int key)
+{
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
+}
+
+// Tab goes to the chosen one of some options. While none is chosen, an arrow key chooses the one that it goes
+// to.
+class OptionButton : public QRadioButton {
+public:
+    using QRadioButton::QRadioButton;
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        QRadioButton::showEvent(event);
+        if (!isChecked()) return;
+        for (OptionButton* other : Others())
+            other->setFocusPolicy(Qt::FocusPolicy(other->focusPolicy() & ~Qt::TabFocus));
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const bool open = IsArrow(event->key()) && NoneIsChosen();
+        QRadioButton::keyPressEvent(event);
+        if (!open) return;
+        for (OptionButton* other : Others())
+            if (other->hasFocus()) other->click();
+    }
+
+private:
+    [[nodiscard]] QList<OptionButton*> Others() const
+    {
+        QList<OptionButton*> others;
+        for (QObject* sibling : parentWidget()->children())
+            if (auto* option = dynamic_cast<OptionButton*>(sibling); option != nullptr && option != this)
+                others.append(option);
+        return others;
+    }
+
+    [[nodiscard]] bool NoneIsChosen() const
+    {
+        const auto others = Others();
+        return !isChecked() && std::none_of(others.begin(), others.end(),
+                                            [](const QRadioButton* other) { return other->isChecked(); });
+    }
+};
+
+// A list of one choice in which nothing is chosen yet: the first arrow key chooses the entry that it stands
+// on.
+class List : public QListWidget {
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const bool open = selectionMode() == SingleSelection && selectedItems().isEmpty();
+        if (open && IsArrow(event->key()) && count() > 0)
+            setCurrentRow(qMax(0, currentRow()), QItemSelectionModel::ClearAndSelect);
+        else
+            QListWidget::keyPressEvent(event);
+    }
 };
 
 class CharacterValidator : public QValidator {
@@ -183,7 +246,7 @@ QGroupBox* AddFrame(QLayout* layout, const char* name, std::string_view caption)
 
 QRadioButton* AddOption(QLayout* layout, const char* name, std::string_view caption)
 {
-    auto* option = Named(new QRadioButton(Caption(caption)), name);
+    auto* option = Named(new OptionButton(Caption(caption)), name);
     Put(layout, option);
     return option;
 }
@@ -216,7 +279,7 @@ QPlainTextEdit* AddText(QLayout* layout, const char* name, std::string_view desc
 
 QListWidget* AddList(QLayout* layout, const char* name, std::string_view description)
 {
-    auto* list = Named(new QListWidget, name);
+    auto* list = Named(new List, name);
     list->setAccessibleName(ToQt(description).trimmed());
     Put(layout, list);
     return list;

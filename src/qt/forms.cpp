@@ -250,7 +250,8 @@ private:
             if (frame->property(kFills).toBool()) frame->setGeometry(area_->viewport()->rect());
     }
 
-    // A key that nothing in the main window has the focus for belongs to the form in front.
+    // A key that nothing in the main window has the focus for belongs to the form in front. Tab only goes
+    // there, but in a grid, which shows its current cell without the focus as well.
     bool HandOn(QKeyEvent& key)
     {
         if (handsOn_ || !main_.hasFocus() || area_ == nullptr || (key.modifiers() & Qt::AltModifier) != 0)
@@ -259,10 +260,13 @@ private:
         QWidget* target = front == nullptr ? nullptr : front->widget()->focusProxy();
         if (target == nullptr || !target->isVisible() || StaysWithMain(key.key())) return false;
         if (target->focusPolicy() != Qt::NoFocus) target->setFocus(Qt::OtherFocusReason);
+        if (IsTab(key.key()) && qobject_cast<EntryGrid*>(target) == nullptr) return true;
         const QScopedValueRollback<bool> once(handsOn_, true);  // a key without effect comes back
         QCoreApplication::sendEvent(target, &key);
         return key.isAccepted();
     }
+
+    static bool IsTab(int key) { return key == Qt::Key_Tab || key == Qt::Key_Backtab; }
 
     static bool StaysWithMain(int key)
     {

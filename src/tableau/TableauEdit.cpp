@@ -160,16 +160,12 @@ void Rebuild(int origins, int destinations, int lostOrigin, int lostDestination)
     ShowTableau();
 }
 
-// The cell that is being typed counts before the tableau changes under it. False: it was refused, and told;
-// it is blank and waits to be entered again.
+// The cell that is being typed or emptied counts before the tableau changes under it. False: it was refused,
+// and told; it is blank and waits to be entered again.
 bool FinishCell()
 {
     Grid& grid = desktop::TheForms().Loaded(kForm).GridOf(kGrid);
-    const int row = grid.Row();
-    const int column = grid.Column();
-    const std::string text = grid.Text(row, column);
-    if (text.empty() || EnterCell(row, column, text) != kCellRefused) return true;
-    grid.SetText(row, column, "");
+    if (grid.FinishEdit()) return true;
     grid.SetFocus();
     return false;
 }

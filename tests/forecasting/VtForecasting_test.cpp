@@ -30,6 +30,15 @@ protected:
         desktop.forms.menuFocused = 0;
     }
 
+    // Into the cell of a period, without leaving it.
+    void Type(int period, std::string_view text)
+    {
+        TheGrid().commit = [](int row, int column, std::string_view typed) {
+            return VtForecasting::CommitCell(row, column, typed) != kCellRefused;
+        };
+        TheGrid().Type(period, 1, text);
+    }
+
     FakeGrid& TheGrid() { return desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit"); }
 
     std::vector<std::string> Cells()
@@ -271,11 +280,31 @@ TEST_F(ForecastEntry, DeleteAsksAboutAnEmptyLastCellWhenTheQuestionIsStillOpen)
 
 TEST_F(ForecastEntry, WhatIsBeingTypedCountsBeforePeriodsAreAdded)
 {
-    TheGrid().Select(2, 1);
-    TheGrid().SetText(2, 1, "25");
+    Type(2, "25");
     desktop.dialogs.inputs = {"1"};
     AddTimePeriods();
     EXPECT_THAT(Cells(), ElementsAre("10", "25", "30", ""));
+}
+
+TEST_F(ForecastEntry, ACellThatIsEmptiedAndNotLeftIsZeroWhenPeriodsAreAddedOrDeleted)
+{
+    Type(2, "");
+    desktop.dialogs.inputs = {"1", "1"};
+    AddTimePeriods();
+    EXPECT_THAT(Cells(), ElementsAre("10", "0", "30", ""));
+    Type(3, "");
+    DeleteTimePeriods();
+    EXPECT_THAT(Cells(), ElementsAre("0", "0", "0"));
+}
+
+TEST_F(ForecastEntry, ARefusedCellIsEnteredAgainBeforePeriodsAreAdded)
+{
+    Type(2, "2-5");
+    AddTimePeriods();
+    EXPECT_EQ(desktop.dialogs.Last(), Refused("Values Must be Numeric.  PLEASE REENTER."));
+    EXPECT_THAT(desktop.dialogs.prompts, IsEmpty());
+    EXPECT_EQ(TheGrid().Row(), 2);
+    EXPECT_EQ(TheGrid().focused, 1);
 }
 
 // ---- the method form ----

@@ -265,3 +265,100 @@ TEST_F(FieldsTest, LabelsAreReadOutAndStandAsTheyAreGiven)
         EXPECT_EQ(label->textFormat(), Qt::PlainText);
     }
 }
+
+namespace {
+
+// A dialog of options and a list, and nothing before them.
+class Choices : public qt::ModalForm {
+public:
+    Choices() : qt::ModalForm(nullptr)
+    {
+        auto* page = new QVBoxLayout(this);
+        QLayout* frame = qt::AddFrame(page, "Frame1", "Kind")->layout();
+        for (const char* name : {"optFirst", "optSecond", "optThird"})
+            options.push_back(qt::AddOption(frame, name, name));
+        list = qt::AddList(page, "lstModels", "Models");
+        list->addItems({"One", "Two", "Three"});
+        ok = qt::AddButton(qt::AddButtonRow(page), "cmdOK", "OK");
+    }
+
+    void Open()
+    {
+        show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(this));
+    }
+
+    static void Press(Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); }
+
+    std::vector<QRadioButton*> options;
+    QListWidget* list;
+    QPushButton* ok;
+};
+
+class ChoicesTest : public testing::Test {
+protected:
+    QtDesktop desktop;
+    Choices form;
+};
+
+}  // namespace
+
+TEST_F(ChoicesTest, TheChosenOptionHasTheFocusAtFirst)
+{
+    form.options[2]->setChecked(true);
+    form.Open();
+    EXPECT_TRUE(form.options[2]->hasFocus());
+}
+
+TEST_F(ChoicesTest, TabAndBacktabGoToTheChosenOption)
+{
+    form.options[1]->setChecked(true);
+    form.ok->setFocus();
+    form.Open();
+    Choices::Press(Qt::Key_Tab);
+    EXPECT_TRUE(form.options[1]->hasFocus());
+    Choices::Press(Qt::Key_Tab);
+    EXPECT_TRUE(form.list->hasFocus());
+    Choices::Press(Qt::Key_Backtab);
+    EXPECT_TRUE(form.options[1]->hasFocus());
+}
+
+TEST_F(ChoicesTest, AnArrowKeyChoosesWhereNothingIsChosenYet)
+{
+    form.Open();
+    EXPECT_TRUE(form.options[0]->hasFocus());
+    EXPECT_FALSE(form.options[0]->isChecked());
+    Choices::Press(Qt::Key_Down);
+    EXPECT_TRUE(form.options[1]->isChecked());
+    EXPECT_TRUE(form.options[1]->hasFocus());
+    Choices::Press(Qt::Key_Up);
+    EXPECT_TRUE(form.options[0]->isChecked());
+    EXPECT_FALSE(form.options[1]->isChecked());
+}
+
+TEST_F(ChoicesTest, SpaceChoosesTheOptionThatHasTheFocus)
+{
+    form.Open();
+    Choices::Press(Qt::Key_Space);
+    EXPECT_TRUE(form.options[0]->isChecked());
+}
+
+TEST_F(ChoicesTest, TheFirstArrowKeyInAListChoosesItsFirstEntry)
+{
+    form.list->setFocus();
+    form.Open();
+    EXPECT_TRUE(form.list->selectedItems().isEmpty());
+    Choices::Press(Qt::Key_Down);
+    EXPECT_EQ(form.list->selectedItems(), QList<QListWidgetItem*>{form.list->item(0)});
+    Choices::Press(Qt::Key_Down);
+    EXPECT_EQ(form.list->selectedItems(), QList<QListWidgetItem*>{form.list->item(1)});
+}
+
+TEST_F(ChoicesTest, AnArrowKeyInAnEmptyListChoosesNothing)
+{
+    form.list->clear();
+    form.list->setFocus();
+    form.Open();
+    Choices::Press(Qt::Key_Down);
+    EXPECT_TRUE(form.list->selectedItems().isEmpty());
+}

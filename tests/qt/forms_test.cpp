@@ -246,6 +246,23 @@ TEST_F(FormsTest, KeysToTheMainWindowGoToTheFormInFront)
     EXPECT_TRUE(Control("frmProblem", "Grid(0)")->hasFocus());
 }
 
+TEST_F(FormsTest, TabEntersAFormAtItsFirstControl)
+{
+    Forms().Add("frmPERT_CPM", qt::Place::Framed, [](QWidget* parent) -> QWidget* {
+        auto* form = new qt::ChildForm(parent);
+        auto* page = new QVBoxLayout(form);
+        form->setFocusProxy(qt::AddList(page, "lstFirst", "First"));
+        qt::AddList(page, "lstSecond", "Second");
+        return form;
+    });
+    Forms().Show("frmPERT_CPM");
+    Forms().FocusMenu();
+    QTest::keyClick(Forms().MainWindow(), Qt::Key_Tab);
+    EXPECT_TRUE(Control("frmPERT_CPM", "lstFirst")->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(Control("frmPERT_CPM", "lstSecond")->hasFocus());
+}
+
 TEST_F(FormsTest, AltGivesTheFocusToTheMainWindow)
 {
     Forms().Show("frmProblem");

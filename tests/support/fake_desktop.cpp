@@ -1,6 +1,7 @@
 #include "support/fake_desktop.h"
 
 #include <ostream>
+#include <utility>
 
 namespace {
 
@@ -89,6 +90,20 @@ void FakeGrid::Select(int row, int column)
     static_cast<void>(Index(row, column));
     row_ = row;
     column_ = column;
+}
+
+void FakeGrid::Type(int row, int column, std::string_view text)
+{
+    Select(row, column);
+    SetText(row, column, text);
+    edited_ = true;
+}
+
+bool FakeGrid::FinishEdit()
+{
+    if (!std::exchange(edited_, false) || commit(row_, column_, Text(row_, column_))) return true;
+    SetText(row_, column_, "");
+    return false;
 }
 
 std::vector<std::string> FakeGrid::RowTexts(int row) const

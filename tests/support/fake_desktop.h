@@ -77,9 +77,16 @@ public:
     void SetText(int row, int column, std::string_view text) override;
     [[nodiscard]] int Row() const override { return row_; }
     [[nodiscard]] int Column() const override { return column_; }
+    bool FinishEdit() override;
     void Select(int row, int column) override;
     void SetColumnWidth(int column, int characters) override { widths[column] = characters; }
     void SetFocus() override { ++focused; }
+
+    // What the user does: goes to a cell and gives it another text, without leaving it. An empty text is
+    // Delete.
+    void Type(int row, int column, std::string_view text);
+    // Stores such a text, or refuses it; a refused cell is blanked.
+    std::function<bool(int row, int column, std::string_view text)> commit;
 
     // The cells of a row, fixed ones included.
     [[nodiscard]] std::vector<std::string> RowTexts(int row) const;
@@ -94,6 +101,7 @@ private:
     int columns_ = 0;
     int row_ = 0;
     int column_ = 0;
+    bool edited_ = false;
     std::vector<std::string> cells_;
 };
 

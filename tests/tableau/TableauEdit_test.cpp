@@ -45,6 +45,9 @@ protected:
     {
         GiveTransportation({{1, 2, 3}, {4, 5, 6}}, {10, 20}, {7, 8, 9});
         Tableau::ShowTableau();
+        TheGrid().commit = [](int row, int column, std::string_view text) {
+            return Tableau::EnterCell(row, column, text) != kCellRefused;
+        };
     }
 
     FakeDesktop desktop;
@@ -184,10 +187,35 @@ TEST_F(TableauForm, AnOriginIsAddedBelow)
 TEST_F(TableauForm, WhatIsBeingTypedCountsBeforeALineIsAdded)
 {
     GiveSmallTransportation();
-    TheGrid().Select(2, 3);
-    TheGrid().SetText(2, 3, "66");
+    TheGrid().Type(2, 3, "66");
     Tableau::AddDestination();
     EXPECT_EQ(Cells()[2], (Texts{"2", "4", "5", "66", "0", "20"}));
+}
+
+TEST_F(TableauForm, ACellThatIsEmptiedAndNotLeftIsZeroWhenALineIsAddedOrDeleted)
+{
+    desktop.dialogs.inputs = {"2", "3"};
+    for (void (*change)() :
+         {Tableau::AddOrigin, Tableau::AddDestination, Tableau::DeleteOrigin, Tableau::DeleteDestination}) {
+        GiveSmallTransportation();
+        TheGrid().Type(1, 2, "");
+        change();
+        EXPECT_EQ(Cells()[1][2], "0");
+        EXPECT_EQ(Cells()[1][1], "1");
+    }
+    GiveSmallTransportation();
+    TheGrid().Type(3, 1, "");
+    Tableau::AddOrigin();
+    EXPECT_EQ(Cells()[4], (Texts{"Demand", "0", "8", "9", "***********"}));
+}
+
+TEST_F(TableauForm, ACellThatIsOnlyGoneToKeepsItsValueWhenALineIsAdded)
+{
+    GiveSmallTransportation();
+    TheGrid().SetText(1, 2, "");  // refused a moment ago, and not entered again
+    TheGrid().Select(1, 2);
+    Tableau::AddOrigin();
+    EXPECT_EQ(Cells()[1], (Texts{"1", "1", "2", "3", "10"}));
 }
 
 TEST_F(TableauForm, ARefusedCellIsEnteredAgainBeforeALineIsAddedOrDeleted)
@@ -195,8 +223,7 @@ TEST_F(TableauForm, ARefusedCellIsEnteredAgainBeforeALineIsAddedOrDeleted)
     for (void (*change)() :
          {Tableau::AddOrigin, Tableau::AddDestination, Tableau::DeleteOrigin, Tableau::DeleteDestination}) {
         GiveSmallTransportation();
-        TheGrid().Select(1, 4);
-        TheGrid().SetText(1, 4, "1.5");
+        TheGrid().Type(1, 4, "1.5");
         change();
         EXPECT_EQ(desktop.dialogs.Last(), Refused("Supply Must Have A Numeric Value."));
         EXPECT_EQ(Problem.NumArcs, 6);
