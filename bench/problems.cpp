@@ -130,7 +130,8 @@ std::string QuantityDiscounts(int categories)
     for (int category = 1; category <= categories; ++category) {
         const std::string cost = PlainText(5.0 - 0.1 * category);
         const std::string quantity = std::to_string((category - 1) * 500);
-        text += cost + ",\"" + cost + "\"," + quantity + ",\"" + quantity + "\"\r\n";
+        text.append(cost).append(",\"").append(cost).append("\",");
+        text.append(quantity).append(",\"").append(quantity).append("\"\r\n");
     }
     return text;
 }

@@ -13,7 +13,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -36,6 +38,7 @@ double Milliseconds(const timeval& time)
 [[noreturn]] void Become(std::vector<std::string> command)
 {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (std::string& word : command)
         arguments.push_back(word.data());
     arguments.push_back(nullptr);
@@ -56,7 +59,7 @@ Run Measure(const std::vector<std::string>& command)
     wait4(child, &status, 0, &usage);
     const std::chrono::duration<double, std::milli> wall = Clock::now() - began;
     if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        std::fprintf(stderr, "%s failed\n", command.front().c_str());
+        std::cerr << command.front() << " failed\n";
         std::exit(1);
     }
     return {.WallMs = wall.count(),
@@ -70,6 +73,22 @@ double Median(std::vector<double> values)
     return values[values.size() / 2];
 }
 
+double MedianOf(const std::vector<Run>& runs, double Run::*field)
+{
+    std::vector<double> values;
+    values.reserve(runs.size());
+    for (const Run& run : runs)
+        values.push_back(run.*field);
+    return Median(std::move(values));
+}
+
+Run MedianRun(const std::vector<Run>& runs)
+{
+    return {.WallMs = MedianOf(runs, &Run::WallMs),
+            .ProcessorMs = MedianOf(runs, &Run::ProcessorMs),
+            .PeakMb = MedianOf(runs, &Run::PeakMb)};
+}
+
 // The two commands in turn, so that what else the machine does meets both.
 struct Pair {
     Run First;
@@ -79,17 +98,15 @@ struct Pair {
 Pair MeasurePair(const std::vector<std::string>& first, const std::vector<std::string>& second)
 {
     constexpr int kRounds = 21;
-    std::vector<double> wall[2];
-    std::vector<double> peak[2];
+    std::vector<Run> firstRuns;
+    std::vector<Run> secondRuns;
+    firstRuns.reserve(kRounds);
+    secondRuns.reserve(kRounds);
     for (int round = 0; round < kRounds; ++round) {
-        const Run runs[2] = {Measure(first), Measure(second)};
-        for (int i = 0; i < 2; ++i) {
-            wall[i].push_back(runs[i].WallMs);
-            peak[i].push_back(runs[i].PeakMb);
-        }
+        firstRuns.push_back(Measure(first));
+        secondRuns.push_back(Measure(second));
     }
-    return {.First = {.WallMs = Median(wall[0]), .PeakMb = Median(peak[0])},
-            .Second = {.WallMs = Median(wall[1]), .PeakMb = Median(peak[1])}};
+    return {.First = MedianRun(firstRuns), .Second = MedianRun(secondRuns)};
 }
 
 void Row(const char* what, double value, double against, const char* unit)
@@ -149,7 +166,7 @@ void MeasurePlayer(const std::string& player)
 int main(int argc, char* argv[])
 {
     if (argc != 3) {
-        std::fprintf(stderr, "bench_processes FOLDER PLAYER\n");
+        std::cerr << "bench_processes FOLDER PLAYER\n";
         return 2;
     }
     setenv("QT_QPA_PLATFORM", "offscreen", 1);

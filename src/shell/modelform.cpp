@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
+#include "shell/solution.h"
 
 namespace {
 
@@ -29,6 +30,20 @@ FormExit RunModelForm(std::string_view form)
     if (exit == FormExit::Solve) Commands::Solve();
     if (exit == FormExit::Save) Commands::Save();
     return exit;
+}
+
+void DisplayModelForm(void (*show)())
+{
+    BeginDisplay();
+    EndDisplay();
+    show();
+}
+
+void ReturnToModelForm(void (*show)())
+{
+    UnloadSolution();
+    Menus.SetEnabled(EditItemName(0), false);
+    show();
 }
 
 void LeaveModelForm(FormExit exit)

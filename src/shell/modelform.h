@@ -14,6 +14,10 @@ enum class FormExit {
 // then either been kept, or the answer is FormExit::Cancelled.
 FormExit RunModelForm(std::string_view form);
 
+// The two ways to a model's form: as a new problem or one from a file, and from its report. `show` runs it.
+void DisplayModelForm(void (*show)());
+void ReturnToModelForm(void (*show)());
+
 // ---- for the forms ----
 
 // Says how the form is being left; the form hides itself behind it.

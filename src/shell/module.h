@@ -33,6 +33,7 @@ struct ModuleRoutines {
 
     // Stores one cell of `gridDisplayEdit` (rows and columns as on the grid). May be missing.
     std::function<int(int row, int column, std::string_view text)> CommitCell = {};
+    bool CornerIsClosed = false;  // the last row's last cell takes nothing
 
     // The problem check of Solve and Save: one of shell/checks.h. May be missing.
     std::function<bool()> Check = {};

@@ -3,13 +3,6 @@
 #include "qt/fields.h"
 #include "shell/commands.h"
 #include "shell/module.h"
-#include "shell/session.h"
-
-namespace {
-
-constexpr int kTransportation = 2;  // its number in the module table
-
-}  // namespace
 
 frmProblem::frmProblem(QWidget* parent) : qt::ChildForm(parent)
 {
@@ -43,11 +36,10 @@ void frmProblem::AddProblem(QLayout* page)
     advice->hide();
 }
 
-// Supplies and demands meet there.
-bool frmProblem::IsCorner(int row, int column) const
+bool frmProblem::IsClosed(int row, int column) const
 {
     Grid& cells = gridDisplayEdit->Cells();
-    return Session.CurrentModule == kTransportation && row == cells.Rows() - 1 &&
+    return CurrentModule().Routines->CornerIsClosed && row == cells.Rows() - 1 &&
            column == cells.Columns() - 1;
 }
 
@@ -58,6 +50,6 @@ qt::EntryRules frmProblem::Rules() const
     rules.Commit = [](int row, int column, std::string_view text) {
         return CommitCell(row, column, text) != kCellRefused;
     };
-    rules.Closed = [this](int row, int column) { return IsCorner(row, column); };
+    rules.Closed = [this](int row, int column) { return IsClosed(row, column); };
     return rules;
 }

@@ -17,7 +17,7 @@ private:
     void AddIntroduction(QLayout* page);
     void AddProblem(QLayout* page);
     [[nodiscard]] qt::EntryRules Rules() const;
-    [[nodiscard]] bool IsCorner(int row, int column) const;
+    [[nodiscard]] bool IsClosed(int row, int column) const;
 
     qt::EntryGrid* gridDisplayEdit = nullptr;
 };

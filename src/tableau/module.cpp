@@ -76,6 +76,7 @@ ModuleRoutines TableauRoutines()
 ModuleRoutines TransportationRoutines()
 {
     ModuleRoutines routines = TableauRoutines();
+    routines.CornerIsClosed = true;  // supplies and demands meet there
     routines.SubmenuCaption = "&Add/Delete Origins or Destinations";
     routines.LowerItems = {"Add an Origin", "Add a Destination", "Delete an Origin", "Delete a Destination"};
     routines.Reports = {PrintProblemStatement, PrintSuppliesAndDemands, PrintTransportationCosts,

@@ -1,11 +1,8 @@
 #include "waiting/VtWait.h"
 
 #include "desktop/desktop.h"
-#include "shell/commands.h"
-#include "shell/menus.h"
 #include "shell/modelform.h"
 #include "shell/session.h"
-#include "shell/solution.h"
 #include "shell/userinput.h"
 
 namespace VtWait {
@@ -108,16 +105,12 @@ void NewProblem()
 
 void Display()
 {
-    BeginDisplay();
-    EndDisplay();
-    ShowForm();
+    DisplayModelForm(ShowForm);
 }
 
 void ReturnToProblem()
 {
-    UnloadSolution();
-    Menus.SetEnabled(EditItemName(0), false);
-    ShowForm();
+    ReturnToModelForm(ShowForm);
 }
 
 bool HasModel()
