@@ -4,10 +4,12 @@
 #include <QFontMetricsF>
 #include <QMarginsF>
 #include <QPageLayout>
+#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 
 #include "basic/error.h"
+#include "basic/records.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -21,7 +23,7 @@ constexpr double kLineSpacing = 1.15;  // of the type size, whatever font stands
 constexpr double kBaseline = 0.85;
 
 // A printer that cannot print so near to the edge keeps its own margin.
-void SetMargins(QPrinter& printer)
+void SetMargins(QPagedPaintDevice& printer)
 {
     QPageLayout layout = printer.pageLayout();
     layout.setUnits(QPageLayout::Point);
@@ -40,15 +42,21 @@ QFont FixedFont(std::string_view name, double points)
     return font;
 }
 
-double PitchOf(const QFont& font, QPrinter& printer)
+double PitchOf(const QFont& font, QPagedPaintDevice& printer)
 {
     return QFontMetricsF(font, &printer).horizontalAdvance(QLatin1Char('0'));
 }
 
-// The font in the size that was asked for, or smaller where 80 columns would not fit the page.
-QFont FittingFont(std::string_view name, int points, QPrinter& printer)
+// In device dots.
+QRectF PrintedArea(const QPagedPaintDevice& printer)
 {
-    const double width = printer.pageRect(QPrinter::DevicePixel).width();
+    return printer.pageLayout().paintRectPixels(printer.logicalDpiX());
+}
+
+// The font in the size that was asked for, or smaller where 80 columns would not fit the page.
+QFont FittingFont(std::string_view name, int points, QPagedPaintDevice& printer)
+{
+    const double width = PrintedArea(printer).width();
     QFont font = FixedFont(name, points);
     const double needed = kColumns * PitchOf(font, printer);
     if (needed > width) font = FixedFont(name, points * width / needed);
@@ -60,7 +68,11 @@ QFont FittingFont(std::string_view name, int points, QPrinter& printer)
 }  // namespace
 
 QtPrinter::QtPrinter() = default;
-QtPrinter::~QtPrinter() = default;
+
+QtPrinter::~QtPrinter()
+{
+    GiveUpDocument();
+}
 
 bool QtPrinter::Ask()
 {
@@ -69,29 +81,45 @@ bool QtPrinter::Ask()
     dialog.setObjectName(QStringLiteral("DialogPrinter"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile);
     if (dialog.exec() != QDialog::Accepted) return false;
-    printer_ = std::move(printer);
+    if (printer->outputFormat() == QPrinter::PdfFormat) {
+        PrintToFile(printer->outputFileName(), printer->pageLayout());
+        return true;
+    }
+    GiveUpDocument();
+    device_ = std::move(printer);
+    pdfPath_.clear();
     return true;
 }
 
-void QtPrinter::PrintToFile(const QString& path)
+void QtPrinter::PrintToFile(const QString& path, const QPageLayout& layout)
 {
-    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer_->setOutputFormat(QPrinter::PdfFormat);
-    printer_->setOutputFileName(path);
+    GiveUpDocument();
+    device_ = std::make_unique<QPdfWriter>(&pdf_);
+    device_->setPageLayout(layout);
+    pdfPath_ = path;
+}
+
+void QtPrinter::GiveUpDocument()
+{
+    if (!painter_.isActive()) return;
+    if (auto* printer = dynamic_cast<QPrinter*>(device_.get())) printer->abort();
+    painter_.end();
 }
 
 void QtPrinter::Begin(std::string_view fontName, int pointSize)
 {
-    if (printer_ == nullptr) Raise(ErrorNumber::InvalidProcedureCall);
-    SetMargins(*printer_);
-    if (painter_.isActive()) painter_.end();
-    if (!painter_.begin(printer_.get())) Raise(ErrorNumber::PathFileAccess);
-    const QFont font = FittingFont(fontName, pointSize, *printer_);
+    if (device_ == nullptr) Raise(ErrorNumber::InvalidProcedureCall);
+    GiveUpDocument();
+    pdf_.close();
+    pdf_.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    SetMargins(*device_);
+    if (!painter_.begin(device_.get())) Raise(ErrorNumber::PathFileAccess);
+    const QFont font = FittingFont(fontName, pointSize, *device_);
     painter_.setFont(font);
-    const QRectF page = printer_->pageRect(QPrinter::DevicePixel);
-    typeSize_ = font.pointSizeF() * printer_->resolution() / kPointsPerInch;
+    const QRectF page = PrintedArea(*device_);
+    typeSize_ = font.pointSizeF() * device_->logicalDpiY() / kPointsPerInch;
     pageHeight_ = page.height();
-    columns_ = qMax<qsizetype>(kColumns, static_cast<qsizetype>(page.width() / PitchOf(font, *printer_)));
+    columns_ = qMax<qsizetype>(kColumns, static_cast<qsizetype>(page.width() / PitchOf(font, *device_)));
     top_ = 0;
 }
 
@@ -115,16 +143,18 @@ void QtPrinter::PutLine(const QString& text)
 
 void QtPrinter::NewPage()
 {
-    if (!printer_->newPage()) Raise(ErrorNumber::PathFileAccess);
+    if (!device_->newPage()) Raise(ErrorNumber::PathFileAccess);
     top_ = 0;
 }
 
 void QtPrinter::EndDoc()
 {
     const bool ended = painter_.end();
-    const bool failed = !ended || printer_->printerState() == QPrinter::Error;
-    printer_.reset();
+    const auto* printer = dynamic_cast<const QPrinter*>(device_.get());
+    const bool failed = !ended || (printer != nullptr && printer->printerState() == QPrinter::Error);
+    device_.reset();
     if (failed) Raise(ErrorNumber::PathFileAccess);
+    if (!pdfPath_.isEmpty()) ReplaceFile(FromQt(pdfPath_), pdf_.data().toStdString());
 }
 
 }  // namespace qt

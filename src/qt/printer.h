@@ -1,13 +1,15 @@
 // The printer of the platform, or a PDF file in its place.
 #pragma once
 
+#include <QBuffer>
 #include <QFont>
 #include <QPainter>
 #include <memory>
 
 #include "desktop/printer.h"
 
-class QPrinter;
+class QPageLayout;
+class QPagedPaintDevice;
 
 namespace qt {
 
@@ -24,13 +26,17 @@ public:
     void NewPage() override;
     void EndDoc() override;
 
-    // Prints to this PDF file from now on, without a dialog.
-    void PrintToFile(const QString& path);
+    // Prints to this PDF file from now on, without a dialog. The file is written when the document is whole,
+    // and the old one stays where that fails.
+    void PrintToFile(const QString& path, const QPageLayout& layout);
 
 private:
     void PutLine(const QString& text);
+    void GiveUpDocument();  // one that an error has left unfinished
 
-    std::unique_ptr<QPrinter> printer_;
+    std::unique_ptr<QPagedPaintDevice> device_;  // a printer, or the writer of pdf_
+    QString pdfPath_;                            // empty for a printer
+    QBuffer pdf_;
     QPainter painter_;
     double typeSize_ = 0;  // in device dots, like the two below
     double pageHeight_ = 0;

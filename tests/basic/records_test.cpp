@@ -1,8 +1,11 @@
 #include "basic/records.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <cmath>
+#include <csignal>
 #include <cstdint>
 #include <cstring>
 #include <filesystem>
@@ -252,6 +255,52 @@ TEST(RecordReader, TakesAnyBytesWithoutHarm)
 }
 
 // A folder of its own for each test.
+// The superuser may write anywhere, so that for the length of a test he is another user, who owns the folder.
+class AnyUser {
+public:
+    explicit AnyUser(const fs::path& folder)
+    {
+        if (geteuid() != 0) return;
+        for (const auto& entry : fs::directory_iterator(folder))
+            EXPECT_EQ(chown(entry.path().c_str(), kNobody, kNobody), 0);
+        EXPECT_EQ(chown(folder.c_str(), kNobody, kNobody), 0);
+        EXPECT_EQ(seteuid(kNobody), 0);
+        switched_ = true;
+    }
+    AnyUser(const AnyUser&) = delete;
+    AnyUser& operator=(const AnyUser&) = delete;
+    ~AnyUser()
+    {
+        EXPECT_TRUE(!switched_ || seteuid(0) == 0);
+    }
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    bool switched_ = false;
+};
+
+// Files longer than this many bytes end as on a disk that has no more room.
+class SmallDisk {
+public:
+    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &limit_);
+        const rlimit small{bytes, limit_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    ~SmallDisk()
+    {
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit_), 0);
+        EXPECT_NE(std::signal(SIGXFSZ, handler_), SIG_ERR);
+    }
+
+private:
+    rlimit limit_{};
+    void (*handler_)(int);
+};
+
 class Files : public testing::Test {
 protected:
     void SetUp() override
@@ -347,22 +396,48 @@ TEST_F(Files, FillADeviceInPlace)
 TEST_F(Files, StayAsTheyWereInAFolderWithoutPermission)
 {
     Put("a.TRN", "old");
+    const AnyUser user(folder);
     fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-    const bool protects = !std::ofstream(Path("probe")).is_open();
-    const ErrorNumber error = protects ? ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }) : ErrorNumber{};
+    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("b.TRN"), "new"); }), ErrorNumber::PermissionDenied);
     fs::permissions(folder, fs::perms::owner_all);
-    if (!protects) GTEST_SKIP() << "this user may write anywhere";
-    EXPECT_EQ(error, ErrorNumber::PermissionDenied);
     EXPECT_EQ(Contents("a.TRN"), "old");
+    EXPECT_EQ(CountFiles(), 1);
 }
 
 TEST_F(Files, ThatAreWriteProtectedStayAsTheyWere)
 {
     Put("a.TRN", "old");
+    const AnyUser user(folder);
     fs::permissions(Path("a.TRN"), fs::perms::owner_read);
-    if (std::ofstream(Path("a.TRN"), std::ios::app).is_open()) GTEST_SKIP() << "this user may write anywhere";
     EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PermissionDenied);
     EXPECT_EQ(Contents("a.TRN"), "old");
+}
+
+TEST_F(Files, WithoutPermissionAreNotRead)
+{
+    Put("a.TRN", "3");
+    const AnyUser user(folder);
+    fs::permissions(Path("a.TRN"), fs::perms::none);
+    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(Path("a.TRN")); }), ErrorNumber::PermissionDenied);
+}
+
+TEST_F(Files, StayAsTheyWereWhenTheDiskFillsUpHalfWay)
+{
+    Put("a.TRN", "old");
+    const SmallDisk disk(4096);
+    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), std::string(100000, 'x')); }), ErrorNumber::DiskFull);
+    EXPECT_EQ(Contents("a.TRN"), "old");
+    EXPECT_EQ(CountFiles(), 1);
+    ReplaceFile(Path("a.TRN"), std::string(4096, 'x'));  // it just fits
+    EXPECT_EQ(Contents("a.TRN").size(), 4096U);
+}
+
+TEST_F(Files, CannotBeWrittenIntoAFolderThatIsGone)
+{
+    fs::remove_all(folder);
+    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PathNotFound);
+    EXPECT_FALSE(fs::exists(folder));
 }
 
 TEST_F(Files, AreSavedAndReadAsRecords)

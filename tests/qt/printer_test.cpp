@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
+#include <QPageLayout>
+#include <QPageSize>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QRegularExpression>
@@ -26,8 +29,18 @@ class PrinterTest : public testing::Test {
 protected:
     void Begin()
     {
-        printer.PrintToFile(path);
+        printer.PrintToFile(path, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {}));
         printer.Begin("Courier New", 12);
+    }
+
+    ErrorNumber ErrorOfEndDoc()
+    {
+        try {
+            printer.EndDoc();
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return {};
     }
 
     QTemporaryDir folder;
@@ -79,10 +92,55 @@ TEST_F(PrinterTest, ALongLineGoesOnBelow)
     EXPECT_EQ(PagesOf(path), 2);
 }
 
-TEST_F(PrinterTest, AFileThatCannotBeWrittenIsARunTimeError)
+TEST_F(PrinterTest, AFolderThatIsGoneIsARunTimeError)
 {
-    path = folder.filePath("missing/report.pdf");
-    EXPECT_THROW(Begin(), RuntimeError);
+    QDir(folder.path()).mkdir("gone");
+    path = folder.filePath("gone/report.pdf");
+    Begin();
+    printer.Line("A line");
+    QDir(folder.filePath("gone")).removeRecursively();
+    EXPECT_EQ(ErrorOfEndDoc(), ErrorNumber::PathNotFound);
+}
+
+TEST_F(PrinterTest, AFullDiskIsARunTimeError)
+{
+    if (!QFile::exists("/dev/full")) GTEST_SKIP() << "no such device here";
+    QFile::link("/dev/full", path);
+    Begin();
+    printer.Line("A line");
+    EXPECT_EQ(ErrorOfEndDoc(), ErrorNumber::DiskFull);
+}
+
+// The report routine stops with an error; the document on paper does not begin a file.
+TEST_F(PrinterTest, AnUnfinishedDocumentLeavesNoFileAndNoTraceInTheNext)
+{
+    Begin();
+    printer.Line("Unfinished");
+    printer.NewPage();
+    Begin();
+    EXPECT_FALSE(QFile::exists(path));
+    printer.Line("Whole");
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 1);
+}
+
+TEST_F(PrinterTest, AnOldFileStaysWhenTheNewDocumentIsNotFinished)
+{
+    Begin();
+    printer.Line("Old");
+    printer.EndDoc();
+    Begin();
+    printer.Line("New");
+    printer.NewPage();
+    EXPECT_EQ(PagesOf(path), 1);
+}
+
+TEST_F(PrinterTest, NothingIsPrintedBeforeAPrinterIsChosen)
+{
+    EXPECT_THROW(printer.Begin("Courier New", 12), RuntimeError);
+    Begin();
+    printer.EndDoc();
+    EXPECT_THROW(printer.Begin("Courier New", 12), RuntimeError);
 }
 
 TEST_F(PrinterTest, TheDialogWorksWithoutAPrinter)

@@ -6,6 +6,7 @@
 #
 #   NAME.play            the script; it runs in a folder of its own
 #   NAME.given.*         files that the script finds there, without the ".given"
+#   NAME.before.sh       prepares that folder further
 #   NAME.out             the transcript
 #   NAME.err             standard error, of a script that ends at a step that cannot be done (exit status 1)
 #   NAME.expected.*      files that the script must have written, without the ".expected"
@@ -46,6 +47,8 @@ hold() {
 for file in "$here/$name".given.*; do
     [ -e "$file" ] && cp "$file" "$given/$(without given "$file")"
 done
+
+[ -e "$here/$name.before.sh" ] && (cd "$given" && bash "$here/$name.before.sh")
 
 status=0
 (cd "$given" && "$player" --folder "$given" "$here/$name.play") >"$folder/raw.out" 2>"$folder/raw.err" || status=$?
