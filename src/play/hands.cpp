@@ -86,11 +86,10 @@ void PressCharacter(const QString& character, Qt::KeyboardModifiers modifiers)
 {
     const QChar letter = character.front();
     const auto key = static_cast<Qt::Key>(letter.toUpper().unicode());
-    if ((modifiers & (Qt::AltModifier | Qt::ControlModifier)) != 0)
-        Press(key, modifiers, character);
-    else if (letter.isLetter() && (modifiers & Qt::ShiftModifier) != 0)
+    const bool typesText = (modifiers & (Qt::AltModifier | Qt::ControlModifier)) == 0;
+    if (typesText && letter.isLetter() && (modifiers & Qt::ShiftModifier) != 0)
         Press(key, modifiers, character.toUpper());
-    else if (letter.isUpper())
+    else if (typesText && letter.isUpper())
         Press(key, modifiers | Qt::ShiftModifier, character);
     else
         Press(key, modifiers, character);

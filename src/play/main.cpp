@@ -104,7 +104,7 @@ int PlayApart(const std::string& script, const QString& folder)
     return static_cast<int>(play::Ending::NotDone);
 }
 
-int PlayEach(const Arguments& arguments, int count, char* values[])
+int PlayEach(const Arguments& arguments, int count, char** values)
 {
     const QCoreApplication application(count, values);
     int status = 0;
