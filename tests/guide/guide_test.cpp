@@ -1,0 +1,289 @@
+// The guide against the sources and the files of this repository: what it quotes is there, and what a screen
+// shows is explained.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kRoot = VANTREL_ROOT;
+const fs::path kGuide = kRoot / "docs/guide";
+
+std::string TextOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<fs::path> FilesBelow(const fs::path& folder, const std::set<std::string>& extensions)
+{
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (extensions.contains(entry.path().extension().string())) files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+std::vector<fs::path> Pages()
+{
+    auto pages = FilesBelow(kGuide, {".md"});
+    pages.push_back(kRoot / "README.md");
+    return pages;
+}
+
+std::string TextOfAll(const std::vector<fs::path>& files)
+{
+    std::string text;
+    for (const auto& file : files)
+        text += TextOf(file);
+    return text;
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+// The guide as running text: where a line ends plays no part.
+std::string RunningText()
+{
+    return std::regex_replace(TextOfAll(FilesBelow(kGuide, {".md"})), std::regex("\n *"), " ");
+}
+
+// All that the first group of the pattern matches.
+std::vector<std::string> Matches(const std::string& text, const std::string& pattern)
+{
+    const std::regex regex(pattern);
+    std::vector<std::string> found;
+    for (std::sregex_iterator it(text.begin(), text.end(), regex), end; it != end; ++it)
+        found.push_back((*it)[1]);
+    return found;
+}
+
+std::string WithoutBlocks(const std::string& page)
+{
+    std::istringstream lines(page);
+    std::string text;
+    bool inside = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("```"))
+            inside = !inside;
+        else if (!inside)
+            text += line + '\n';
+    }
+    return text;
+}
+
+std::string Trimmed(const std::string& text)
+{
+    const auto first = text.find_first_not_of(" \n");
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \n") - first + 1);
+}
+
+// A text of a screen as a reader sees it: no mark of an access key.
+std::string AsShown(const std::string& text)
+{
+    const std::string kept = Replaced(text, "&&", "\x01");
+    return Trimmed(Replaced(Replaced(kept, "& ", "\x01 "), "&", ""));
+}
+
+// Reads the string literals of a source file; literals that only blanks part are one text.
+class LiteralReader {
+public:
+    explicit LiteralReader(const std::string& source) : source_(source) {}
+
+    std::vector<std::string> Read()
+    {
+        while (at_ < source_.size())
+            Step();
+        return texts_;
+    }
+
+private:
+    void Step()
+    {
+        if (source_.compare(at_, 2, "//") == 0 || source_[at_] == '#')
+            at_ = std::min(source_.find('\n', at_), source_.size());
+        else if (source_[at_] == '"')
+            Literal();
+        else
+            Other(source_[at_]);
+    }
+
+    void Other(char c)
+    {
+        if (c == '\'') at_ += source_[at_ + 1] == '\\' ? 3 : 2;
+        if (c != ' ' && c != '\n') joins_ = false;
+        ++at_;
+    }
+
+    void Literal()
+    {
+        std::string text;
+        for (++at_; source_[at_] != '"'; ++at_) {
+            if (source_[at_] == '\\' && source_[++at_] == 'n')
+                text += '\n';
+            else
+                text += source_[at_];
+        }
+        ++at_;
+        if (joins_)
+            texts_.back() += text;
+        else
+            texts_.push_back(text);
+        joins_ = true;
+    }
+
+    const std::string& source_;
+    std::size_t at_ = 0;
+    bool joins_ = false;
+    std::vector<std::string> texts_;
+};
+
+// Names and descriptions of the modules: the module selection shows them, there is nothing to explain.
+std::set<std::string> TextsOfTheModuleTable()
+{
+    const std::string table = TextOf(kRoot / "src/modules.cpp");
+    const auto texts = LiteralReader(table).Read();
+    return {texts.begin(), texts.end()};
+}
+
+bool IsReport(const fs::path& file)
+{
+    static const std::set<std::string> kReports = {"transout.cpp", "AssnOut.cpp", "netout.cpp"};
+    const std::string name = file.filename().string();
+    return kReports.contains(name) || name.ends_with("Report.cpp");
+}
+
+// What the screens of the program show: captions, questions, messages. The lines of reports stand apart.
+std::vector<std::string> TextsOfScreens(bool reports)
+{
+    std::vector<std::string> texts;
+    for (const auto& file : FilesBelow(kRoot / "src", {".h", ".cpp"})) {
+        const std::string folder = file.parent_path().filename().string();
+        if (folder == "play" || folder == "qt" || IsReport(file) != reports) continue;
+        const std::string source = TextOf(file);
+        for (const auto& text : LiteralReader(source).Read())
+            texts.push_back(AsShown(text));
+    }
+    return texts;
+}
+
+bool IsSentence(const std::string& text)
+{
+    return text.find(' ') != std::string::npos && text.find('|') == std::string::npos;
+}
+
+TEST(Guide, ExplainsEveryTextOfTheScreens)
+{
+    const std::string guide = RunningText();
+    const auto names = TextsOfTheModuleTable();
+    std::size_t checked = 0;
+    for (const auto& text : TextsOfScreens(false)) {
+        if (!IsSentence(text) || names.contains(Replaced(text, "\x01", "&"))) continue;
+        ++checked;
+        EXPECT_NE(guide.find(Replaced(Replaced(text, "\x01", "&"), "\n", " ")), std::string::npos)
+            << "not in the guide: " << text;
+    }
+    EXPECT_GT(checked, 300U);
+}
+
+TEST(Guide, ExplainsTheMessagesThatReportsShow)
+{
+    const std::string guide = RunningText();
+    std::size_t checked = 0;
+    for (const auto& file : FilesBelow(kRoot / "src", {".cpp"})) {
+        if (!IsReport(file)) continue;
+        const std::string source = TextOf(file);
+        for (auto at = source.find("MsgBox("); at != std::string::npos; at = source.find("MsgBox(", at + 1)) {
+            const std::string call = source.substr(at, source.find(';', at) - at);
+            for (const auto& text : LiteralReader(call).Read()) {
+                if (!IsSentence(text)) continue;
+                ++checked;
+                EXPECT_NE(guide.find(Trimmed(text)), std::string::npos) << "not in the guide: " << text;
+            }
+        }
+    }
+    EXPECT_GE(checked, 5U);
+}
+
+TEST(Guide, WritesInBoldOnlyWhatAScreenShows)
+{
+    std::set<std::string> shown;
+    for (const auto& text : TextsOfScreens(false))
+        shown.insert(Replaced(text, "\x01", "&"));
+    for (const auto& page : FilesBelow(kGuide, {".md"}))
+        for (const auto& caption : Matches(WithoutBlocks(TextOf(page)), R"(\*\*([^*]+)\*\*)"))
+            EXPECT_TRUE(shown.contains(Replaced(caption, "\n", " ")))
+                << page.filename() << ": no screen shows " << caption;
+}
+
+TEST(Guide, LinksOnlyToWhatIsThere)
+{
+    for (const auto& page : Pages())
+        for (const auto& link : Matches(WithoutBlocks(TextOf(page)), R"(\]\(([^)#]+)\))"))
+            EXPECT_TRUE(fs::exists(page.parent_path() / link)) << page.filename() << ": " << link;
+}
+
+TEST(Guide, ShowsEveryPictureThatIsKept)
+{
+    const std::string guide = TextOfAll(Pages());
+    for (const auto& picture : FilesBelow(kGuide / "pictures", {".png"}))
+        EXPECT_NE(guide.find("pictures/" + picture.filename().string()), std::string::npos) << picture;
+}
+
+TEST(Guide, NamesOnlyFilesThatExist)
+{
+    const std::string pattern =
+        R"(`((?:src|tests|docs|tools|bench|fuzz|Problems|packaging|\.ci|cmake)/[^`*<>]*)`)";
+    for (const auto& page : Pages())
+        for (const auto& path : Matches(WithoutBlocks(TextOf(page)), pattern))
+            EXPECT_TRUE(fs::exists(kRoot / path.substr(0, path.find(' '))))
+                << page.filename() << ": " << path;
+}
+
+// `Name` and `name()` on the page for contributors, and what it shows of code.
+TEST(Guide, NamesOnlyFunctionsAndTypesOfTheSources)
+{
+    std::string sources = TextOfAll(FilesBelow(kRoot / "src", {".h", ".cpp", ".txt"}));
+    for (const auto* folder : {"tests", "bench", "fuzz", "tools"})
+        sources += TextOfAll(FilesBelow(kRoot / folder, {".h", ".cpp", ".txt", ".sh"}));
+    sources += TextOf(kRoot / "CMakeLists.txt") + TextOf(kRoot / "CMakePresets.json");
+    std::size_t checked = 0;
+    for (const auto& name :
+         Matches(TextOf(kGuide / "contributing.md"), R"(`([A-Za-z_][A-Za-z_:0-9]*)(?:\(\))?`)")) {
+        ++checked;
+        EXPECT_NE(sources.find(name), std::string::npos) << name;
+    }
+    EXPECT_GT(checked, 15U);
+}
+
+TEST(Guide, ShowsAnExampleOfEveryStepOfSessionScripts)
+{
+    const std::string table = TextOf(kRoot / "src/play/steps.cpp");
+    const auto steps = Matches(table, R"x(\{"([a-z]+)", \{\d)x");
+    const std::string page = TextOf(kGuide / "session-scripts.md");
+    std::set<std::string> used;
+    for (const auto& block : Matches(page, "```play [a-z-]+\n([^`]+)```"))
+        for (const auto& word : Matches("\n" + block, "\n([a-z]+)"))
+            used.insert(word);
+    EXPECT_THAT(steps, testing::UnorderedElementsAreArray(used));
+    for (const auto& step : steps)
+        EXPECT_NE(page.find("| `" + step), std::string::npos) << "not in the table: " << step;
+}
+
+}  // namespace
