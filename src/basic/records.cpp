@@ -118,6 +118,16 @@ private:
     bool moved_ = false;
 };
 
+// Only a regular file or a device can be written, or a name that is still free.
+fs::file_status StatusForWriting(const fs::path& target)
+{
+    std::error_code ignored;
+    const fs::file_status status = fs::status(target, ignored);
+    const bool writable = !fs::exists(status) || fs::is_regular_file(status) || fs::is_character_file(status);
+    if (!writable) Raise(ErrorNumber::PathFileAccess);
+    return status;
+}
+
 void ReplaceRegular(const fs::path& target, const fs::file_status& old, std::string_view text)
 {
     if (fs::exists(old)) RefuseProtected(target);
@@ -269,12 +279,17 @@ std::string RecordReader::ReadString()
 void ReplaceFile(const std::string& path, std::string_view text)
 {
     const fs::path target = BehindLinks(PathOf(path));
-    std::error_code ignored;
-    const fs::file_status old = fs::status(target, ignored);
+    const fs::file_status old = StatusForWriting(target);
     if (fs::is_character_file(old))
         WriteWhole(target, text);  // a device takes the bytes; it cannot be replaced
-    else if (fs::exists(old) && !fs::is_regular_file(old))
-        Raise(ErrorNumber::PathFileAccess);
     else
         ReplaceRegular(target, old, text);
+}
+
+void RequireWritable(const std::string& path)
+{
+    const fs::path target = BehindLinks(PathOf(path));
+    const fs::file_status old = StatusForWriting(target);
+    if (fs::exists(old)) RefuseProtected(target);
+    if (!fs::is_character_file(old)) TemporaryFile(TemporaryFor(target)).Write({});
 }

@@ -58,3 +58,6 @@ private:
 // Writes the whole text so that the file at the path is either the old or the new one; a device takes the
 // text as it comes. Run-time errors of the disk.
 void ReplaceFile(const std::string& path, std::string_view text);
+
+// Raises what opening the file for writing would: no such folder, no right to write. Changes nothing.
+void RequireWritable(const std::string& path);

@@ -437,6 +437,7 @@ void SaveAsText()
                                               .Extension = "OUT",
                                               .Filter = "OUT File|*.OUT|All Files (*.*)|*.*",
                                               .Folder = Session.ProblemFolder});
+            RequireWritable(path);  // nothing is begun for a file that cannot be had
             desktop::TheScreen().SetPointer(Pointer::Hourglass);
             Session.OutputDestination = "File";
             TextFileChannel channel;

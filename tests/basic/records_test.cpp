@@ -269,10 +269,7 @@ public:
     }
     AnyUser(const AnyUser&) = delete;
     AnyUser& operator=(const AnyUser&) = delete;
-    ~AnyUser()
-    {
-        EXPECT_TRUE(!switched_ || seteuid(0) == 0);
-    }
+    ~AnyUser() { EXPECT_TRUE(!switched_ || seteuid(0) == 0); }
 
 private:
     static constexpr uid_t kNobody = 65534;
@@ -412,6 +409,29 @@ TEST_F(Files, ThatAreWriteProtectedStayAsTheyWere)
     fs::permissions(Path("a.TRN"), fs::perms::owner_read);
     EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PermissionDenied);
     EXPECT_EQ(Contents("a.TRN"), "old");
+}
+
+TEST_F(Files, ThatCanBeWrittenAreLeftAloneByTheQuestion)
+{
+    Put("a.TRN", "old");
+    RequireWritable(Path("a.TRN"));
+    RequireWritable(Path("b.TRN"));
+    EXPECT_EQ(Contents("a.TRN"), "old");
+    EXPECT_EQ(CountFiles(), 1);
+}
+
+TEST_F(Files, ThatCannotBeWrittenAreToldBeforehand)
+{
+    Put("a.TRN", "old");
+    fs::create_directory(Path("folder.TRN"));
+    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("none/a.TRN")); }), ErrorNumber::PathNotFound);
+    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("folder.TRN")); }), ErrorNumber::PathFileAccess);
+    const AnyUser user(folder);
+    fs::permissions(Path("a.TRN"), fs::perms::owner_read);
+    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("a.TRN")); }), ErrorNumber::PermissionDenied);
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("b.TRN")); }), ErrorNumber::PermissionDenied);
+    fs::permissions(folder, fs::perms::owner_all);
 }
 
 TEST_F(Files, WithoutPermissionAreNotRead)

@@ -387,6 +387,28 @@ TEST_F(CommandsOfTheShell, TheReportGoesToATextFile)
     EXPECT_EQ(Session.OutputDestination, "File");
 }
 
+TEST_F(CommandsOfTheShell, NothingIsBegunForATextFileInAFolderThatIsNotThere)
+{
+    SolvedProblem();
+    Session.OutputDestination = "Printer";
+    desktop.dialogs.files = {"/no such folder/a.OUT"};
+    Commands::SaveAsText();
+    EXPECT_EQ(desktop.dialogs.Last(),
+              (ShownMessage{"Path not found", "Error # 76", Icon::Critical, Buttons::OK}));
+    EXPECT_EQ(Session.OutputDestination, "Printer");
+    EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
+}
+
+TEST_F(CommandsOfTheShell, AFullDiskIsFoundWhenTheTextIsWritten)
+{
+    if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no device here that is always full";
+    SolvedProblem();
+    desktop.dialogs.files = {"/dev/full"};
+    Commands::SaveAsText();
+    EXPECT_EQ(desktop.dialogs.Last(), (ShownMessage{"Disk full", "Error # 61", Icon::Critical, Buttons::OK}));
+    EXPECT_EQ(Session.OutputDestination, "File");
+}
+
 TEST_F(CommandsOfTheShell, AModuleThatIsNotInThisBuildSaysSo)
 {
     for (int number = 1; number <= kModuleCount; ++number) {
