@@ -34,8 +34,11 @@ QWidget* KeyTarget()
 {
     if (QWidget* popup = QApplication::activePopupWidget())
         return popup->focusWidget() != nullptr ? popup->focusWidget() : popup;
-    if (QWidget* focused = QApplication::focusWidget()) return focused;
-    return QApplication::activeWindow();
+    QWidget* focused = QApplication::focusWidget();
+    if (focused == nullptr) focused = QApplication::activeWindow();
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal == nullptr || (focused != nullptr && focused->window() == modal)) return focused;
+    return modal->focusWidget() != nullptr ? modal->focusWidget() : modal;  // what is behind it takes no keys
 }
 
 // Shortcuts and menu keys come first, as on any desktop.
