@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QPainter>
 #include <QPixmap>
+#include <QStyle>
+#include <QStyleOption>
 #include <algorithm>
 
 #include "play/controls.h"
@@ -41,16 +43,45 @@ QWidgetList ShownWindows()
     return windows;
 }
 
+// Off-screen nobody frames the windows: those in front of the main one get the frame of an inner window here.
+int TitleBarHeight(const QWidget& window)
+{
+    return window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+}
+
+QRect FrameOf(const QWidget& window)
+{
+    constexpr int kBorder = 1;
+    return window.geometry().adjusted(-kBorder, -TitleBarHeight(window), kBorder, kBorder);
+}
+
+void DrawFrame(QPainter& painter, const QWidget& window, const QRect& frame)
+{
+    painter.fillRect(frame, window.palette().color(QPalette::Shadow));
+    QStyleOptionTitleBar bar;
+    bar.initFrom(&window);
+    bar.rect = {frame.topLeft(), QSize(frame.width(), TitleBarHeight(window))};
+    bar.text = window.windowTitle();
+    bar.state |= QStyle::State_Active;
+    bar.titleBarState = QStyle::State_Active;
+    bar.titleBarFlags = Qt::Window | Qt::WindowTitleHint;
+    bar.subControls = QStyle::SC_TitleBarLabel;
+    window.style()->drawComplexControl(QStyle::CC_TitleBar, &bar, &painter, &window);
+}
+
 QPixmap PictureOf(const QWidgetList& windows)
 {
-    QRect frame;
+    const QWidget* main = windows.first();
+    QRect whole = main->geometry();
     for (const QWidget* window : windows)
-        frame |= window->geometry();
-    QPixmap picture(frame.size());
+        if (window != main) whole |= FrameOf(*window);
+    QPixmap picture(whole.size());
     picture.fill(QApplication::palette().color(QPalette::Dark));
     QPainter painter(&picture);
-    for (QWidget* window : windows)
-        painter.drawPixmap(window->geometry().topLeft() - frame.topLeft(), window->grab());
+    for (QWidget* window : windows) {
+        if (window != main) DrawFrame(painter, *window, FrameOf(*window).translated(-whole.topLeft()));
+        painter.drawPixmap(window->geometry().topLeft() - whole.topLeft(), window->grab());
+    }
     return picture;
 }
 
