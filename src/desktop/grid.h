@@ -20,7 +20,7 @@ public:
     // Commits what the user has changed in the current cell and not left yet. False: it was refused, and
     // told; the cell stays the current one.
     virtual bool FinishEdit() = 0;
-    // Makes the cell the current one, without checking the one that is left.
+    // Makes the cell the current one, without checking the one that is left; what was being typed stays.
     virtual void Select(int row, int column) = 0;
     // In characters of the grid's font; the default fits ten digits.
     virtual void SetColumnWidth(int column, int characters) = 0;

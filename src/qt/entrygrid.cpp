@@ -198,7 +198,8 @@ void EntryGrid::SetColumnWidth(int column, int characters)
 void EntryGrid::Select(int row, int column)
 {
     if (!model_->Has(row, column)) Raise(ErrorNumber::SubscriptOutOfRange);
-    if (row != Row() || column != Column()) editing_ = false;
+    editing_ = false;
+    viewport()->update();
     GoTo(row, column);
 }
 

@@ -427,6 +427,19 @@ TEST_F(EntryGridTest, TheProgramMovesTheCursorWithoutACheck)
     EXPECT_EQ(At(), Cell(2, 2));
 }
 
+TEST_F(EntryGridTest, TheProgramEndsAnEditAlsoWhereItStands)
+{
+    Open(Numbers());
+    Type("9");
+    Cells().Select(1, 1);
+    EXPECT_EQ(Cells().Text(1, 1), "9");
+    EXPECT_FALSE(grid->IsEditing());
+    Click(1, 1);
+    EXPECT_TRUE(stored.empty());
+    Type("5");
+    EXPECT_EQ(Cells().Text(1, 1), "5");
+}
+
 TEST_F(EntryGridTest, ARedrawEndsAnEdit)
 {
     Open(Numbers());
