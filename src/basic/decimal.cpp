@@ -3,7 +3,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <locale>
+#include <optional>
 #include <sstream>
 
 #include "basic/error.h"
@@ -51,6 +53,29 @@ std::size_t SkipExponent(std::string_view text, std::size_t at)
     const std::size_t digits = IsSignAt(text, at + 1) ? at + 2 : at + 1;
     const std::size_t end = SkipDigits(text, digits);
     return end > digits ? end : at;
+}
+
+// Whole numbers of so many digits, and the powers of ten, are doubles without an error.
+constexpr std::size_t kExactDigits = 15;
+constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+// A short numeral without an exponent is the quotient of two exact doubles, which is rounded once and rightly
+// (Clinger, "How to Read Floating Point Numbers Accurately"). Nothing for other numerals.
+std::optional<double> ShortValue(std::string_view numeral)
+{
+    const std::size_t start = IsSignAt(numeral, 0) ? 1 : 0;
+    const std::size_t point = numeral.find('.', start);
+    const std::size_t decimals = point == std::string_view::npos ? 0 : numeral.size() - point - 1;
+    if (numeral.size() - start > kExactDigits) return std::nullopt;
+    std::int64_t digits = 0;
+    for (std::size_t i = start; i < numeral.size(); ++i) {
+        if (i == point) continue;
+        if (!IsDigit(numeral[i])) return std::nullopt;
+        digits = digits * 10 + (numeral[i] - '0');
+    }
+    const double value = static_cast<double>(digits) / kPowersOfTen.at(decimals);
+    return numeral.front() == '-' ? -value : value;
 }
 
 // A numeral too small for a double is a zero, although the stream calls it a failure.
@@ -108,6 +133,7 @@ std::size_t NumeralLength(std::string_view text)
 
 double NumeralValue(std::string_view numeral)
 {
+    if (const std::optional<double> value = ShortValue(numeral)) return *value;
     std::istringstream stream{std::string(numeral)};
     stream.imbue(std::locale::classic());
     double value = 0.0;

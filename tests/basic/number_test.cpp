@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <functional>
 #include <limits>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,6 +38,25 @@ TEST(Val, ReadsTheLeadingNumberOfAText)
                                       {"1.2.3", 1.2}, {"1-2", 1},      {"50%", 50}};
     for (const ValRow& row : rows)
         EXPECT_EQ(Val(row.Text), row.Value) << row.Text;
+}
+
+// The C library rounds every numeral rightly; 1 to 20 digits are on both sides of what a double holds
+// exactly.
+TEST(Val, RoundsEveryNumeralRightly)
+{
+    std::mt19937 random(17);
+    const auto pick = [&random](int count) {
+        return std::uniform_int_distribution<int>(0, count - 1)(random);
+    };
+    for (int round = 0; round < 20000; ++round) {
+        std::string numeral(static_cast<std::size_t>(1 + pick(20)), '0');
+        for (char& digit : numeral)
+            digit = static_cast<char>('0' + pick(10));
+        if (pick(4) > 0)
+            numeral.insert(static_cast<std::size_t>(pick(static_cast<int>(numeral.size()) + 1)), ".");
+        if (pick(3) == 0) numeral.insert(0, "-");
+        EXPECT_EQ(Val(numeral), std::strtod(numeral.c_str(), nullptr)) << numeral;
+    }
 }
 
 TEST(Val, PassesBlanksOver)
