@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QStyle>
+#include <algorithm>
 
 #include "basic/error.h"
 #include "desktop/desktop.h"
@@ -37,10 +39,19 @@ void CancelOrUnload(const QWidget& form)
         cancel->click();
 }
 
-// What the contents of a window need, labels broken into lines at its width included.
+// The caption with room for what stands beside it in the title bar.
+int TitleWidth(const QWidget& window)
+{
+    constexpr int kBeside = 4;  // title bar heights: icon, buttons, margins
+    const int height = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+    return window.fontMetrics().horizontalAdvance(window.windowTitle().trimmed()) + kBeside * height;
+}
+
+// What the contents and the caption of a window need, labels broken into lines at its width included.
 QSize NeededSize(const QWidget& window)
 {
     QSize size = window.sizeHint();
+    size.setWidth(std::max(size.width(), TitleWidth(window)));
     const QLayout* layout = window.layout();
     if (layout != nullptr && layout->hasHeightForWidth())
         size.setHeight(layout->totalHeightForWidth(size.width()));
