@@ -354,7 +354,8 @@ void EntryGrid::mousePressEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton || !clicked.isValid()) return;
     const int row = clicked.row();
     const int column = clicked.column();
-    if (FinishEdit() && model_->Has(row, column)) GoTo(row, column);
+    const bool leaves = row != Row() || column != Column();
+    if (Commit(leaves && rules_.ClickAlwaysCommits) && model_->Has(row, column)) GoTo(row, column);
 }
 
 void EntryGrid::Move(int key)

@@ -29,7 +29,8 @@ enum class KeyAnswer {
 struct EntryRules {
     // A character is typed into the cell; `first` when nothing of its new text stands there yet.
     std::function<KeyAnswer(int row, int column, char character, bool first)> Key;
-    // Stores the text of a cell that is left after a change, or with Enter. False: refused, and told.
+    // Stores the text of a cell that is left after a change, or with Enter; a click can ask for it always.
+    // False: refused, and told.
     std::function<bool(int row, int column, std::string_view text)> Commit;
     // The text of a cell has changed under the user's hands. May be missing.
     std::function<void(int row, int column)> Edited;
@@ -40,6 +41,7 @@ struct EntryRules {
     bool DeleteNotInEdit = false;     // Delete empties only a cell that is as it was
     bool BackspaceOnlyTyped = false;  // Backspace takes nothing from a text that stood in the cell before
     bool EnterBeepsAtLastRow = false;
+    bool ClickAlwaysCommits = false;  // a click commits the cell it leaves even if nothing was typed there
     // Tab behind the last cell and Backtab before the first one; missing: to the other end of the grid.
     std::function<void()> LeaveForward;
     std::function<void()> LeaveBackward;

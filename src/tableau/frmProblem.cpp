@@ -50,6 +50,7 @@ qt::EntryRules frmProblem::Rules() const
     rules.Commit = [](int row, int column, std::string_view text) {
         return CommitCell(row, column, text) != kCellRefused;
     };
+    rules.ClickAlwaysCommits = true;
     rules.Closed = [this](int row, int column) { return IsClosed(row, column); };
     return rules;
 }

@@ -322,6 +322,30 @@ TEST_F(EntryGridTest, AClickOnAnotherCellCommitsTheOneThatIsLeft)
     EXPECT_EQ(Cells().Text(2, 3), "");
 }
 
+TEST_F(EntryGridTest, AClickPassesOverACellThatIsAsItWas)
+{
+    Open(Numbers());
+    Click(2, 3);
+    EXPECT_TRUE(stored.empty());
+}
+
+TEST_F(EntryGridTest, AClickCanCommitAlsoACellThatIsAsItWas)
+{
+    qt::EntryRules rules = Numbers();
+    rules.ClickAlwaysCommits = true;
+    Open(std::move(rules));
+    Click(1, 1);
+    EXPECT_TRUE(stored.empty());  // it is not left
+    Click(2, 3);
+    EXPECT_EQ(stored, (std::vector<Stored>{{1, 1, ""}}));
+    Press(Qt::Key_Left);
+    EXPECT_EQ(stored.size(), 1U);  // keys commit what has changed
+    Cells().SetText(2, 2, "9");
+    Click(1, 1);
+    EXPECT_EQ(At(), Cell(2, 2));
+    EXPECT_EQ(Cells().Text(2, 2), "");
+}
+
 TEST_F(EntryGridTest, AClickOnTheSameCellCommitsItAndTypingBeginsAnew)
 {
     Open(Numbers());
