@@ -29,7 +29,6 @@ void frmDecisionProblem::AddGrid(QVBoxLayout* page, int index, std::string_view 
     const std::string name = "Grid(" + std::to_string(index) + ")";
     auto* grid = new qt::EntryGrid(name.c_str(), description, Rules(index));
     grid->ShowRows(Decision::kMost);
-    grid->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);  // spare room stays below
     grid->hide();
     page->addWidget(grid);
     Grid.at(static_cast<std::size_t>(index)) = grid;

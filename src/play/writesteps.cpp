@@ -75,7 +75,9 @@ QPixmap PictureOf(const QWidgetList& windows)
     QRect whole = main->geometry();
     for (const QWidget* window : windows)
         if (window != main) whole |= FrameOf(*window);
-    QPixmap picture(whole.size());
+    const qreal ratio = main->devicePixelRatioF();
+    QPixmap picture(whole.size() * ratio);
+    picture.setDevicePixelRatio(ratio);
     picture.fill(QApplication::palette().color(QPalette::Dark));
     QPainter painter(&picture);
     for (QWidget* window : windows) {

@@ -122,8 +122,9 @@ void frmPERT_CPM::AddTable(QVBoxLayout* page)
 void frmPERT_CPM::AddActivities(QBoxLayout* row)
 {
     QVBoxLayout* column = AddColumn(row);
-    qt::AddLabel(column, "lblActivityName", "Select Activity:");
+    QLabel* label = qt::AddLabel(column, "lblActivityName", "Select Activity:");
     lstActivityName = qt::AddList(column, "lstActivityName", "Activity");
+    label->setBuddy(lstActivityName);
     for (int i = 1; i <= Problem.NumActivities; ++i)
         lstActivityName->addItem(qt::ToQt(Problem.ActivityName(i)));
     // A click on the current one shows its stored times again.
@@ -137,6 +138,7 @@ void frmPERT_CPM::AddPredecessors(QBoxLayout* row)
     QVBoxLayout* column = AddColumn(row);
     lblPredecessor = qt::AddLabel(column, "lblPredecessor", "");
     lstPredecessor = qt::AddList(column, "lstPredecessor", "Predecessors");
+    lblPredecessor->setBuddy(lstPredecessor);
     lstPredecessor->setSelectionMode(QAbstractItemView::MultiSelection);
     connect(lstPredecessor, &QListWidget::itemSelectionChanged, this,
             [this] { qt::Trap([this] { TakePredecessors(); }); });

@@ -134,6 +134,7 @@ std::optional<std::string> QtDialogs::AskFile(const FileQuestion& question)
     QFileDialog dialog(Behind());
     dialog.setObjectName(QStringLiteral("dialogFile"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);  // they spell out both cases of each letter
     dialog.setWindowTitle(ToQt(question.Title));
     dialog.setProperty("filter", ToQt(question.Filter));
     dialog.setProperty("folder", ToQt(question.Folder));

@@ -13,6 +13,7 @@
 #include "basic/error.h"
 #include "desktop/desktop.h"
 #include "qt/application.h"
+#include "qt/colors.h"
 #include "qt/fields.h"
 #include "qt/forms.h"
 #include "qt/gridmodel.h"
@@ -75,13 +76,19 @@ public:
         QStyleOptionViewItem cell = option;
         cell.state.setFlag(QStyle::State_Selected, filled);
         cell.state.setFlag(QStyle::State_HasFocus, false);
+        cell.palette.setColor(QPalette::HighlightedText, TextOnFilled(cell.palette));
         QStyledItemDelegate::paint(painter, cell, index);
         DrawLines(*painter, option);
         if (current && !filled) DrawFrame(*painter, option);
-        if (filled && grid_.editing_) DrawCaret(*painter, option);
+        if (filled && grid_.editing_) DrawCaret(*painter, cell);
     }
 
 private:
+    static QColor TextOnFilled(const QPalette& palette)
+    {
+        return ReadableOn(palette.color(QPalette::Highlight), palette.color(QPalette::HighlightedText));
+    }
+
     // Between the colours of text and ground, so that it shows in a dark palette as well.
     static void DrawLines(QPainter& painter, const QStyleOptionViewItem& cell)
     {
@@ -97,8 +104,11 @@ private:
 
     static void DrawFrame(QPainter& painter, const QStyleOptionViewItem& cell)
     {
-        painter.setPen(cell.palette.color(QPalette::Highlight));
-        painter.drawRect(cell.rect.adjusted(0, 0, -1, -1));
+        constexpr int kWidth = 2;
+        const QColor wanted = cell.palette.color(QPalette::Highlight);
+        const bool seen = Contrast(wanted, cell.palette.color(QPalette::Base)) >= kVisible;
+        painter.setPen(QPen(seen ? wanted : cell.palette.color(QPalette::Text), kWidth));
+        painter.drawRect(cell.rect.adjusted(1, 1, -1, -1));
     }
 
     static void DrawCaret(QPainter& painter, const QStyleOptionViewItem& cell)

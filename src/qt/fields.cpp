@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QValidator>
+#include <QtMath>
 #include <algorithm>
 
 #include "basic/error.h"
@@ -41,6 +42,28 @@ protected:
 
 private:
     bool clickedInto_ = false;
+};
+
+// A text to read, as high as its lines; more than kTextLines of them scroll.
+class TextPage : public QPlainTextEdit {
+public:
+    TextPage() { connect(this, &QPlainTextEdit::textChanged, this, &TextPage::Fit); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QPlainTextEdit::resizeEvent(event);
+        Fit();
+    }
+
+private:
+    void Fit()
+    {
+        const int needed = qMax(1, qCeil(document()->size().height()));  // in lines
+        const int margins = qCeil(2 * document()->documentMargin());
+        setVerticalScrollBarPolicy(needed > kTextLines ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+        setFixedHeight(qMin(needed, kTextLines) * fontMetrics().lineSpacing() + margins);
+    }
 };
 
 bool IsArrow(int key)
@@ -158,6 +181,7 @@ Control* PutRow(QFormLayout* rows, Control* control, std::string_view label, con
     control->setAccessibleName(ToQt(label).trimmed());
     QLabel* text = MakeLabel(labelName, label);
     if (*labelName == '\0') text->setObjectName(NameOfLabel(control));
+    if (label.find('&') == std::string_view::npos) text->setBuddy(control);  // it would mark an access key
     rows->addRow(text, control);
     return control;
 }
@@ -267,12 +291,11 @@ QComboBox* AddCombo(QFormLayout* rows, const char* name, std::string_view label,
 
 QPlainTextEdit* AddText(QLayout* layout, const char* name, std::string_view description)
 {
-    auto* page = Named(new QPlainTextEdit, name);
+    auto* page = Named(new TextPage, name);
     page->setAccessibleName(ToQt(description));
     page->setReadOnly(true);
     page->setFrameShape(QFrame::NoFrame);
     page->viewport()->setAutoFillBackground(false);
-    page->setFixedHeight(kTextLines * page->fontMetrics().lineSpacing());
     Put(layout, page);
     return page;
 }

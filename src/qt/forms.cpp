@@ -147,6 +147,13 @@ ModalForm::ModalForm(QWidget* parent) : QDialog(parent)
 {
 }
 
+// Where the focus is can be seen from the beginning, not only once Tab has been pressed.
+void ModalForm::showEvent(QShowEvent* event)
+{
+    QDialog::showEvent(event);
+    setAttribute(Qt::WA_KeyboardFocusChange);
+}
+
 void ModalForm::ClosedByHand()
 {
     CancelOrUnload(*this);
@@ -415,6 +422,15 @@ void QtForms::FocusMenu()
 QWidget* QtForms::Find(std::string_view form) const
 {
     return EntryOf(form).Widget;
+}
+
+std::vector<std::string> QtForms::Names() const
+{
+    std::vector<std::string> names;
+    names.reserve(entries_.size());
+    for (const auto& [name, entry] : entries_)
+        names.push_back(name);
+    return names;
 }
 
 QWidget* QtForms::MainWindow() const

@@ -13,6 +13,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "desktop/forms.h"
 
@@ -60,6 +61,7 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 };
 
 class QtForms : public ::Forms {
@@ -90,6 +92,8 @@ public:
 
     // The widget of a form that is loaded, else null.
     [[nodiscard]] QWidget* Find(std::string_view form) const;
+    // Of all forms in the table.
+    [[nodiscard]] std::vector<std::string> Names() const;
     // The form of place Main, null before it is loaded.
     [[nodiscard]] QWidget* MainWindow() const;
 

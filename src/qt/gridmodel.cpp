@@ -58,8 +58,20 @@ QVariant GridModel::data(const QModelIndex& index, int role) const
 {
     if (!Has(index.row(), index.column())) return {};
     if (role == Qt::DisplayRole) return Text(index.row(), index.column());
+    if (role == Qt::AccessibleTextRole && !IsFixed(index.row(), index.column()))
+        return SpokenText(index.row(), index.column());
     if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     return {};
+}
+
+// What stands beside the cell and above it, and then its text: "Origin 1, Supply: 40".
+QString GridModel::SpokenText(int row, int column) const
+{
+    QString place = HeaderText(row, Qt::Vertical);
+    if (fixedRows_ > 0 && fixedColumns_ > 0) place = HeadingOf(0) + QLatin1Char(' ') + place;
+    const QString where = (place + QLatin1String(", ") + HeadingOf(column)).simplified();
+    const QString& text = Text(row, column);
+    return text.isEmpty() ? where : where + QLatin1String(": ") + text;
 }
 
 QString GridModel::HeadingOf(int column) const

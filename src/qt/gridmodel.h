@@ -37,6 +37,7 @@ public:
 private:
     [[nodiscard]] std::size_t Place(int row, int column) const;
     [[nodiscard]] QString HeaderText(int section, Qt::Orientation orientation) const;
+    [[nodiscard]] QString SpokenText(int row, int column) const;
 
     int rows_ = 0;
     int columns_ = 0;

@@ -45,6 +45,7 @@ frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
     txtprobsel->setAccessibleName("What the module does");
     txtprobsel->setFocusPolicy(Qt::NoFocus);
     txtprobsel->setPlaceholderText("Choose a module to see what it does.");
+    ShadePlaceholder();
     txtprobsel->setFixedHeight(txtprobsel->fontMetrics().lineSpacing() * kDescriptionLines);
     page->addWidget(txtprobsel);
 
@@ -105,6 +106,23 @@ bool frmModuleSelection::eventFilter(QObject* watched, QEvent* event)
         }
     }
     return ChildForm::eventFilter(watched, event);
+}
+
+// Paler than what a module does, and still to be read.
+void frmModuleSelection::ShadePlaceholder()
+{
+    constexpr float kShare = 0.75F;
+    QPalette colors;
+    QColor text = palette().color(QPalette::Text);
+    text.setAlphaF(kShare);
+    colors.setColor(QPalette::PlaceholderText, text);
+    txtprobsel->setPalette(colors);
+}
+
+void frmModuleSelection::changeEvent(QEvent* event)
+{
+    ChildForm::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && txtprobsel != nullptr) ShadePlaceholder();
 }
 
 // Around both ends.

@@ -18,10 +18,12 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
     void Select(int number);
     QWidget* MakeOptions();
+    void ShadePlaceholder();
     void Choose(int index);
 
     std::vector<QRadioButton*> options;  // module 1 first

@@ -23,7 +23,7 @@ bool HasOneChannel()
 frmWL_Model::frmWL_Model(QWidget* parent) : ModelEntryForm(parent, "frmWL_Model", " Waiting Lines")
 {
     if (HasOneChannel()) Problem.Channels = 1;
-    qt::AddLabel(Rows(), "lblTitle", " " + std::string(VtWait::Title()));
+    qt::AddLabel(Rows(), "lblTitle", " " + std::string(VtWait::Title()))->setWordWrap(false);
     for (int i = 0; i < VtWait::kBoxCount; ++i)
         AddModelBox(i);
     AddEconomicAnalysis();

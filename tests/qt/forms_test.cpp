@@ -217,6 +217,21 @@ TEST_F(FormsTest, AModalFormIsCentredOnTheMainWindowAndWithinTheScreen)
     Forms().ShowModal("frmQuestion");
 }
 
+TEST_F(FormsTest, AModalFormIsWideEnoughForItsCaption)
+{
+    const QString caption = "A caption that is a good deal wider than what there is to ask below it";
+    int width = 0;
+    QTimer::singleShot(0, Forms().MainWindow(), [&] {
+        width = Widget("frmQuestion")->width();
+        Forms().Hide("frmQuestion");
+    });
+    Forms().Load("frmQuestion");
+    Widget("frmQuestion")->setWindowTitle(caption);
+    Forms().ShowModal("frmQuestion");
+    EXPECT_GT(width, Widget("frmQuestion")->sizeHint().width());
+    EXPECT_GT(width, Widget("frmQuestion")->fontMetrics().horizontalAdvance(caption));
+}
+
 TEST_F(FormsTest, ControlsAreReachedByTheirNames)
 {
     Forms().Load("frmQuestion");

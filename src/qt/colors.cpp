@@ -1,0 +1,35 @@
+#include "qt/colors.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qt {
+namespace {
+
+// A channel of sRGB, 0 to 1, as light.
+double Linear(double channel)
+{
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(const QColor& color)
+{
+    return 0.2126 * Linear(color.redF()) + 0.7152 * Linear(color.greenF()) + 0.0722 * Linear(color.blueF());
+}
+
+}  // namespace
+
+double Contrast(const QColor& a, const QColor& b)
+{
+    constexpr double kFlare = 0.05;  // light that a screen reflects
+    const auto [darker, lighter] = std::minmax(Luminance(a), Luminance(b));
+    return (lighter + kFlare) / (darker + kFlare);
+}
+
+QColor ReadableOn(const QColor& ground, const QColor& wanted)
+{
+    if (Contrast(ground, wanted) >= kReadable) return wanted;
+    return Contrast(ground, Qt::black) > Contrast(ground, Qt::white) ? Qt::black : Qt::white;
+}
+
+}  // namespace qt

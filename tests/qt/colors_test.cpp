@@ -1,0 +1,151 @@
+#include "qt/colors.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QMap>
+#include <QPainter>
+#include <QStyleFactory>
+#include <QTest>
+#include <QTextBrowser>
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "qt/entrygrid.h"
+#include "shell/frmModuleSelection.h"
+#include "support/qt_desktop.h"
+
+namespace {
+
+QPalette LightPalette()
+{
+    return QStyleFactory::create("Fusion")->standardPalette();
+}
+
+QPalette DarkPalette()
+{
+    const QColor text(0xee, 0xee, 0xee);
+    QPalette dark(text, QColor(0x3a, 0x3a, 0x3a), QColor(0x50, 0x50, 0x50), QColor(0x18, 0x18, 0x18),
+                  QColor(0x28, 0x28, 0x28), text, Qt::white, QColor(0x1e, 0x1e, 0x1e),
+                  QColor(0x2d, 0x2d, 0x2d));
+    dark.setColor(QPalette::Highlight, QColor(0x1b, 0x4f, 0x7a));
+    dark.setColor(QPalette::HighlightedText, QColor(0xaa, 0xaa, 0xaa));
+    return dark;
+}
+
+QPalette PaletteOf(std::string_view name)
+{
+    return name == "dark" ? DarkPalette() : LightPalette();
+}
+
+// The contrast of what stands out most with the colour that most of the picture has.
+double ContrastIn(const QImage& picture)
+{
+    QMap<QRgb, int> counts;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            ++counts[picture.pixel(x, y)];
+    const auto colors = counts.keys();
+    const QRgb ground = *std::max_element(colors.begin(), colors.end(),
+                                          [&](QRgb a, QRgb b) { return counts[a] < counts[b]; });
+    double most = 1;
+    for (const QRgb color : colors)
+        most = std::max(most, qt::Contrast(QColor(color), QColor(ground)));
+    return most;
+}
+
+class ColorsTest : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override
+    {
+        QApplication::setStyle("Fusion");
+        QApplication::setPalette(PaletteOf(GetParam()));
+    }
+    void TearDown() override { QApplication::setPalette(LightPalette()); }
+
+    QtDesktop desktop;
+};
+
+// A grid of one row: a cell with text, the current one, and one with nothing in it.
+class GridColorsTest : public ColorsTest {
+protected:
+    void SetUp() override
+    {
+        ColorsTest::SetUp();
+        qt::EntryRules rules;
+        rules.Key = [](int, int, char, bool) { return qt::KeyAnswer::Taken; };
+        rules.Commit = [](int, int, std::string_view) { return true; };
+        grid = std::make_unique<qt::EntryGrid>("grid", "Numbers", std::move(rules));
+        grid->Cells().Resize(2, 4);
+        grid->Cells().SetText(1, 1, "8");
+        grid->Cells().SetText(1, 2, "8");
+        grid->Cells().Select(1, 2);
+        grid->resize(600, 200);
+        grid->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(grid.get()));
+    }
+
+    // Without the lines around it.
+    [[nodiscard]] QImage PictureOfCell(int column) const
+    {
+        const QRect cell = grid->visualRect(grid->model()->index(1, column));
+        return grid->viewport()->grab(cell.adjusted(4, 4, -4, -4)).toImage();
+    }
+
+    std::unique_ptr<qt::EntryGrid> grid;
+};
+
+const auto kPalettes = testing::Values("light", "dark");
+
+}  // namespace
+
+TEST(Contrast, IsThatOfTheGuidelines)
+{
+    EXPECT_NEAR(qt::Contrast(Qt::black, Qt::white), 21, 1e-9);
+    EXPECT_NEAR(qt::Contrast(Qt::white, Qt::black), 21, 1e-9);
+    EXPECT_NEAR(qt::Contrast(Qt::red, Qt::red), 1, 1e-9);
+    EXPECT_NEAR(qt::Contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);  // just not readable
+    EXPECT_NEAR(qt::Contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.005);
+}
+
+TEST(ReadableOn, KeepsWhatCanBeRead)
+{
+    EXPECT_EQ(qt::ReadableOn(Qt::white, QColor(0x76, 0x76, 0x76)), QColor(0x76, 0x76, 0x76));
+    EXPECT_EQ(qt::ReadableOn(Qt::white, QColor(0x77, 0x77, 0x77)), QColor(Qt::black));
+    EXPECT_EQ(qt::ReadableOn(Qt::darkBlue, QColor(Qt::black)), QColor(Qt::white));
+}
+
+TEST_P(GridColorsTest, CellsCanBeRead)
+{
+    ASSERT_TRUE(grid->hasFocus());
+    EXPECT_GE(ContrastIn(PictureOfCell(1)), qt::kReadable);
+    EXPECT_GE(ContrastIn(PictureOfCell(2)), qt::kReadable);
+    EXPECT_NEAR(ContrastIn(PictureOfCell(3)), 1, 1e-9);
+}
+
+TEST_P(GridColorsTest, TheCurrentCellStandsOutWithAndWithoutTheFocus)
+{
+    const auto groundOf = [this](int column) { return PictureOfCell(column).pixelColor(0, 0); };
+    EXPECT_GE(qt::Contrast(groundOf(2), groundOf(1)), 1.5);
+    grid->clearFocus();
+    EXPECT_EQ(groundOf(2), groundOf(1));
+    const QRect cell = grid->visualRect(grid->model()->index(1, 2));
+    EXPECT_GE(ContrastIn(grid->viewport()->grab(cell.adjusted(0, 0, -30, 0)).toImage()), qt::kVisible);
+}
+
+TEST_P(ColorsTest, TheHintInTheChoiceOfAModuleCanBeRead)
+{
+    const frmModuleSelection form(nullptr);
+    const auto* text = form.findChild<QTextBrowser*>("txtprobsel");
+    const QColor ground = text->palette().color(QPalette::Base);
+    QImage picture(1, 1, QImage::Format_RGB32);
+    picture.fill(ground);
+    QPainter(&picture).fillRect(0, 0, 1, 1, text->palette().color(QPalette::PlaceholderText));
+    EXPECT_GE(qt::Contrast(picture.pixelColor(0, 0), ground), qt::kReadable);
+}
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, GridColorsTest, kPalettes,
+                         [](const auto& palette) { return std::string(palette.param); });
+INSTANTIATE_TEST_SUITE_P(LightAndDark, ColorsTest, kPalettes,
+                         [](const auto& palette) { return std::string(palette.param); });
