@@ -137,13 +137,13 @@ void MenuTable::Give(const std::string& name, std::string_view parent, std::stri
 void MenuTable::RemoveEditItems()
 {
     std::erase_if(items_, [](const MenuItem& item) {
-        if (item.Parent == EditItemName(2)) return true;
         for (int index = kFirstCreatedItem; index <= kLastEditItem; ++index)
             if (item.Name == EditItemName(index)) return true;
         return false;
     });
-    for (const int index : {1, 2})
-        if (MenuItem* item = Find(EditItemName(index))) item->Visible = false;
+    for (MenuItem& item : items_)
+        if (item.Name == EditItemName(1) || item.Name == EditItemName(2) || item.Parent == EditItemName(2))
+            item.Visible = false;
     Notify();
 }
 

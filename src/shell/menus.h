@@ -34,7 +34,8 @@ public:
     // given to an item that does not exist creates it, visible and enabled.
     void SetEditItem(int index, std::string_view caption);
     void SetLowerItem(int index, std::string_view caption);
-    void RemoveEditItems();  // what the problem form's end takes away: items 1 to 7 and the submenu's
+    void RemoveEditItems();  // what the problem form's end does: items 3 to 7 go, the others and the
+                             // submenu's hide
 
     // Items of the Edit menu that do not exist are passed over.
     void EnableEditItems(int first, int last, bool enabled);

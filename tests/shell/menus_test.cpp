@@ -57,15 +57,16 @@ TEST(Menus, CreatedItemsStandInOrder)
     EXPECT_EQ(menus.Item("mnudispeditsubslower(1)").Parent, "mnudispeditsubs(2)");
 }
 
-TEST(Menus, TheEndOfAProblemFormTakesItsItemsAway)
+TEST(Menus, TheEndOfAProblemFormTakesTheCreatedItemsAwayAndHidesTheOthers)
 {
     MenuTable menus;
-    const auto atStart = Names(menus);
+    menus.SetLowerItem(0, "lower");
+    const auto before = Names(menus);
     for (int index = 3; index <= 7; ++index)
         menus.SetEditItem(index, "item");
-    menus.SetLowerItem(0, "lower");
     menus.RemoveEditItems();
-    EXPECT_EQ(Names(menus), atStart);
+    EXPECT_EQ(Names(menus), before);
+    EXPECT_FALSE(menus.Item("mnudispeditsubslower(0)").Visible);
     EXPECT_FALSE(menus.Item("mnudispeditsubs(1)").Visible);
     EXPECT_FALSE(menus.Item("mnudispeditsubs(2)").Visible);
     EXPECT_TRUE(menus.Item("mnudispeditsubs(0)").Visible);
