@@ -159,7 +159,7 @@ protected:
         Inspect(form);
     }
 
-    void Choose(int module)
+    void Choose(int module) const
     {
         if (desktop.forms.Find("frmModuleSelection") == nullptr) Commands::ChangeModules();
         Commands::SelectModule(module);
