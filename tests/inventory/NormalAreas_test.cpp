@@ -59,7 +59,7 @@ TEST_F(NormalAreas, StandAsInACommonTable)
 TEST_F(NormalAreas, AgreeWithTheErrorFunctionToFourDecimals)
 {
     for (int row = 1; row <= 310; ++row) {
-        if (KeptRows().count(row) > 0) continue;
+        if (KeptRows().contains(row)) continue;
         EXPECT_NEAR(VtInvent::NormalAreaTable(row), TrueArea(row), .00005 + 1e-12) << "row " << row;
     }
 }

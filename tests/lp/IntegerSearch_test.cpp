@@ -17,7 +17,6 @@ namespace {
 
 using LP_Engine::State;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 // A user who breaks off what has not ended after half a second.
 class ImpatientScreen : public FakeScreen {

@@ -15,7 +15,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 using VtLP::Problem;
 
@@ -201,7 +200,7 @@ TEST_F(LpReport, OfAnIntegerProgramHasValuesOnly)
 TEST_F(LpReport, AMinimisationShowsCostsAndPricesInItsOwnSense)
 {
     Solve({true, {5, 2}, {{{1, 1}, '>', 1}, {{0, 1}, '<', 3}}});
-    const Lines lines = SolutionLines();
+    const Lines& lines = SolutionLines();
     EXPECT_EQ(lines[1], "Objective Function Value =           2.000");
     EXPECT_EQ(lines[5], "       X1                      0.000                  3.000");
     EXPECT_EQ(lines[10], "         1                     0.000                 -2.000");
@@ -213,7 +212,7 @@ TEST_F(LpReport, AMinimisationShowsCostsAndPricesInItsOwnSense)
 TEST_F(LpReport, ASurplusIsFoundBehindTheColumnsOfTheRowsBeforeIt)
 {
     Solve({true, {1, 1}, {{{1, 0}, '>', 2}, {{1, 1}, '>', 1}, {{0, 1}, '=', 4}, {{1, 0}, '<', 9}}});
-    const Lines lines = SolutionLines();
+    const Lines& lines = SolutionLines();
     EXPECT_EQ(lines[10].substr(0, 36), "         1                     0.000");
     EXPECT_EQ(lines[11].substr(0, 36), "         2                     5.000");
     EXPECT_EQ(lines[12].substr(0, 36), "         3                     0.000");
@@ -246,7 +245,7 @@ TEST_F(LpReport, NamesAreCentredAndCutToFourteenCharacters)
     Problem.LpVariableNames(1) = "ABCDEFGHIJKLMNOP";
     Problem.LpVariableNames(2) = "ABCDEFGHIJKLM";
     LP_Engine::Solve();
-    const Lines lines = SolutionLines();
+    const Lines& lines = SolutionLines();
     EXPECT_EQ(Problem.LpVariableNames(1), "ABCDEFGHIJKLMN");
     EXPECT_EQ(lines[5], " ABCDEFGHIJKLMN                2.000                  0.000");
     EXPECT_EQ(lines[6], " ABCDEFGHIJKLM                 6.000                  0.000");
