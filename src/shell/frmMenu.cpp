@@ -71,7 +71,7 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     constexpr QSize kFirstSize(1000, 700);
     setObjectName("frmMenu");
     setWindowTitle("Vantrel Version 6.0");
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus);
 
     auto* area = new QMdiArea;
     area->setObjectName("mdiArea");
