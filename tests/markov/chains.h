@@ -29,13 +29,14 @@ inline Rows Ring(int n)
 // The first states go to the last ones, which are never left, each with the same probability.
 inline Rows Absorbing(int leaving, int absorbing)
 {
-    const auto n = static_cast<std::size_t>(leaving + absorbing);
+    const auto first = static_cast<std::size_t>(leaving);
+    const std::size_t n = first + static_cast<std::size_t>(absorbing);
     Rows rows(n, std::vector<double>(n, 0.0));
     for (std::size_t i = 0; i < n; ++i) {
-        if (i >= static_cast<std::size_t>(leaving))
+        if (i >= first)
             rows[i][i] = 1;
         else
-            for (std::size_t j = static_cast<std::size_t>(leaving); j < n; ++j)
+            for (std::size_t j = first; j < n; ++j)
                 rows[i][j] = 1.0 / absorbing;
     }
     return rows;

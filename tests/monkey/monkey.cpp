@@ -43,7 +43,7 @@ void Demand(bool holds, const char* what)
 
 class Monkey : public QObject {
 public:
-    Monkey(unsigned seed, int actions, QString folder, QString problems, const Program& program)
+    Monkey(unsigned seed, int actions, QString folder, const QString& problems, const Program& program)
         : random_(seed),
           actions_(actions),
           folder_(std::move(folder)),

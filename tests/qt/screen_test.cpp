@@ -37,7 +37,7 @@ protected:
         desktop.forms.Show("frmMenu");
         ASSERT_TRUE(QTest::qWaitForWindowActive(Main()));
     }
-    QWidget* Main() { return desktop.forms.MainWindow(); }
+    [[nodiscard]] QWidget* Main() const { return desktop.forms.MainWindow(); }
 
     QtDesktop desktop;
 };

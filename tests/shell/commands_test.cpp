@@ -74,15 +74,15 @@ protected:
         Commands::Solve();
     }
 
-    std::string Path(const std::string& name) const { return (folder / name).string(); }
+    [[nodiscard]] std::string Path(const std::string& name) const { return (folder / name).string(); }
 
-    std::string Write(const std::string& name, const std::string& text) const
+    [[nodiscard]] std::string Write(const std::string& name, const std::string& text) const
     {
         std::ofstream(Path(name), std::ios::binary) << text;
         return Path(name);
     }
 
-    std::string Read(const std::string& name) const
+    [[nodiscard]] std::string Read(const std::string& name) const
     {
         std::ostringstream text;
         text << std::ifstream(Path(name), std::ios::binary).rdbuf();
@@ -283,7 +283,7 @@ TEST_F(CommandsOfTheShell, FilesThatCannotBeReadLeaveTheFormEmpty)
     const std::vector<std::string> files = {
         Write("short.MRK", "2\r\n0.5\r\n0.5\r\n"),
         Write("letters.MRK", "2\r\n0.5\r\nhalf\r\n0\r\n1\r\n"),
-        Write("nul.MRK", std::string("2\r\n0.5\r\n0\0.5\r\n", 15)),
+        Write("nul.MRK", std::string("2\r\n0.5\r\n0\0.5\r\n", 14)),
         Write("wide.MRK", "40000\r\n1\r\n"),
         Write("beyond.MRK", "11\r\n" + std::string(3000, '1') + "\r\n"),
         Write("negative.MRK", "-3\r\n"),
