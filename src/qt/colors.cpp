@@ -22,7 +22,7 @@ double Luminance(const QColor& color)
 double Contrast(const QColor& a, const QColor& b)
 {
     constexpr double kFlare = 0.05;  // light that a screen reflects
-    const auto [darker, lighter] = std::minmax(Luminance(a), Luminance(b));
+    const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
     return (lighter + kFlare) / (darker + kFlare);
 }
 

@@ -5,10 +5,12 @@
 #include <QImage>
 #include <QMap>
 #include <QPainter>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QTest>
 #include <QTextBrowser>
 #include <algorithm>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -20,7 +22,7 @@ namespace {
 
 QPalette LightPalette()
 {
-    return QStyleFactory::create("Fusion")->standardPalette();
+    return std::unique_ptr<QStyle>(QStyleFactory::create("Fusion"))->standardPalette();
 }
 
 QPalette DarkPalette()
