@@ -156,7 +156,7 @@ std::string ObjectiveLine(int variables, bool withZeroes)
         const double coefficient = Problem.LpCoefficients(0, column);
         if (coefficient == 0 && !withZeroes) continue;
         if (coefficient >= 0 && line.size() > opening) line += '+';
-        line += PlainText(coefficient) + Problem.LpVariableNames(column);
+        line += EntryText(coefficient) + Problem.LpVariableNames(column);
     }
     return line;
 }

@@ -213,6 +213,16 @@ TEST_F(LpModel, TheFileLineHoldsEveryVariableAndTheReportLineThoseThatCount)
     EXPECT_EQ(Problem.LpObjectiveLine, "MAX 3X2-2.5X4");
 }
 
+TEST_F(LpModel, SmallAndLargeCoefficientsStandInTheObjectiveWithoutAnExponent)
+{
+    Start(1, 3);
+    Fill(Objective(), 1, {"0.00001", "-.0000002", "1000000000000000"});
+    VtLP::GridToModel();
+    const std::string line = "MAX 0.00001X1-0.0000002X2+1000000000000000X3";
+    EXPECT_EQ(Problem.LpLines(2), line);
+    EXPECT_EQ(Problem.LpObjectiveLine, line);
+}
+
 TEST_F(LpModel, AnObjectiveWithoutCoefficientsIsItsWord)
 {
     MinimizeFlag = 1;
