@@ -34,9 +34,9 @@ private:
     void PutLine(const QString& text);
     void GiveUpDocument();  // one that an error has left unfinished
 
-    std::unique_ptr<QPagedPaintDevice> device_;  // a printer, or the writer of pdf_
-    QString pdfPath_;                            // empty for a printer
+    QString pdfPath_;  // empty for a printer
     QBuffer pdf_;
+    std::unique_ptr<QPagedPaintDevice> device_;  // a printer, or the writer of pdf_
     QPainter painter_;
     double typeSize_ = 0;  // in device dots, like the two below
     double pageHeight_ = 0;
