@@ -6,6 +6,7 @@
 #include "lp/LpReport.h"
 #include "lp/VtLP.h"
 #include "shell/checks.h"
+#include "shell/commands.h"
 #include "shell/session.h"
 
 namespace {
@@ -66,6 +67,7 @@ void EditCommand(int item)
 ModuleRoutines CommonRoutines()
 {
     return {.Dimension = VtLP::NewLpProblem,
+            .FormLoaded = [] { ShowDisplayItem(true); },
             .Display = VtLP::ModelToGrid,
             .Check = CheckLinearProgram,
             .Prepare = Prepare,

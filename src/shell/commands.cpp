@@ -279,15 +279,20 @@ void ShowError(const RuntimeError& error)
     MsgBox(error.Text(), ErrorTitle(error));
 }
 
+void ShowDisplayItem(bool enabled)
+{
+    Menus.SetCaption(EditItemName(0), "&Display/Edit the Problem");
+    Menus.SetVisible(EditItemName(0), true);
+    Menus.SetEnabled(EditItemName(0), enabled);
+}
+
 void BeginDisplay()
 {
     Session.ProblemOnDisplay = "YES";
     for (const char* item :
          {"mnudispedit", "mnuFileOpen", "mnuFileSave", "mnuFileChangeModules", "mnuSolution"})
         Menus.SetEnabled(item, true);
-    Menus.SetCaption(EditItemName(0), "&Display/Edit the Problem");
-    Menus.SetVisible(EditItemName(0), true);
-    Menus.SetEnabled(EditItemName(0), false);
+    ShowDisplayItem(false);
     if (const ModuleRoutines* routines = Routines())
         Menus.EnableEditItems(routines->FirstEditItem, routines->LastEditItem, true);
     desktop::TheScreen().SetPointer(Pointer::Hourglass);

@@ -39,6 +39,9 @@ void SolutionClosed();
 // The program's own folder, set once at start; the folder of problems stands in it.
 void SetProgramFolder(std::string_view folder);
 
+// Edit item 0 with its caption, visible.
+void ShowDisplayItem(bool enabled);
+
 // What every display routine does first: the problem is on display, the menus follow. Hourglass on.
 void BeginDisplay();
 // And last: focus to the main window, normal pointer.

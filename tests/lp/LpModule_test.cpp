@@ -229,6 +229,18 @@ TEST_F(LpModule, PrintingAnIntegerProgramTakesTheLastSolution)
 
 // ---- the menus ----
 
+TEST_F(LpModule, TheFormBringsTheItemThatGoesBackToTheProblem)
+{
+    for (const int module : {1, 4}) {
+        Choose(module);
+        EXPECT_EQ(Menus.Item("mnudispeditsubs(0)").Caption, "&Display/Edit the Problem");
+        EXPECT_TRUE(IsEnabled("mnudispeditsubs(0)"));
+        EXPECT_FALSE(IsEnabled("mnudispedit"));
+    }
+    EnterTables();
+    EXPECT_FALSE(IsEnabled("mnudispeditsubs(0)"));
+}
+
 TEST_F(LpModule, TheEditMenuHasTheFiveCommands)
 {
     EnterTables();
