@@ -15,6 +15,7 @@ QListWidget* AddVariableList(QLayout* lists, const char* labelName, const char* 
     auto* column = new QVBoxLayout;
     static_cast<QHBoxLayout*>(lists)->addLayout(column);
     QLabel* label = qt::AddLabel(column, labelName, caption);
+    label->setWordWrap(false);  // the two lists stand side by side
     QListWidget* list = qt::AddList(column, name, caption);
     label->setBuddy(list);
     list->setSelectionMode(QAbstractItemView::MultiSelection);
