@@ -68,7 +68,7 @@ bool HoldsItems(const MenuItem& item)
 
 frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
 {
-    constexpr QSize kFirstSize(1000, 700);
+    constexpr QSize kFirstSize(1100, 720);  // a table of ten columns fits
     setObjectName("frmMenu");
     setWindowTitle("Vantrel Version 6.0");
     setFocusPolicy(Qt::TabFocus);
