@@ -72,6 +72,8 @@ all in one run.
 
 $(cat "$out/processes.md")
 
+The bare program shows an empty window, and with a line of text it loads the fonts of the desktop as well.
+
 ## Each module at its limit
 
 Microseconds of processor time for reading the problem file, for the Solve command with its report on screen, and
