@@ -11,11 +11,11 @@ build_preset fuzz fuzzers
 
 # fuzz_one NAME: on a copy of its corpus, so that what it learns is not taken for what is committed.
 fuzz_one() {
-    local name=$1 work=build/fuzz/work/$1 log=build/fuzz/$1.log
-    mkdir -p "$work" build/fuzz/found
+    local name=$1 learned=build/fuzz/learned/$1 log=build/fuzz/$1.log
+    mkdir -p "$learned" build/fuzz/found
     build/fuzz/fuzz/"fuzz_$name" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=1024 -max_len=8192 \
         -print_final_stats=1 -verbosity=0 -artifact_prefix="build/fuzz/found/$name-" \
-        "$work" fuzz/corpus/"$name" >"$log" 2>&1 || { tail -n 40 "$log"; echo "$name: broken"; return 1; }
+        "$learned" fuzz/corpus/"$name" >"$log" 2>&1 || { tail -n 40 "$log"; echo "$name: broken"; return 1; }
     echo "$name: $(sed -n 's/^stat::number_of_executed_units: *//p' "$log") inputs"
 }
 export -f fuzz_one

@@ -14,6 +14,7 @@ block() { awk -v heading="$1" -f "$here/blocks.awk" "$page" | sed '$d'; }
 names() { sed -n "s/^\`\`\`$1 //p" "$page"; }
 
 failed=
+[ -n "$(names play)" ] || { echo "the page shows no example"; failed=yes; }
 while IFS= read -r name; do
     block "play $name" >"$scratch/$name.play"
     if ! "$player" --folder "$scratch" "$scratch/$name.play" >"$scratch/$name.transcript"; then
