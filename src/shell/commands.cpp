@@ -217,6 +217,29 @@ bool HasReport()
     return Menus.Item("mnuSolutionPrinttoText").Enabled;
 }
 
+void ShowNotices(const std::vector<Notice>& notices)
+{
+    for (const Notice& notice : notices)
+        MsgBox(notice.Text, notice.Title, notice.Sign);
+}
+
+void SolveAndShow(const ModuleRoutines& routines)
+{
+    if (!routines.Solve) {
+        routines.SolveAndShow();
+        return;
+    }
+    const SolveOutcome outcome = routines.Solve();
+    ShowNotices(outcome.Before);
+    if (!outcome.Solved) return;
+    SolutionPage page;
+    routines.Page(page);
+    desktop::TheForms().Loaded("frmSolution").SetCaption(outcome.Caption);
+    ShowSolution();
+    ShowNotices(outcome.After);
+    Menus.EnablePrinting(true);
+}
+
 void SolveProblem()
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
@@ -239,7 +262,7 @@ void SolveProblem()
         screen.Refresh();
         screen.SetPointer(Pointer::Hourglass);
     }
-    routines.SolveAndShow();
+    SolveAndShow(routines);
     if (routines.ShellEnablesPrinting) Menus.EnablePrinting(true);
     if (!routines.ShellShowsSolving) {
         if (!HasReport()) ShowMenusOfProblem(routines);  // the engine's own dialog was cancelled

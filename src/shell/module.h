@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "basic/records.h"
+#include "desktop/dialogs.h"
+#include "picture/picture.h"
 #include "shell/report.h"
 
 // Result of a cell commit.
@@ -17,6 +19,21 @@ constexpr int kCellEmpty = 888;    // empty, and the user has not yet been asked
 constexpr int kCellRefused = 999;  // refused, and already reported
 
 enum class TopMenu { File, Edit, Solution };
+
+// A box that a solve wants shown.
+struct Notice {
+    std::string Text = {};
+    std::string Title = "Solution";
+    Icon Sign = Icon::Information;
+};
+
+// What a solve gave. It is told and shown by the shell.
+struct SolveOutcome {
+    bool Solved = true;                // there is a page to show
+    std::string Caption = "Solution";  // title of the window that shows it
+    std::vector<Notice> Before = {};   // boxes before the page, or instead of it
+    std::vector<Notice> After = {};    // boxes over the page
+};
 
 // The routines of a module. Those marked "may be missing" are left empty where the module has no use for
 // them.
@@ -40,7 +57,9 @@ struct ModuleRoutines {
 
     // Solve. Prepare comes before the engine and ends the command when it answers false; may be missing.
     std::function<bool()> Prepare = {};
-    std::function<void()> SolveAndShow = {};
+    std::function<SolveOutcome()> Solve = {};       // the engine on the problem at hand; shows nothing
+    std::function<void(ReportChannel&)> Page = {};  // the report on screen, its first line first
+    std::function<void()> SolveAndShow = {};        // both, where they are still one
     bool ShellShowsSolving = false;  // the command shows "Solving Problem . . ." and the hourglass
     bool ShellEnablesPrinting = false;
     bool IndicatorComesBack = true;  // after a solve that ShellShowsSolving
@@ -68,6 +87,12 @@ struct ModuleRoutines {
     // The full report, routine after routine. BeforeReport may be missing.
     std::function<void()> BeforeReport = {};
     std::vector<std::function<void(ReportChannel&)>> Reports = {};
+
+    // What stands beside the report, from the records of the problem and of its last result; computed when it
+    // is first looked at. May be missing, may be empty; also asked for after a Solve without a report.
+    std::function<std::vector<picture::Picture>()> Pictures = {};
+    std::function<std::vector<picture::Step>()> Steps = {};
+    std::function<std::vector<picture::Sentence>()> Meaning = {};
 
     // Problem files. Read sizes the arrays afresh; its run-time errors are reported by the command, which
     // calls Display behind it.

@@ -1,0 +1,67 @@
+#include "picture/words.h"
+
+#include <cmath>
+
+#include "basic/format.h"
+
+namespace picture {
+namespace {
+
+constexpr std::size_t kChancePlaces = 2;  // from a share to percent
+
+std::string Pattern(int decimals)
+{
+    return decimals == 0 ? "0" : "0." + std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+}  // namespace
+
+std::string_view OneOrMany(int count, std::string_view one, std::string_view many)
+{
+    return count == 1 ? one : many;
+}
+
+std::string Counted(int count, std::string_view singular, std::string_view plural)
+{
+    const std::string many = plural.empty() ? std::string(singular) + "s" : std::string(plural);
+    return std::to_string(count) + " " + std::string(OneOrMany(count, singular, many));
+}
+
+std::string Listed(const std::vector<std::string>& names, std::size_t most)
+{
+    if (names.empty()) return "none";
+    const bool cut = names.size() > most;
+    std::vector<std::string> told(names.begin(),
+                                  cut ? names.begin() + static_cast<std::ptrdiff_t>(most) : names.end());
+    if (cut) told.push_back(std::to_string(names.size() - most) + " more");
+    std::string list = told.front();
+    for (std::size_t i = 1; i < told.size(); ++i)
+        list += (i + 1 == told.size() ? " and " : ", ") + told[i];
+    return list;
+}
+
+std::string Percent(std::string_view chance)
+{
+    const std::size_t point = chance.find('.');
+    std::string whole(chance.substr(0, point));
+    std::string places(point == std::string_view::npos ? std::string_view{} : chance.substr(point + 1));
+    if (places.size() < kChancePlaces) places.append(kChancePlaces - places.size(), '0');
+    whole += places.substr(0, kChancePlaces);
+    places.erase(0, kChancePlaces);
+    const std::size_t first = whole.find_first_not_of('0');
+    whole = first == std::string::npos ? "0" : whole.substr(first);
+    return whole + (places.empty() ? "" : "." + places) + " %";
+}
+
+std::string Chance(double value, int decimals)
+{
+    const std::string printed = Format(value, Pattern(decimals));
+    const double least = std::pow(10.0, -decimals);
+    if (value > 0 && printed == Format(0.0, Pattern(decimals)))
+        return "below " + Format(least, Pattern(decimals));
+    if (value < 1 && printed == Format(1.0, Pattern(decimals)))
+        return "more than " + Format(1 - least, Pattern(decimals));
+    return printed;
+}
+
+}  // namespace picture

@@ -1,0 +1,25 @@
+// Good English from figures: plurals, lists, chances.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace picture {
+
+// "1 unit", "0 units", "no unit", "2.5 units": 1 is singular, 0 and decimals are plural. The plural is the
+// singular with an "s" unless it is given.
+std::string Counted(int count, std::string_view singular, std::string_view plural = {});
+std::string_view OneOrMany(int count, std::string_view one, std::string_view many);
+
+// "A", "A and B", "A, B and C"; "none" for none. Above `most` names the rest is counted: "A, B and 5 more".
+std::string Listed(const std::vector<std::string>& names, std::size_t most = 12);
+
+// "0.5155" as "51.55 %": the point is moved by two, no digit more and none less.
+std::string Percent(std::string_view chance);
+
+// A chance as it may be told: "below 0.0001" and "more than 0.9999" where the printed text says 0 or 1 and
+// the value does not.
+std::string Chance(double value, int decimals);
+
+}  // namespace picture
