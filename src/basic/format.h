@@ -11,6 +11,20 @@
 // sign. A number under a text pattern ("@@") goes in as its plain text.
 std::string Format(double value, std::string_view pattern);
 
+// One pattern for each count of decimals.
+struct DecimalPatterns {
+    std::string_view Whole;
+    std::string_view OnePlace;
+    std::string_view TwoPlaces;
+
+    // The pattern for 0, 1 or 2 decimals; everything else counts as 2.
+    [[nodiscard]] constexpr std::string_view For(double decimals) const
+    {
+        if (decimals == 0) return Whole;
+        return decimals == 1 ? OnePlace : TwoPlaces;
+    }
+};
+
 // Text patterns: '@' a character or a blank, '&' a character or nothing, filled from the right; a '!'
 // anywhere fills from the left and keeps the rightmost characters of a longer text. All other characters
 // stand as they are.

@@ -11,7 +11,8 @@ public:
     void Line(std::string_view text = {}) { Write(text); }
     // Only paper has pages; in a text file nothing happens.
     virtual void NewPage() = 0;
-    // For the few places where paper and file differ in more than page breaks.
+    // Where screen and full report, or paper and file, differ in more than page breaks.
+    [[nodiscard]] virtual bool OnScreen() const { return false; }
     [[nodiscard]] virtual bool OnPaper() const = 0;
 
 private:

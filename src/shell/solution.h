@@ -18,6 +18,7 @@ void ShowSolution();  // shows the page and gives the focus to the main window
 class SolutionChannel : public ReportChannel {
 public:
     void NewPage() override {}
+    [[nodiscard]] bool OnScreen() const override { return true; }
     [[nodiscard]] bool OnPaper() const override { return false; }
 
 private:
@@ -28,6 +29,7 @@ private:
 class SolutionPage : public ReportChannel {
 public:
     void NewPage() override {}
+    [[nodiscard]] bool OnScreen() const override { return true; }
     [[nodiscard]] bool OnPaper() const override { return false; }
 
 private:
