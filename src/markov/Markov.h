@@ -3,6 +3,7 @@
 // Tables are indexed from 1. States keep the order in which the user numbered them.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,7 @@ struct MarkovProblem {
 };
 
 struct MarkovResult {
+    bool Solved = false;                // false: nothing has been solved since the problem began
     std::vector<int> AbsorbingList;     // states that are never left, ascending
     std::vector<int> NonAbsorbingList;  // all others, ascending
     Array2<double> AbsorptionTable;     // (k, a): from NonAbsorbingList[k - 1] into AbsorbingList[a - 1]
@@ -40,8 +42,20 @@ double Probability(int from, int to);
 
 // ---- engine ----
 
-// Reads Problem, leaves Result. A row of the table adds up to 1 as far as the problem check allows and is not
-// normalised. A chain that still moves at the step limit is no failure: a periodic one reports its last row.
-void Analyse();
+constexpr double kTolerance = 0.00001;  // a step that moves no probability by more is the last one
+constexpr int kStepLimit = 150;
+
+// One step of the repetition, as the engine tells it to whoever listens.
+struct ChainStep {
+    int Start;             // the state in which all units start; 0: they are spread evenly
+    int Number;            // 1 for the first
+    Array1<double> Row;    // where the units are behind the step
+    double LargestChange;  // of a probability in this step
+};
+using StepListener = std::function<void(const ChainStep&)>;
+
+// A row of the table adds up to 1 as far as the problem check allows and is not normalised. A chain that
+// still moves at the step limit is no failure: a periodic one reports its last row.
+MarkovResult Solve(const MarkovProblem& problem, const StepListener& listener = {});
 
 }  // namespace Markov

@@ -4,7 +4,6 @@
 
 #include "basic/format.h"
 #include "markov/Markov.h"
-#include "shell/solution.h"
 
 namespace Markov {
 namespace {
@@ -147,31 +146,22 @@ void TransitionTable(ReportChannel& out)
     }
 }
 
-void ShowResults()
+// Screen and paper tell the states that absorb each in their own way.
+void ScreenBody(ReportChannel& out)
 {
-    BeginSolution("Markov Processes Solution");
-    SolutionChannel page;
+    out.Line("Markov Processes Solution");
     if (Result.AbsorbingList.empty()) {
-        SteadyState(page);
-    } else {
-        if (Result.AbsorbingList.size() == 1) OneAbsorbingState(page);
-        AbsorbingStates(page);
-        AbsorptionHeading(page);
-        page.Line();
-        AbsorptionTable(page);
+        SteadyState(out);
+        return;
     }
-    ShowSolution();
+    if (Result.AbsorbingList.size() == 1) OneAbsorbingState(out);
+    AbsorbingStates(out);
+    AbsorptionHeading(out);
+    out.Line();
+    AbsorptionTable(out);
 }
 
-}  // namespace
-
-void SolveAndShow()
-{
-    Analyse();
-    ShowResults();
-}
-
-void WriteReport(ReportChannel& out)
+void FullBody(ReportChannel& out)
 {
     out.Line("MARKOV PROCESSES");
     out.Line("****************");
@@ -192,6 +182,16 @@ void WriteReport(ReportChannel& out)
         AbsorptionHeading(out);
         AbsorptionTable(out);
     }
+}
+
+}  // namespace
+
+void WriteReport(ReportChannel& out)
+{
+    if (out.OnScreen())
+        ScreenBody(out);
+    else
+        FullBody(out);
 }
 
 }  // namespace Markov

@@ -5,7 +5,6 @@
 
 namespace Markov {
 
-void SolveAndShow();
 void WriteReport(ReportChannel& out);
 
 }  // namespace Markov

@@ -7,6 +7,13 @@
 namespace Markov {
 namespace {
 
+SolveOutcome SolveProblem()
+{
+    Result = {};  // a run-time error leaves nothing solved
+    Result = Solve(Problem);
+    return {};
+}
+
 void Write(RecordWriter& file)
 {
     const int n = Problem.StateCount;
@@ -36,9 +43,9 @@ const ModuleRoutines& MarkovProcesses()
         .Display = Markov::Display,
         .CommitCell = Markov::CommitCell,
         .Check = [] { return CheckProbabilityTableau(Markov::Probability); },
-        .SolveAndShow = Markov::SolveAndShow,
+        .Solve = Markov::SolveProblem,
+        .Page = Markov::WriteReport,
         .ShellShowsSolving = true,
-        .ShellEnablesPrinting = true,
         .Reports = {Markov::WriteReport},
         .Write = Markov::Write,
         .Read = Markov::Read,

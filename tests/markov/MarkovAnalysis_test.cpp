@@ -83,7 +83,7 @@ double SumOf(const Array1<double>& row)
 TEST(MarkovAnalysis, TwoBrandsSettleAtThreeQuarters)
 {
     Given({{0.9, 0.1}, {0.3, 0.7}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_THAT(Markov::Result.AbsorbingList, IsEmpty());
     EXPECT_THAT(Markov::Result.NonAbsorbingList, ElementsAre(1, 2));
     EXPECT_NEAR(Markov::Result.Distribution(1), 0.75, 0.0001);
@@ -92,7 +92,7 @@ TEST(MarkovAnalysis, TwoBrandsSettleAtThreeQuarters)
 TEST(MarkovAnalysis, OneCertainStateAbsorbsAndLeavesNoRows)
 {
     Given({{1}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_THAT(Markov::Result.AbsorbingList, ElementsAre(1));
     EXPECT_THAT(Markov::Result.NonAbsorbingList, IsEmpty());
     EXPECT_EQ(Markov::Result.AbsorptionTable.UpperRow(), 0);
@@ -102,7 +102,7 @@ TEST(MarkovAnalysis, AnEvenStartOfARingStays)
 {
     for (int n = 2; n <= 10; ++n) {
         Given(Ring(n));
-        Markov::Analyse();
+        Analyse();
         for (int state = 1; state <= n; ++state)
             EXPECT_EQ(Markov::Result.Distribution(state), 1.0 / n);
     }
@@ -114,7 +114,7 @@ TEST(MarkovAnalysis, AnEvenStartOfARingStays)
 TEST(MarkovAnalysis, APeriodicChainReportsTheRowOfTheLastStep)
 {
     Given({{0, 1, 0}, {1, 0, 0}, {1, 0, 0}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_NEAR(Markov::Result.Distribution(1), 1.0 / 3, 1e-12);
     EXPECT_NEAR(Markov::Result.Distribution(2), 2.0 / 3, 1e-12);
 }
@@ -122,7 +122,7 @@ TEST(MarkovAnalysis, APeriodicChainReportsTheRowOfTheLastStep)
 TEST(MarkovAnalysis, ADiagonalJustBelowOneDoesNotAbsorb)
 {
     Given({{0.9999, 0.0001}, {0, 1}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_THAT(Markov::Result.NonAbsorbingList, ElementsAre(1));
     EXPECT_THAT(Markov::Result.AbsorbingList, ElementsAre(2));
 }
@@ -130,14 +130,14 @@ TEST(MarkovAnalysis, ADiagonalJustBelowOneDoesNotAbsorb)
 TEST(MarkovAnalysis, ADiagonalAboveOneAbsorbs)
 {
     Given({{1.0004, 0}, {0.5, 0.5}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_THAT(Markov::Result.AbsorbingList, ElementsAre(1));
 }
 
 TEST(MarkovAnalysis, TwoStatesThatOnlyLeadToEachOtherDoNotAbsorb)
 {
     Given({{0, 1, 0}, {1, 0, 0}, {0.2, 0.2, 0.6}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_THAT(Markov::Result.AbsorbingList, IsEmpty());
 }
 
@@ -146,7 +146,7 @@ TEST(MarkovAnalysis, TwoStatesThatOnlyLeadToEachOtherDoNotAbsorb)
 TEST(MarkovAnalysis, SlowAbsorptionEndsAtTheStepLimit)
 {
     Given({{0.99, 0.01}, {0, 1}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_NEAR(Markov::Result.AbsorptionTable(1, 1), 1 - std::pow(0.99, 150), 1e-9);
 }
 
@@ -155,7 +155,7 @@ TEST(MarkovAnalysis, SlowAbsorptionEndsAtTheStepLimit)
 TEST(MarkovAnalysis, StopsBehindTheFirstStepThatMovesLittle)
 {
     Given({{0.5, 0.5}, {0, 1}});
-    Markov::Analyse();
+    Analyse();
     EXPECT_DOUBLE_EQ(Markov::Result.AbsorptionTable(1, 1), 1 - std::pow(0.5, 17));
 }
 
@@ -163,7 +163,7 @@ TEST(MarkovAnalysis, RowsAreNotNormalised)
 {
     Given({{1.001}});
     Markov::Problem.TransitionMatrix(1, 1) = 0.9991;
-    Markov::Analyse();
+    Analyse();
     EXPECT_NEAR(Markov::Result.Distribution(1), std::pow(0.9991, 150), 1e-12);
 }
 
@@ -176,7 +176,7 @@ TEST(MarkovAnalysis, SteadyStatesSolveTheBalanceEquations)
         for (std::size_t i = 0; i < n; ++i)
             chain.push_back(RandomRow(random, n));
         Given(chain);
-        Markov::Analyse();
+        Analyse();
         const std::vector<double> expected = StationaryDistribution(chain);
         for (std::size_t i = 0; i < n; ++i)
             EXPECT_NEAR(Markov::Result.Distribution(static_cast<int>(i) + 1), expected[i], 0.0002)
@@ -201,7 +201,7 @@ TEST(MarkovAnalysis, AbsorptionSolvesTheFirstStepEquations)
             }
         }
         Given(chain);
-        Markov::Analyse();
+        Analyse();
         ASSERT_EQ(Markov::Result.AbsorbingList.size(), n - leaving);
         for (std::size_t target = leaving; target < n; ++target) {
             const std::vector<double> expected = EndingIn(chain, leaving, target);

@@ -17,6 +17,12 @@ inline void Given(const Rows& rows)
                 rows[static_cast<std::size_t>(from) - 1][static_cast<std::size_t>(to) - 1];
 }
 
+// What a solve leaves for the report.
+inline void Analyse()
+{
+    Markov::Result = Markov::Solve(Markov::Problem);
+}
+
 // n states, each of which goes to the next and the last to the first.
 inline Rows Ring(int n)
 {
