@@ -1,12 +1,10 @@
 #include "basic/decimal.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdint>
-#include <locale>
-#include <optional>
-#include <sstream>
+#include <system_error>
 
 #include "basic/error.h"
 
@@ -55,33 +53,23 @@ std::size_t SkipExponent(std::string_view text, std::size_t at)
     return end > digits ? end : at;
 }
 
-// Whole numbers of so many digits, and the powers of ten, are doubles without an error.
-constexpr std::size_t kExactDigits = 15;
-constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-
-// A short numeral without an exponent is the quotient of two exact doubles, which is rounded once and rightly
-// (Clinger, "How to Read Floating Point Numbers Accurately"). Nothing for other numerals.
-std::optional<double> ShortValue(std::string_view numeral)
+// The power of ten of a numeral's first digit that is not 0, as far as it can be told from its exponent: what
+// matters is whether it is far above or far below 1.
+bool IsLarge(std::string_view numeral)
 {
-    const std::size_t start = IsSignAt(numeral, 0) ? 1 : 0;
-    const std::size_t point = numeral.find('.', start);
-    const std::size_t decimals = point == std::string_view::npos ? 0 : numeral.size() - point - 1;
-    if (numeral.size() - start > kExactDigits) return std::nullopt;
-    std::int64_t digits = 0;
-    for (std::size_t i = start; i < numeral.size(); ++i) {
-        if (i == point) continue;
-        if (!IsDigit(numeral[i])) return std::nullopt;
-        digits = digits * 10 + (numeral[i] - '0');
-    }
-    const double value = static_cast<double>(digits) / kPowersOfTen.at(decimals);
-    return numeral.front() == '-' ? -value : value;
-}
-
-// A numeral too small for a double is a zero, although the stream calls it a failure.
-bool IsBelowRange(double value)
-{
-    return std::abs(value) < 1.0;
+    const std::size_t mark = numeral.find_first_of("eE");
+    const std::string_view digits = numeral.substr(0, mark);
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    const std::size_t first = std::min(digits.find_first_of("123456789"), digits.size());
+    const double places = static_cast<double>(point) - static_cast<double>(first);
+    if (mark == std::string_view::npos) return places > 0;
+    std::string_view exponent = numeral.substr(mark + 1);
+    const bool negative = exponent.front() == '-';
+    if (IsSignAt(exponent, 0)) exponent.remove_prefix(1);
+    double power = 0;
+    for (const char digit : exponent)
+        power = power * 10 + (digit - '0');
+    return places + (negative ? -power : power) > 0;
 }
 
 }  // namespace
@@ -133,11 +121,10 @@ std::size_t NumeralLength(std::string_view text)
 
 double NumeralValue(std::string_view numeral)
 {
-    if (const std::optional<double> value = ShortValue(numeral)) return *value;
-    std::istringstream stream{std::string(numeral)};
-    stream.imbue(std::locale::classic());
+    if (numeral.front() == '+') numeral.remove_prefix(1);
     double value = 0.0;
-    stream >> value;
-    if (stream.fail() && !IsBelowRange(value)) Raise(ErrorNumber::Overflow);
-    return value;
+    const auto read = std::from_chars(numeral.data(), numeral.data() + numeral.size(), value);
+    if (read.ec != std::errc::result_out_of_range) return value;
+    if (IsLarge(numeral)) Raise(ErrorNumber::Overflow);
+    return numeral.front() == '-' ? -0.0 : 0.0;  // too small for a double
 }

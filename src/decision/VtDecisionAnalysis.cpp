@@ -123,11 +123,12 @@ int CommitProbability(double& stored, std::string_view text, bool isNumber)
 
 int CommitPayoff(double& stored, std::string_view text)
 {
-    if (!IsNumeric(text)) {
+    const NumberText number = CheckNumber(text);
+    if (!number.IsNumber) {
         Refuse("NOTE:  THE PAYOFF MUST BE A NUMERICAL VALUE.");
         return kCellRefused;
     }
-    stored = Val(Session.CheckText);
+    stored = number.Value();
     RaiseDecimalPlaces(Problem.PayoffDecimals, stored);
     return kCellStored;
 }
@@ -136,14 +137,14 @@ int CommitPayoff(double& stored, std::string_view text)
 int CommitStateProbability(double& stored, std::string_view text)
 {
     if (text.front() == '.' || text.front() == '0') return CommitProbability(stored, text, true);
-    const bool isNumber = IsNumeric(text);
-    return CommitProbability(stored, Session.CheckText, isNumber);
+    const NumberText number = CheckNumber(text);
+    return CommitProbability(stored, number.Text, number.IsNumber);
 }
 
 int CommitIndicatorProbability(double& stored, std::string_view text)
 {
-    const bool isNumber = IsNumeric(text);
-    return CommitProbability(stored, Session.CheckText, isNumber);
+    const NumberText number = CheckNumber(text);
+    return CommitProbability(stored, number.Text, number.IsNumber);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "forecasting/VtForecasting.h"
 
+#include <optional>
+
 #include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
@@ -41,11 +43,12 @@ void FillGrid(bool withValues)
     }
 }
 
-bool IsWhole(std::string_view text)
+// The value of a whole number, which may be written with a point; nothing for other texts.
+std::optional<double> WholeNumber(std::string_view text)
 {
-    if (!IsNumeric(text)) return false;
-    const double value = Val(Session.CheckText);
-    return value == Int(value);
+    const NumberText number = CheckNumber(text);
+    if (!number.IsNumber || number.Value() != Int(number.Value())) return std::nullopt;
+    return number.Value();
 }
 
 bool CommitGridCell(int row)
@@ -113,17 +116,17 @@ void Display()
 int CommitCell(int row, int column, std::string_view text)
 {
     if (row < 1 || column != 1) return kCellStored;
-    Session.CheckText = UpperCase(text);
-    if (Session.CheckText.empty()) {
+    if (text.empty()) {
+        NoteEmptyText();
         Problem.TimeSeries(row) = 0.0;
         return Session.AskIncomplete ? kCellEmpty : kCellStored;
     }
-    CheckNumber();
-    if (Session.IsNumber == "NO") {
+    const NumberText number = CheckNumber(UpperCase(text));
+    if (!number.IsNumber) {
         Refuse("Values Must be Numeric.  PLEASE REENTER.");
         return kCellRefused;
     }
-    const double value = Val(Session.CheckText);
+    const double value = number.Value();
     Problem.TimeSeries(row) = value;
     RaiseDecimalPlaces(Problem.DecimalPlaces, value);
     return kCellStored;
@@ -133,22 +136,20 @@ int CommitCell(int row, int column, std::string_view text)
 
 namespace {
 
-bool MayAdd(std::string_view text)
+bool MayAdd(const std::optional<double>& count)
 {
-    if (!IsWhole(text)) return Refuse("The Number of Time Periods must be an Integer!!");
-    const double count = Val(Session.CheckText);
-    if (count <= 0) return Refuse("Time Periods to Add Must be Positive");
-    if (Problem.PeriodCount + count > kMostPeriods)
+    if (!count) return Refuse("The Number of Time Periods must be an Integer!!");
+    if (*count <= 0) return Refuse("Time Periods to Add Must be Positive");
+    if (Problem.PeriodCount + *count > kMostPeriods)
         return Refuse("The Number of Time Periods must not Exceed 100  PLEASE TRY AGAIN.");
     return true;
 }
 
-bool MayDelete(std::string_view text)
+bool MayDelete(const std::optional<double>& count)
 {
-    if (!IsWhole(text)) return Refuse("The Time Periods must be an Integer!!");
-    const double count = Val(Session.CheckText);
-    if (count <= 0) return Refuse("Time Periods Must be Positive");
-    if (count >= Problem.PeriodCount)
+    if (!count) return Refuse("The Time Periods must be an Integer!!");
+    if (*count <= 0) return Refuse("Time Periods Must be Positive");
+    if (*count >= Problem.PeriodCount)
         return Refuse("The Number of Time Periods to Delete must be less than " +
                       std::to_string(Problem.PeriodCount));
     return true;
@@ -162,9 +163,11 @@ void AddTimePeriods()
     const std::string answer = InputBox(
         "Enter the Number of Time Periods to Add (Data will be added to the end of the time series.):",
         "Add Time Periods");
-    if (answer.empty() || !MayAdd(answer)) return;
+    if (answer.empty()) return;
+    const auto added = WholeNumber(answer);
+    if (!MayAdd(added)) return;
     const int first = Problem.PeriodCount + 1;
-    Problem.PeriodCount = ToInt16(Problem.PeriodCount + Val(Session.CheckText));
+    Problem.PeriodCount = ToInt16(Problem.PeriodCount + *added);
     for (int t = first; t <= Problem.PeriodCount; ++t)
         Problem.TimeSeries(t) = Variant();
     FillGrid(true);
@@ -178,8 +181,10 @@ void DeleteTimePeriods()
         "Enter the Number of Time Periods to Delete (Data will be deleted from the beginning of the time "
         "series.):",
         "Delete Time Periods");
-    if (answer.empty() || !MayDelete(answer)) return;
-    const std::int16_t deleted = ToInt16(Val(Session.CheckText));
+    if (answer.empty()) return;
+    const auto count = WholeNumber(answer);
+    if (!MayDelete(count)) return;
+    const std::int16_t deleted = ToInt16(*count);
     Problem.PeriodCount = ToInt16(Problem.PeriodCount - deleted);
     for (int t = 1; t <= Problem.PeriodCount; ++t)
         Problem.TimeSeries(t) = Problem.TimeSeries(t + deleted);
@@ -212,36 +217,35 @@ std::string_view IndicatorOf(int method)
 // The text is a whole number from 1 to `most`. The message ends in the limit, a fixed one with a full stop.
 bool IsPeriodCount(std::string_view text, int most, const char* stop = "")
 {
-    if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE.");
-    const double count = Val(Session.CheckText);
-    if (count < 1 || count > most)
+    const auto count = WholeNumber(text);
+    if (!count) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE.");
+    if (*count < 1 || *count > most)
         return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE BETWEEN 1 AND " + std::to_string(most) + stop);
     return true;
 }
 
 bool IsSmoothingConstant(std::string_view text)
 {
-    if (IsNumeric(text)) {
-        const double constant = Val(Session.CheckText);
-        if (constant >= 0 && constant <= 1) return true;
-    }
+    const NumberText constant = CheckNumber(text);
+    if (constant.IsNumber && constant.Value() >= 0 && constant.Value() <= 1) return true;
     return Refuse("NOTE:  THE VALUE OF THE SMOOTHING CONSTANT MUST BE BETWEEN 0 AND 1.");
 }
 
 bool IsSeasonCount(std::string_view text)
 {
-    if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF SEASONS MUST BE AN INTEGER VALUE.");
-    const double seasons = Val(Session.CheckText);
-    if (seasons < 1) return Refuse("NOTE:  THE NUMBER OF SEASONS MUST BE AT LEAST 1.");
-    if (seasons > Problem.PeriodCount / 2.0)
+    const auto seasons = WholeNumber(text);
+    if (!seasons) return Refuse("NOTE:  THE NUMBER OF SEASONS MUST BE AN INTEGER VALUE.");
+    if (*seasons < 1) return Refuse("NOTE:  THE NUMBER OF SEASONS MUST BE AT LEAST 1.");
+    if (*seasons > Problem.PeriodCount / 2.0)
         return Refuse("NOTE:  THE NUMBER OF SEASONS CANNOT BE GREATER THAN " + HalfThePeriods());
     return true;
 }
 
 bool IsForecastCount(std::string_view text, double seasons)
 {
-    if (!IsWhole(text)) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE ");
-    if (Val(Session.CheckText) > seasons)
+    const auto count = WholeNumber(text);
+    if (!count) return Refuse("NOTE:  THE NUMBER OF PERIODS MUST BE AN INTEGER VALUE ");
+    if (*count > seasons)
         return Refuse(
             "NOTE:  THE NUMBER OF FORECAST PERIODS MUST BE LESS THAN OR EQUAL TO THE NUMBER OF "
             "SEASONS.");

@@ -44,8 +44,9 @@ bool TakeNotNegative(Variant& field, std::string_view text, std::string_view ref
 bool TakeCheckedNotNegative(Variant& field, std::string_view text, std::string_view refusal)
 {
     if (IsLeftOut(text)) return true;
-    if (!IsNumeric(text)) return Refuse(kMinimumRefused);
-    return TakeNotNegative(field, Session.CheckText, refusal);
+    const NumberText number = CheckNumber(text);
+    if (!number.IsNumber) return Refuse(kMinimumRefused);
+    return TakeNotNegative(field, number.Text, refusal);
 }
 
 bool WarnEqualRates(const Variant& demand)

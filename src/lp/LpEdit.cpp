@@ -24,18 +24,10 @@ struct WholeQuestion {
     std::string_view TooLarge;
 };
 
-bool IsWhole(std::string_view text)
+bool Accepts(const WholeQuestion& question, const NumberText& number)
 {
-    if (IsNumeric(UpperCase(text)) && !HasDecimalPoint) return true;
-    Session.IsNumber = "YES";
-    HasDecimalPoint = false;
-    return false;
-}
-
-bool Accepts(const WholeQuestion& question, std::string_view text)
-{
-    if (!IsWhole(text)) return Refuse(question.NotWhole);
-    const double value = Val(Session.CheckText);
+    if (!number.IsWholeNumeral()) return Refuse(question.NotWhole);
+    const double value = number.Value();
     if (value < 0) return Refuse(question.Negative);
     return value <= question.Most || Refuse(question.TooLarge);
 }
@@ -49,7 +41,8 @@ std::optional<std::int16_t> AskWhole(const WholeQuestion& question)
             desktop::TheForms().FocusMenu();
             return std::nullopt;
         }
-        if (Accepts(question, text)) return ToInt16(Val(Session.CheckText));
+        const NumberText number = CheckNumber(UpperCase(text), BehindFailure::Passing);
+        if (Accepts(question, number)) return ToInt16(number.Value());
     }
 }
 

@@ -210,15 +210,10 @@ int Judge(bool accepted, std::string_view message)
     return kCellRefused;
 }
 
-// The flags of the check go back to their passing values behind a failure.
 bool PassesNumberCheck(std::string_view text, bool whole)
 {
-    const bool passes = IsNumeric(UpperCase(text)) && !(whole && HasDecimalPoint);
-    if (!passes) {
-        Session.IsNumber = "YES";
-        HasDecimalPoint = false;
-    }
-    return passes;
+    const NumberText number = CheckNumber(UpperCase(text), BehindFailure::Passing);
+    return number.IsNumber && !(whole && number.HasPoint);
 }
 
 int ValidateConstraintCell(int column, std::string_view text)
@@ -261,8 +256,7 @@ Key JudgeNameKey(char key, bool first)
 // The whole number in a box of `frmLPFeatures`.
 bool TakeCount(std::string_view text, int most, std::string_view tooMany, std::int16_t& count)
 {
-    IsNumeric(text);  // takes the commas out
-    const double value = Val(Session.CheckText);
+    const double value = CheckNumber(text).Value();
     if (value > most) return Refuse(tooMany);
     count = ToInt16(Int(value));
     return true;

@@ -89,18 +89,15 @@ void Display()
 
 int CommitCell(int row, int column, std::string_view text)
 {
-    Session.CheckText = UpperCase(text);
-    if (Session.CheckText.empty()) {
+    if (text.empty()) {
+        NoteEmptyText();
         Problem.TransitionMatrix(row, column) = 0.0;
         return Session.AskIncomplete ? kCellEmpty : kCellStored;
     }
-    CheckNumber();
-    if (Session.IsNumber == "NO") {
-        Session.IsNumber = "YES";
-        return RefuseProbability();
-    }
-    Problem.TransitionText(row, column) = Session.CheckText;
-    const double probability = Val(Session.CheckText);
+    const NumberText number = CheckNumber(UpperCase(text), BehindFailure::Passing);
+    if (!number.IsNumber) return RefuseProbability();
+    Problem.TransitionText(row, column) = number.Text;
+    const double probability = number.Value();
     if (probability < 0) return RefuseProbability();
     Problem.TransitionMatrix(row, column) = probability;
     return kCellStored;

@@ -52,8 +52,9 @@ void TrackDecimals(double distance)
 
 int EnterLength(int arc, std::string_view text)
 {
-    if (!IsNumeric(UpperCase(text))) return RefuseCell("NOTE:  DISTANCE MUST BE A NUMBER.");
-    const double distance = Val(Session.CheckText);
+    const NumberText number = CheckNumber(UpperCase(text));
+    if (!number.IsNumber) return RefuseCell("NOTE:  DISTANCE MUST BE A NUMBER.");
+    const double distance = number.Value();
     if (distance < 0) return RefuseCell("NOTE:  DISTANCE CANNOT BE NEGATIVE.");
     Problem.ArcTable(kLength, arc) = ToThousandths(distance);
     TrackDecimals(distance);
@@ -156,8 +157,9 @@ struct NodeQuestion {
 
 bool TakeNode(const std::string& text, const NodeQuestion& question)
 {
-    if (!IsNumeric(text) || HasDecimalPoint) return Refuse(question.NotWhole);
-    const double node = Val(Session.CheckText);
+    const NumberText number = CheckNumber(text);
+    if (!number.IsWholeNumeral()) return Refuse(question.NotWhole);
+    const double node = number.Value();
     if (node < 1 || node > Problem.NumNodes)
         return Refuse("You may only select a number between 1 and " + std::to_string(Problem.NumNodes) +
                       ".  PLEASE TRY AGAIN.");

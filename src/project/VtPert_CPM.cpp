@@ -36,8 +36,9 @@ bool TakeTime(std::string_view text, double least, std::string_view noNumber, st
               Array1<Variant>& times)
 {
     if (text.empty()) return true;
-    if (!IsNumeric(text)) return Refuse(noNumber);
-    const double time = Val(Session.CheckText);
+    const NumberText number = CheckNumber(text);
+    if (!number.IsNumber) return Refuse(noNumber);
+    const double time = number.Value();
     if (time < least) return Refuse(tooSmall);
     times(Problem.CurrentActivity) = time;
     return true;
@@ -90,9 +91,9 @@ void Display()
 bool TakeActivityCount(std::string_view text)
 {
     if (text.empty()) return true;
-    if (!IsNumeric(text) || HasDecimalPoint)
-        return Refuse("NOTE:  THE NUMBER OF ACTIVITIES MUST BE AN INTEGER VALUE.");
-    const double count = Val(Session.CheckText);
+    const NumberText number = CheckNumber(text);
+    if (!number.IsWholeNumeral()) return Refuse("NOTE:  THE NUMBER OF ACTIVITIES MUST BE AN INTEGER VALUE.");
+    const double count = number.Value();
     if (count < 1 || count > kMostActivities)
         return Refuse("NOTE:  THE NUMBER OF ACTIVITIES MUST BE BETWEEN 1 AND 25.");
     Problem.NumActivities = ToInt16(count);

@@ -77,14 +77,14 @@ struct QuantityRule {
 int EnterQuantity(int node, std::string_view text, const QuantityRule& rule)
 {
     constexpr SizeWords kWords = {"SUPPLY/DEMAND", "supply/demand", "supply"};
-    const bool isNumber = IsNumeric(text);
+    const NumberText number = CheckNumber(text);
     std::int32_t& stored = Problem.NodeSupply(node);
-    if (IsBlank) {
+    if (number.IsBlank) {
         stored = 0;
         return BlankCell();
     }
-    if (!isNumber || HasDecimalPoint) return RefuseCell(rule.NotWhole);
-    const double value = Val(Session.CheckText);
+    if (!number.IsWholeNumeral()) return RefuseCell(rule.NotWhole);
+    const double value = number.Value();
     if (value >= kValueLimit) return RefuseTooLarge(kWords, text);
     stored = ToInt32(rule.Sign * Int(value + 0.5));
     return stored * rule.Sign < 0 ? RefuseCell(rule.Negative) : kCellStored;
@@ -147,15 +147,15 @@ int EnterCost(int origin, int destination, std::string_view text)
 {
     constexpr SizeWords kWords = {"COST/REVENUE", "cost/revenue", "cost"};
     const int arc = ArcNumber(origin, destination);
-    const bool isNumber = IsNumeric(text);
-    if (!IsBlank && !isNumber) return RefuseCell("The Cost/Revenue Must Be A Number.");
-    const double value = Val(Session.CheckText);  // 0 for a blank cell
+    const NumberText number = CheckNumber(text);
+    if (!number.IsBlank && !number.IsNumber) return RefuseCell("The Cost/Revenue Must Be A Number.");
+    const double value = number.Value();  // 0 for a blank cell
     if (value >= kValueLimit) return RefuseTooLarge(kWords, text);
     Problem.TailNode(arc) = origin;
     Problem.HeadNode(arc) = static_cast<std::int16_t>(Problem.NumOrigins + destination);
     const double cost = value <= -kValueLimit ? -kLargestCost : value;
     Problem.ArcCost(arc) = TrackDecimals(cost);
-    return IsBlank ? BlankCell() : kCellStored;
+    return number.IsBlank ? BlankCell() : kCellStored;
 }
 
 int EnterSupply(int node, std::string_view text)

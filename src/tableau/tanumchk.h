@@ -1,14 +1,16 @@
-// The common check of a text that should be a number: characters "1234567890,.+-", commas dropped, a sign
-// only in first place, one decimal point.
+// The check of a typed number, with its trace in the session record.
 #pragma once
 
 #include <string_view>
 
-// Reads Session.CheckText (and takes its commas out), sets Session.IsNumber and the two flags below.
-void CheckNumber();
+#include "basic/numbertext.h"
 
-extern bool HasDecimalPoint;
-extern bool IsBlank;
+// What the session's IsNumber says behind a text that is no number: linear programs and Markov processes
+// leave it passing.
+enum class BehindFailure { No, Passing };
 
-// The check of a text of one's own; leaves it in Session.CheckText. A blank text is no number.
-bool IsNumeric(std::string_view text);
+// Leaves the text without its commas in Session.CheckText and the verdict in Session.IsNumber.
+NumberText CheckNumber(std::string_view text, BehindFailure behind = BehindFailure::No);
+
+// An empty cell that is accepted without a check: the text is noted, the last verdict stays.
+void NoteEmptyText();

@@ -27,7 +27,8 @@ bool AsksForChannels()
 // The value of a text, without its commas; nothing, after the refusal, for a text that is no number.
 Variant Number(std::string_view text, std::string_view refusal)
 {
-    if (IsNumeric(UpperCase(text))) return Val(Session.CheckText);
+    const NumberText number = CheckNumber(UpperCase(text));
+    if (number.IsNumber) return number.Value();
     Refuse(refusal);
     return {};
 }

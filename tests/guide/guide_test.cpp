@@ -169,13 +169,22 @@ bool IsReport(const fs::path& file)
     return kReports.contains(name) || name.ends_with("Report.cpp");
 }
 
+// What stands beside a report is sentences that explain themselves: pictures, steps and their meaning.
+bool StandsBesideTheReport(const fs::path& file)
+{
+    const std::string name = file.stem().string();
+    return file.parent_path().filename() == "picture" || name.ends_with("Picture") ||
+           name.ends_with("Steps") || name.ends_with("Meaning");
+}
+
 // What the screens of the program show: captions, questions, messages. The lines of reports stand apart.
 std::vector<std::string> TextsOfScreens(bool reports)
 {
     std::vector<std::string> texts;
     for (const auto& file : FilesBelow(kRoot / "src", {".h", ".cpp"})) {
         const std::string folder = file.parent_path().filename().string();
-        if (folder == "play" || folder == "qt" || IsReport(file) != reports) continue;
+        if (folder == "play" || folder == "qt" || IsReport(file) != reports || StandsBesideTheReport(file))
+            continue;
         const std::string source = TextOf(file);
         for (const auto& text : LiteralReader(source).Read())
             texts.push_back(AsShown(text));

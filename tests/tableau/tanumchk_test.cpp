@@ -22,16 +22,36 @@ TEST(CheckNumber, JudgesTheText)
              Row{"ABC", false, false, "ABC"},
              Row{"1,0X,0", false, false, "10X,0"},  // the walk ends at the first failure
          }) {
-        EXPECT_EQ(IsNumeric(row.text), row.number) << row.text;
-        EXPECT_EQ(HasDecimalPoint, row.point) << row.text;
+        const NumberText number = CheckNumber(row.text);
+        EXPECT_EQ(number.IsNumber, row.number) << row.text;
+        EXPECT_EQ(number.HasPoint, row.point) << row.text;
+        EXPECT_EQ(number.Text, row.left) << row.text;
+        EXPECT_FALSE(number.IsBlank) << row.text;
         EXPECT_EQ(Session.CheckText, row.left) << row.text;
-        EXPECT_FALSE(IsBlank) << row.text;
+        EXPECT_EQ(Session.IsNumber, row.number ? "YES" : "NO") << row.text;
     }
 }
 
 TEST(CheckNumber, ABlankTextIsNoNumber)
 {
-    EXPECT_FALSE(IsNumeric(""));
-    EXPECT_TRUE(IsBlank);
+    const NumberText number = CheckNumber("");
+    EXPECT_FALSE(number.IsNumber);
+    EXPECT_TRUE(number.IsBlank);
+    EXPECT_EQ(number.Value(), 0);
+    EXPECT_EQ(Session.IsNumber, "NO");
+}
+
+TEST(CheckNumber, AFailureMayLeaveTheVerdictPassing)
+{
+    EXPECT_FALSE(CheckNumber("1X", BehindFailure::Passing).IsNumber);
+    EXPECT_EQ(Session.IsNumber, "YES");
+    EXPECT_EQ(Session.CheckText, "1X");
+}
+
+TEST(CheckNumber, AnEmptyTextThatIsAcceptedKeepsTheLastVerdict)
+{
+    CheckNumber("1X");
+    NoteEmptyText();
+    EXPECT_EQ(Session.CheckText, "");
     EXPECT_EQ(Session.IsNumber, "NO");
 }

@@ -1,0 +1,65 @@
+#include "basic/decimal.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <random>
+#include <string>
+
+#include "basic/error.h"
+
+namespace {
+
+std::string Digits(std::mt19937& random, int most)
+{
+    std::string digits;
+    for (int count = static_cast<int>(random() % static_cast<unsigned>(most + 1)); count > 0; --count)
+        digits += static_cast<char>('0' + random() % 10);
+    return digits;
+}
+
+// A sign, digits with a point, an exponent: each perhaps.
+std::string RandomNumeral(std::mt19937& random)
+{
+    std::string text;
+    if (random() % 3 == 0) text += random() % 2 == 0 ? '-' : '+';
+    text += static_cast<char>('0' + random() % 10) + Digits(random, 20);
+    if (random() % 2 == 0) text += '.' + Digits(random, 20);
+    if (random() % 3 == 0) text += (random() % 2 == 0 ? "E-" : "e") + std::to_string(random() % 280);
+    return text;
+}
+
+}  // namespace
+
+TEST(NumeralValue, IsWhatTheCLibraryReads)
+{
+    std::mt19937 random(11);
+    for (int round = 0; round < 200000; ++round) {
+        const std::string text = RandomNumeral(random);
+        EXPECT_EQ(NumeralValue(text), std::strtod(text.c_str(), nullptr)) << text;
+    }
+}
+
+TEST(NumeralValue, TakesAPointAtEitherEndAndASign)
+{
+    EXPECT_EQ(NumeralValue("5."), 5);
+    EXPECT_EQ(NumeralValue(".5"), 0.5);
+    EXPECT_EQ(NumeralValue("+.5"), 0.5);
+    EXPECT_EQ(NumeralValue("-5."), -5);
+}
+
+TEST(NumeralValue, IsZeroWhereADoubleEndsBelow)
+{
+    for (const std::string& text : {std::string("1E-400"), "0." + std::string(400, '0') + "1",
+                                    std::string("123456E-99999999999"), std::string("0E999")})
+        EXPECT_EQ(NumeralValue(text), 0) << text;
+    EXPECT_EQ(NumeralValue("5E-324"), 5E-324);
+}
+
+TEST(NumeralValue, OverflowsWhereADoubleEndsAbove)
+{
+    for (const std::string& text : {std::string("1E309"), std::string(400, '9'), std::string("-1E400"),
+                                    std::string("0.001E99999999999"), "0." + std::string(20, '0') + "1E400"})
+        EXPECT_THROW(NumeralValue(text), RuntimeError) << text;
+    EXPECT_EQ(NumeralValue("1E308"), 1E308);
+}
