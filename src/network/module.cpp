@@ -42,6 +42,7 @@ ModuleRoutines NetworkRoutines()
             .Display = ShowNetwork,
             .CommitCell = EnterCell,
             .Check = CheckTableau,
+            .PrintsWithoutReport = true,
             .SolveAndShow = SolveNetwork,
             .Write = Write,
             .Read = Read};

@@ -2,6 +2,7 @@
 
 #include "basic/records.h"
 #include "desktop/desktop.h"
+#include "shell/beside.h"
 #include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
@@ -212,9 +213,17 @@ void ShowMenusOfProblem(const ModuleRoutines& routines)
     Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
 }
 
+// The same behind a solve that gave no report. A problem whose form is gone by then keeps the way back to it.
+void ShowMenusWithoutReport(const ModuleRoutines& routines)
+{
+    ShowMenusOfProblem(routines);
+    Menus.SetEnabled(EditItemName(0), static_cast<bool>(routines.ReturnToProblem));
+    Menus.EnablePrinting(false);
+}
+
 bool HasReport()
 {
-    return Menus.Item("mnuSolutionPrinttoText").Enabled;
+    return desktop::TheForms().IsLoaded("frmSolution");
 }
 
 void ShowNotices(const std::vector<Notice>& notices)
@@ -223,21 +232,90 @@ void ShowNotices(const std::vector<Notice>& notices)
         MsgBox(notice.Text, notice.Title, notice.Sign);
 }
 
-void SolveAndShow(const ModuleRoutines& routines)
+void ShowPage(const ModuleRoutines& routines, const std::string& caption)
 {
-    if (!routines.Solve) {
-        routines.SolveAndShow();
-        return;
-    }
-    const SolveOutcome outcome = routines.Solve();
-    ShowNotices(outcome.Before);
-    if (!outcome.Solved) return;
     SolutionPage page;
     routines.Page(page);
-    desktop::TheForms().Loaded("frmSolution").SetCaption(outcome.Caption);
+    desktop::TheForms().Loaded("frmSolution").SetCaption(caption);
     ShowSolution();
+}
+
+void ShowStatus(const ModuleRoutines& routines)
+{
+    Menus.SetEnabled(EditItemName(0), true);
+    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, false);
+    desktop::TheScreen().SetIndicator("Solving Problem . . .");
+    desktop::TheScreen().Refresh();
+}
+
+// What stands behind every end of a solve: the normal pointer, the menus of the problem or of its report, the
+// indicator's own text.
+void LeaveSolving(const ModuleRoutines& routines, const std::string& indicator, SolveEnd end)
+{
+    Screen& screen = desktop::TheScreen();
+    screen.SetPointer(Pointer::Normal);
+    const bool keepsStatus = end == SolveEnd::Report          ? routines.Status == StatusStays::BehindReport
+                             : end == SolveEnd::WithoutReport ? routines.Status == StatusStays::WithoutReport
+                                                              : false;
+    if (!keepsStatus) {
+        screen.SetIndicator(indicator);
+        screen.Refresh();
+    }
+    if (end != SolveEnd::Report) ShowMenusWithoutReport(routines);
+    if (end == SolveEnd::Report || (end == SolveEnd::WithoutReport && routines.PrintsWithoutReport))
+        Menus.EnablePrinting(true);
+    desktop::TheForms().FocusMenu();
+}
+
+bool Prepared(const ModuleRoutines& routines)
+{
+    if (routines.PreparesUnderStatus) ShowStatus(routines);
+    if (routines.Prepare && !routines.Prepare()) return false;
+    if (!routines.PreparesUnderStatus) ShowStatus(routines);
+    return true;
+}
+
+// The engine, its page and its boxes. False: there is no page.
+bool SolveAndShow(const ModuleRoutines& routines)
+{
+    desktop::TheScreen().SetPointer(Pointer::Hourglass);
+    const SolveOutcome outcome = routines.Solve();
+    ShowNotices(outcome.Before);
+    if (outcome.Solved) ShowPage(routines, outcome.Caption);
     ShowNotices(outcome.After);
-    Menus.EnablePrinting(true);
+    return outcome.Solved;
+}
+
+void SolveOnItsOwnRoad(const ModuleRoutines& routines)
+{
+    if (routines.SolveDisablesEditItems)
+        Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, false);
+    if (routines.Prepare && !routines.Prepare()) {
+        ShowMenusOfProblem(routines);
+        return;
+    }
+    Screen& screen = desktop::TheScreen();
+    const std::string indicator = screen.Indicator();
+    if (routines.ShellShowsSolving) {
+        ShowStatus(routines);
+        screen.SetPointer(Pointer::Hourglass);
+    }
+    routines.SolveAndShow();
+    if (HasReport()) {
+        TheLastSolve.Set(SolveEnd::Report);
+        if (routines.ShellEnablesPrinting) Menus.EnablePrinting(true);
+    } else {
+        ShowMenusWithoutReport(routines);
+        const bool cancelled = Session.DialogCancelled;  // the engine's own dialog
+        if (routines.PrintsWithoutReport && !cancelled) Menus.EnablePrinting(true);
+        if (!cancelled) TheLastSolve.Set(SolveEnd::WithoutReport);
+    }
+    if (!routines.ShellShowsSolving) return;
+    screen.SetPointer(Pointer::Normal);
+    desktop::TheForms().FocusMenu();
+    if (!routines.IndicatorComesBack && HasReport()) return;
+    screen.SetIndicator(indicator);
+    screen.Refresh();
 }
 
 void SolveProblem()
@@ -249,30 +327,22 @@ void SolveProblem()
         ShowMenusOfProblem(routines);
         return;
     }
-
-    if (routines.SolveDisablesEditItems)
-        Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, false);
-    if (routines.Prepare && !routines.Prepare()) return;
-
-    Screen& screen = desktop::TheScreen();
-    const std::string indicator = screen.Indicator();
-    if (routines.ShellShowsSolving) {
-        Menus.SetEnabled(EditItemName(0), true);
-        screen.SetIndicator("Solving Problem . . .");
-        screen.Refresh();
-        screen.SetPointer(Pointer::Hourglass);
-    }
-    SolveAndShow(routines);
-    if (routines.ShellEnablesPrinting) Menus.EnablePrinting(true);
-    if (!routines.ShellShowsSolving) {
-        if (!HasReport()) ShowMenusOfProblem(routines);  // the engine's own dialog was cancelled
+    if (!routines.Solve) {
+        SolveOnItsOwnRoad(routines);
         return;
     }
-    screen.SetPointer(Pointer::Normal);
-    desktop::TheForms().FocusMenu();
-    if (!routines.IndicatorComesBack) return;
-    screen.SetIndicator(indicator);
-    screen.Refresh();
+    const std::string indicator = desktop::TheScreen().Indicator();
+    SolveEnd end = SolveEnd::None;
+    bool failed = false;
+    Trap(
+        [&] {
+            if (!Prepared(routines)) return;
+            end = SolveEnd::WithoutReport;
+            if (SolveAndShow(routines)) end = SolveEnd::Report;
+        },
+        [&failed](const RuntimeError&) { failed = true; });
+    LeaveSolving(routines, indicator, failed ? SolveEnd::None : end);
+    TheLastSolve.Set(end);
 }
 
 void RunReports(ReportChannel& channel)
@@ -436,6 +506,8 @@ void Solve()
     Trap(SolveProblem, [&indicator](const RuntimeError&) {
         desktop::TheScreen().SetPointer(Pointer::Normal);
         desktop::TheScreen().SetIndicator(indicator);
+        ShowMenusWithoutReport(*CurrentModule().Routines);
+        TheLastSolve.Set(SolveEnd::WithoutReport);
     });
 }
 

@@ -35,6 +35,9 @@ struct SolveOutcome {
     std::vector<Notice> After = {};    // boxes over the page
 };
 
+// When "Solving Problem . . ." stays in the indicator behind a solve, until something else is shown there.
+enum class StatusStays { Never, BehindReport, WithoutReport };
+
 // The routines of a module. Those marked "may be missing" are left empty where the module has no use for
 // them.
 struct ModuleRoutines {
@@ -55,11 +58,18 @@ struct ModuleRoutines {
     // The problem check of Solve and Save: one of shell/checks.h. May be missing.
     std::function<bool()> Check = {};
 
-    // Solve. Prepare comes before the engine and ends the command when it answers false; may be missing.
+    // Solve. Prepare builds the problem and shows the dialogs that come before the engine; false: one was
+    // cancelled, the problem stays as it is. May be missing. Pointer, indicator, menus, boxes and page are
+    // the shell's.
     std::function<bool()> Prepare = {};
     std::function<SolveOutcome()> Solve = {};       // the engine on the problem at hand; shows nothing
     std::function<void(ReportChannel&)> Page = {};  // the report on screen, its first line first
-    std::function<void()> SolveAndShow = {};        // both, where they are still one
+    bool PreparesUnderStatus = false;  // "Solving Problem . . ." stands while forecasting asks for its method
+    StatusStays Status = StatusStays::Never;  // behind forecasts; where a network has no route
+    bool PrintsWithoutReport = false;  // the networks' warning of nodes out of reach has a printed form
+
+    // What is still in use where the road above is not.
+    std::function<void()> SolveAndShow = {};
     bool ShellShowsSolving = false;  // the command shows "Solving Problem . . ." and the hourglass
     bool ShellEnablesPrinting = false;
     bool IndicatorComesBack = true;  // after a solve that ShellShowsSolving

@@ -1,6 +1,7 @@
 #include "shell/solution.h"
 
 #include "desktop/desktop.h"
+#include "shell/beside.h"
 #include "shell/menus.h"
 
 namespace {
@@ -47,10 +48,12 @@ void UnloadSolution()
     desktop::TheForms().Unload(kForm);
     lines.clear();
     Menus.EnablePrinting(false);
+    TheLastSolve.Set(SolveEnd::None);
 }
 
 void HideSolution()
 {
     if (desktop::TheForms().IsLoaded(kForm)) desktop::TheForms().Hide(kForm);
     Menus.EnablePrinting(false);
+    TheLastSolve.Set(SolveEnd::None);
 }

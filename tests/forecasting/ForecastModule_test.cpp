@@ -124,17 +124,17 @@ TEST_F(ForecastModule, CancellingTheQuestionEndsTheCommand)
     EXPECT_EQ(desktop.screen.indicator, "Forecasting Module");
 }
 
-TEST_F(ForecastModule, ACancelledMethodFormLeavesPrintingOn)
+TEST_F(ForecastModule, ACancelledMethodFormLeavesTheMenusOfTheProblem)
 {
     New("2");
     Type({"1", "2"});
     desktop.forms.onModal["frmForecastingModels"] = CancelMethod;
     Commands::Solve();
-    EXPECT_TRUE(Enabled("mnuSolutionPrinttoText"));
-    EXPECT_EQ(desktop.screen.indicator, "Solving Problem . . .");
+    EXPECT_FALSE(Enabled("mnuSolutionPrinttoText"));
+    EXPECT_FALSE(Enabled("mnudispeditsubs(0)"));
+    EXPECT_TRUE(Enabled("mnudispeditsubs(3)"));
+    EXPECT_EQ(desktop.screen.indicator, "Forecasting Module");
     EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
-    Commands::Print();
-    EXPECT_THAT(desktop.printer.Lines(), IsEmpty());
 }
 
 TEST_F(ForecastModule, AFailureOfTheEngineEndsSolveSilently)

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "shell/beside.h"
 #include "shell/menus.h"
 #include "shell/session.h"
 #include "shell/solution.h"
@@ -338,6 +339,41 @@ TEST_F(CommandsOfTheShell, AFailedCheckOfSolveTakesTheOldReportAway)
     EXPECT_EQ(MenuStates(), "11111100");
     EXPECT_FALSE(DisplayItem().Enabled);
     EXPECT_EQ(desktop.screen.indicator, "Markov Processes Module");
+}
+
+TEST_F(CommandsOfTheShell, WhatStandsBesideTheReportComesAndGoesWithIt)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    EXPECT_EQ(TheLastSolve.End(), SolveEnd::None);
+    std::vector<SolveEnd> told;
+    std::vector<bool> pageIsShown;
+    TheLastSolve.Changed = [&] {
+        told.push_back(TheLastSolve.End());
+        pageIsShown.push_back(desktop.forms.IsLoaded("frmSolution"));
+    };
+    const int before = TheLastSolve.Number();
+    FillCells({"0.9", "0.1", "0.3", "0.7"});
+    Commands::Solve();
+    EXPECT_EQ(TheLastSolve.Number(), before + 1);
+    Commands::EditItem(0);
+    Commands::Solve();
+    Commands::SolutionClosed();
+    Commands::Solve();
+    NewProblem();
+    EXPECT_EQ(TheLastSolve.Number(), before + 3);
+    EXPECT_THAT(told, ElementsAre(SolveEnd::Report, SolveEnd::None, SolveEnd::Report, SolveEnd::None,
+                                  SolveEnd::Report, SolveEnd::None));
+    EXPECT_TRUE(pageIsShown[0] && pageIsShown[2] && pageIsShown[4]);
+    TheLastSolve.Changed = {};
+}
+
+TEST_F(CommandsOfTheShell, AFailedCheckLeavesNothingBesideTheProblem)
+{
+    SolvedProblem();
+    FillCells({"0.9", "0.9", "0.3", "0.7"});
+    Commands::Solve();
+    EXPECT_EQ(TheLastSolve.End(), SolveEnd::None);
 }
 
 TEST_F(CommandsOfTheShell, TheReportGoesToPaper)
