@@ -5,19 +5,17 @@
 
 #include "basic/format.h"
 #include "basic/number.h"
-#include "shell/solution.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
-#include "tableau/transout.h"
 
 namespace Tableau {
 namespace {
 
 constexpr int kCostWidth = 16;
 constexpr int kTotalWidth = 17;
-constexpr CostPatterns kScreenCosts = {"######0", "####0.0", "###0.00"};
-constexpr CostPatterns kPrintedCosts = {"#########0", "#######0.0", "######0.00"};
-constexpr CostPatterns kTotals = {"############0", "##########0.0", "#########0.00"};
+constexpr DecimalPatterns kScreenCosts = {"######0", "####0.0", "###0.00"};
+constexpr DecimalPatterns kPrintedCosts = {"#########0", "#######0.0", "######0.00"};
+constexpr DecimalPatterns kTotals = {"############0", "##########0.0", "#########0.00"};
 
 // The arc between a node and its parent.
 int ArcAt(int node)
@@ -25,14 +23,14 @@ int ArcAt(int node)
     return ToInt16(std::abs(Result.BasicArc(node)));
 }
 
-std::string AssignmentLine(int arc, const CostPatterns& costs)
+std::string AssignmentLine(int arc, const DecimalPatterns& costs)
 {
     return "       ASSIGN AGENT " + Format(Problem.TailNode(arc), "@@") + " TO TASK " +
            Format(Problem.HeadNode(arc) - Problem.NumOrigins, "@@") +
-           FlushRight(Format(Problem.ArcCost(arc).Value(), PatternFor(costs)), kCostWidth);
+           FlushRight(Format(Problem.ArcCost(arc).Value(), costs.For(CostPlaces(Problem))), kCostWidth);
 }
 
-void WriteAssignments(ReportChannel& out, const CostPatterns& costs)
+void WriteAssignments(ReportChannel& out, const DecimalPatterns& costs)
 {
     out.Line("         OPTIMAL ASSIGNMENTS           COST/REVENUE");
     out.Line("         *******************           ************");
@@ -45,7 +43,7 @@ void WriteAssignments(ReportChannel& out, const CostPatterns& costs)
     }
     out.Line("                                        ---------- ");
     out.Line("         TOTAL COST/REVENUE     " +
-             FlushRight(Format(total, PatternFor(kTotals)), kTotalWidth));
+             FlushRight(Format(total, kTotals.For(CostPlaces(Problem))), kTotalWidth));
 }
 
 // Whoever there are more of.
@@ -86,8 +84,11 @@ void WriteLeftOver(ReportChannel& out, const LeftOver& words, int offset, const 
         if (ArcAt(n) > Problem.NumArcs && Result.BasicFlow(n) != 0) out.Line(Format(n - offset, "       @@"));
 }
 
-void WriteSolution(ReportChannel& out, bool onScreen)
+}  // namespace
+
+void WriteAssignment(ReportChannel& out)
 {
+    const bool onScreen = out.OnScreen();
     WriteAssignments(out, onScreen ? kScreenCosts : kPrintedCosts);
     const int more = Problem.NumDestinations - Problem.NumOrigins;
     if (more == 0) return;
@@ -97,20 +98,6 @@ void WriteSolution(ReportChannel& out, bool onScreen)
         WriteLeftOver(out, kTasks, Problem.NumOrigins, count, k == 1);
     else
         WriteLeftOver(out, kAgents, 0, count, k == 1);
-}
-
-}  // namespace
-
-void ShowAssignmentSolution()
-{
-    SolutionPage page;
-    WriteSolution(page, true);
-    ShowSolution();
-}
-
-void PrintAssignmentSolution(ReportChannel& out)
-{
-    WriteSolution(out, false);
 }
 
 }  // namespace Tableau

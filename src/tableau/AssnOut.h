@@ -8,7 +8,7 @@
 
 namespace Tableau {
 
-void ShowAssignmentSolution();
-void PrintAssignmentSolution(ReportChannel& out);
+// On screen and in the full report.
+void WriteAssignment(ReportChannel& out);
 
 }  // namespace Tableau

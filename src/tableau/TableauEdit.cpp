@@ -11,17 +11,16 @@
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
-#include "tableau/AssnOut.h"
 #include "tableau/Criterion.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
-#include "tableau/transout.h"
 
 namespace Tableau {
 namespace {
 
 constexpr std::string_view kForm = "frmProblem";
 constexpr std::string_view kGrid = "gridDisplayEdit";
+constexpr int kSubmenu = 2;  // of the Edit menu
 
 // How the two problems call their lines and say what the grid is.
 struct Words {
@@ -278,28 +277,14 @@ void DeleteDestination()
         Rebuild(Problem.NumOrigins, Problem.NumDestinations - 1, 0, *line);
 }
 
-void SolveTableau()
+bool AskTableauCriterion()
 {
     if (!AskCriterion()) {
         desktop::TheForms().FocusMenu();
-        return;
+        return false;
     }
-    Screen& screen = desktop::TheScreen();
-    const std::string indicator = screen.Indicator();
-    screen.SetIndicator("Solving Problem . . .");
-    screen.Refresh();
-    Menus.SetEnabled(EditItemName(0), true);
-    Menus.EnableEditItems(2, 2, false);
-    screen.SetPointer(Pointer::Hourglass);
-    TaSolve();
-    if (IsTransportation())
-        ShowTransportationSolution();
-    else
-        ShowAssignmentSolution();
-    Menus.EnablePrinting(true);
-    screen.SetIndicator(indicator);
-    screen.Refresh();
-    screen.SetPointer(Pointer::Normal);
+    Menus.EnableEditItems(kSubmenu, kSubmenu, false);
+    return true;
 }
 
 }  // namespace Tableau

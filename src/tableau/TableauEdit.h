@@ -1,5 +1,5 @@
 // Transportation and assignment on the problem form: the new tableau, its display, lines added and deleted,
-// and the solve command.
+// and what the solve command asks.
 #pragma once
 
 namespace Tableau {
@@ -12,6 +12,7 @@ void AddDestination();
 void DeleteOrigin();  // asks which one
 void DeleteDestination();
 
-void SolveTableau();  // asks for the criterion, solves, shows the report
+// What Solve asks first. No line is added or deleted while a report is there. False: cancelled.
+bool AskTableauCriterion();
 
 }  // namespace Tableau

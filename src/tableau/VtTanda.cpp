@@ -115,7 +115,6 @@ void Allocate(int origins, int destinations)
     Problem.HeadNode = Array1<std::int16_t>(arcs);
     Problem.ArcCost = Array1<Variant>(arcs);
     Problem.ArcCost.Fill(0.0);
-    Problem.ArcCap = Array1<std::int32_t>(arcs);
     Problem.NodeSupply = Array1<std::int32_t>(nodes);
     Problem.FirstArc = Array1<std::int16_t>(nodes);
     for (int i = 1; i <= origins; ++i)
@@ -138,9 +137,9 @@ void JoinArcs()
         }
 }
 
-int CostPlaces()
+int CostPlaces(const TableauProblem& problem)
 {
-    return static_cast<int>(std::clamp(Problem.DecimalPlaces.Value(), 0.0, 2.0));
+    return static_cast<int>(std::clamp(problem.DecimalPlaces.Value(), 0.0, 2.0));
 }
 
 int EnterCost(int origin, int destination, std::string_view text)

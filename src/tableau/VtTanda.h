@@ -23,11 +23,10 @@ struct TableauProblem {
     std::int16_t NumNodes = 0;  // N, origins and destinations
     std::int16_t NumArcs = 0;   // M, cells of costs
 
-    // By arc, 1 to M; the solver appends the N arcs that join the nodes to its root.
+    // By arc, 1 to M, with room for the N arcs that join the nodes to the solver's root.
     Array1<std::int32_t> TailNode;
     Array1<std::int16_t> HeadNode;
     Array1<Variant> ArcCost;
-    Array1<std::int32_t> ArcCap;
 
     // By node, 1 to N; N + 1 is the solver's root.
     Array1<std::int32_t> NodeSupply;  // a demand is negative
@@ -53,7 +52,7 @@ int ArcNumber(int origin, int destination);
 void JoinArcs();
 
 // Decimal places for the patterns of the reports: 0, 1 or 2.
-int CostPlaces();
+int CostPlaces(const TableauProblem& problem);
 
 // Each takes the text of a cell and answers as a cell commit does (shell/module.h); a refused text has been
 // told. A blank cell stores 0. EnterSupply and EnterDemand take the node.

@@ -3,12 +3,16 @@
 #include "basic/number.h"
 #include "shell/checks.h"
 #include "tableau/AssnOut.h"
+#include "tableau/Criterion.h"
 #include "tableau/TableauEdit.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
 #include "tableau/transout.h"
 
 namespace Tableau {
+
+TableauResult Result;
+
 namespace {
 
 constexpr int kEditItem = 2;  // the submenu
@@ -58,6 +62,24 @@ void Read(RecordReader& file)
         Problem.NodeSupply(n) = ToInt32(-static_cast<double>(file.ReadInt32()));
 }
 
+void SolveTableau()
+{
+    Result = {};
+    Result = TaSolve(Problem, MaximizeFlag == "YES");
+}
+
+SolveOutcome SolveTransportation()
+{
+    SolveTableau();
+    return TransportationOutcome();
+}
+
+SolveOutcome SolveAssignment()
+{
+    SolveTableau();
+    return {};
+}
+
 // What both modules have in common.
 ModuleRoutines TableauRoutines()
 {
@@ -65,7 +87,8 @@ ModuleRoutines TableauRoutines()
             .Display = ShowTableau,
             .CommitCell = EnterCell,
             .Check = CheckTableau,
-            .SolveAndShow = SolveTableau,
+            .Prepare = AskTableauCriterion,
+            .ShellShowsSolving = true,
             .FirstEditItem = kEditItem,
             .LastEditItem = kEditItem,
             .LowerCommand = LowerCommand,
@@ -77,6 +100,8 @@ ModuleRoutines TransportationRoutines()
 {
     ModuleRoutines routines = TableauRoutines();
     routines.CornerIsClosed = true;  // supplies and demands meet there
+    routines.Solve = SolveTransportation;
+    routines.Page = WriteTransportationPage;
     routines.SubmenuCaption = "&Add/Delete Origins or Destinations";
     routines.LowerItems = {"Add an Origin", "Add a Destination", "Delete an Origin", "Delete a Destination"};
     routines.Reports = {PrintProblemStatement, PrintSuppliesAndDemands, PrintTransportationCosts,
@@ -87,9 +112,11 @@ ModuleRoutines TransportationRoutines()
 ModuleRoutines AssignmentRoutines()
 {
     ModuleRoutines routines = TableauRoutines();
+    routines.Solve = SolveAssignment;
+    routines.Page = WriteAssignment;
     routines.SubmenuCaption = "&Add/Delete Agents or Tasks";
     routines.LowerItems = {"Add an Agent", "Add a Task", "Delete an Agent", "Delete a Task"};
-    routines.Reports = {PrintProblemStatement, PrintAssignmentCosts, PrintAssignmentSolution};
+    routines.Reports = {PrintProblemStatement, PrintAssignmentCosts, WriteAssignment};
     return routines;
 }
 

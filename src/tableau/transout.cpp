@@ -11,9 +11,6 @@
 #include "basic/error.h"
 #include "basic/format.h"
 #include "basic/number.h"
-#include "desktop/desktop.h"
-#include "shell/solution.h"
-#include "tableau/Criterion.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
 
@@ -91,8 +88,9 @@ void WriteBlock(ReportChannel& out, const ColumnBlock& block, std::string_view r
 
 std::string CostCell(int origin, int destination)
 {
+    constexpr DecimalPatterns kPatterns = {"######0", "####0.0", "###0.00"};
     return Format(Problem.ArcCost(ArcNumber(origin, destination)).Value(),
-                  PatternFor({"######0", "####0.0", "###0.00"}));
+                  kPatterns.For(CostPlaces(Problem)));
 }
 
 void PrintCostHeading(ReportChannel& out)
@@ -231,10 +229,10 @@ bool SupplyIsShort()
     return Result.TotalDemand > Result.TotalSupply;
 }
 
-void WriteSchedule(ReportChannel& out, const TransportationSchedule& schedule, bool onScreen)
+void WriteSchedule(ReportChannel& out, const TransportationSchedule& schedule)
 {
     for (const ColumnBlock& block : ColumnBlocks()) {
-        if (!onScreen) out.Line("  SHIP");
+        if (!out.OnScreen()) out.Line("  SHIP");
         out.Line(DestinationHeader(block));
         WriteBlock(out, block, " ORIGIN  ",
                    [&schedule](int i, int j) { return Format(schedule.Shipment(i, j), "######0"); });
@@ -266,8 +264,9 @@ void WriteImbalance(ReportChannel& out, const TransportationSchedule& schedule)
 }
 
 // The full report sets the lines of the total and the note in and prints their numbers as items.
-void WriteTotal(ReportChannel& out, const TransportationSchedule& schedule, bool onScreen)
+void WriteTotal(ReportChannel& out, const TransportationSchedule& schedule)
 {
+    const bool onScreen = out.OnScreen();
     const auto number = [onScreen](double value) {
         return onScreen ? " " + PlainText(value) : PrintItem(value);
     };
@@ -283,14 +282,6 @@ void WriteTotal(ReportChannel& out, const TransportationSchedule& schedule, bool
     WriteImbalance(out, schedule);
 }
 
-void WarnOfShortSupply()
-{
-    MsgBox("Total demand exceeds total supply by " + PlainText(Difference()) +
-               ".  The solution given provides the optimal shipment schedule for the available supply.  Some "
-               "destinations will have unsatisfied demand.",
-           "Warning:  INSUFFICIENT SUPPLY", Icon::Information);
-}
-
 void PrintShortSupply(ReportChannel& out)
 {
     out.Line("     WARNING:  INSUFFICIENT SUPPLY");
@@ -302,52 +293,49 @@ void PrintShortSupply(ReportChannel& out)
 
 }  // namespace
 
-TransportationSchedule ExtractSchedule()
+TransportationSchedule ExtractSchedule(const TableauProblem& problem, const TableauResult& result)
 {
     TransportationSchedule schedule;
-    schedule.Shipment = Array2<std::int32_t>(Problem.NumOrigins, Problem.NumDestinations);
-    schedule.UnusedFlow = Array1<std::int32_t>(Problem.NumNodes);
-    for (int n = 1; n <= Problem.NumNodes; ++n) {
-        const int e = ToInt16(std::abs(Result.BasicArc(n)));
-        const std::int32_t flow = Result.BasicFlow(n);
-        if (e > Problem.NumArcs) {
-            schedule.UnusedFlow(e - Problem.NumArcs) = flow;
+    schedule.Shipment = Array2<std::int32_t>(problem.NumOrigins, problem.NumDestinations);
+    schedule.UnusedFlow = Array1<std::int32_t>(problem.NumNodes);
+    for (int n = 1; n <= problem.NumNodes; ++n) {
+        const int e = ToInt16(std::abs(result.BasicArc(n)));
+        const std::int32_t flow = result.BasicFlow(n);
+        if (e > problem.NumArcs) {
+            schedule.UnusedFlow(e - problem.NumArcs) = flow;
         } else {
-            schedule.TotalCost += flow * Problem.ArcCost(e).Value();
-            schedule.Shipment(Problem.TailNode(e), Problem.HeadNode(e) - Problem.NumOrigins) = flow;
+            schedule.TotalCost += flow * problem.ArcCost(e).Value();
+            schedule.Shipment(problem.TailNode(e), problem.HeadNode(e) - problem.NumOrigins) = flow;
         }
     }
     return schedule;
 }
 
-std::string_view PatternFor(const CostPatterns& patterns)
+SolveOutcome TransportationOutcome()
 {
-    switch (CostPlaces()) {
-        case 0:
-            return patterns.Whole;
-        case 1:
-            return patterns.OnePlace;
-        default:
-            return patterns.TwoPlaces;
-    }
+    SolveOutcome outcome{.Caption = "Optimal Transportation Schedule"};
+    if (SupplyIsShort())
+        outcome.Before.push_back(
+            {.Text =
+                 "Total demand exceeds total supply by " + PlainText(Difference()) +
+                 ".  The solution given provides the optimal shipment schedule for the available supply.  "
+                 "Some destinations will have unsatisfied demand.",
+             .Title = "Warning:  INSUFFICIENT SUPPLY"});
+    return outcome;
 }
 
-void ShowTransportationSolution()
+void WriteTransportationPage(ReportChannel& out)
 {
-    const TransportationSchedule schedule = ExtractSchedule();
-    if (SupplyIsShort()) WarnOfShortSupply();
-    SolutionPage page;
-    WriteSchedule(page, schedule, true);
-    WriteTotal(page, schedule, true);
-    desktop::TheForms().Loaded("frmSolution").SetCaption("Optimal Transportation Schedule");
-    ShowSolution();
+    const TransportationSchedule schedule = ExtractSchedule(Problem, Result);
+    WriteSchedule(out, schedule);
+    WriteTotal(out, schedule);
 }
 
 void PrintProblemStatement(ReportChannel& out)
 {
     out.Line(IsAssignment() ? "    ASSIGNMENT PROBLEM" : "    TRANSPORTATION PROBLEM");
     out.Line(IsAssignment() ? "    ******************" : "    **********************");
-    out.Line(MaximizeFlag == "YES" ? "    OBJECTIVE:  MAXIMIZATION" : "    OBJECTIVE:  MINIMIZATION");
+    out.Line(Result.Maximize ? "    OBJECTIVE:  MAXIMIZATION" : "    OBJECTIVE:  MINIMIZATION");
 }
 
 void PrintSuppliesAndDemands(ReportChannel& out)
@@ -367,12 +355,10 @@ void PrintTransportationCosts(ReportChannel& out)
 
 void PrintTransportationSolution(ReportChannel& out)
 {
-    const TransportationSchedule schedule = ExtractSchedule();
     if (SupplyIsShort()) PrintShortSupply(out);
     out.Line("    OPTIMAL TRANSPORTATION SCHEDULE");
     out.Line("    *******************************");
-    WriteSchedule(out, schedule, false);
-    WriteTotal(out, schedule, false);
+    WriteTransportationPage(out);
 }
 
 void PrintAssignmentCosts(ReportChannel& out)

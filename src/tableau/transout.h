@@ -6,10 +6,12 @@
 #pragma once
 
 #include <cstdint>
-#include <string_view>
+#include <vector>
 
 #include "basic/array.h"
-#include "shell/report.h"
+#include "shell/module.h"
+#include "tableau/VtTanda.h"
+#include "tableau/taengine.h"
 
 namespace Tableau {
 
@@ -20,10 +22,13 @@ struct TransportationSchedule {
     double TotalCost = 0;
 };
 
-TransportationSchedule ExtractSchedule();
+TransportationSchedule ExtractSchedule(const TableauProblem& problem, const TableauResult& result);
 
-// Warns of a supply that does not suffice, then shows the schedule.
-void ShowTransportationSolution();
+// The page's caption, and a warning of a supply that does not suffice.
+SolveOutcome TransportationOutcome();
+
+// The schedule, on screen and in the full report.
+void WriteTransportationPage(ReportChannel& out);
 
 // The full report, in this order.
 void PrintProblemStatement(ReportChannel& out);
@@ -34,13 +39,5 @@ void PrintTransportationSolution(ReportChannel& out);
 
 // The cost table under the words of an assignment.
 void PrintAssignmentCosts(ReportChannel& out);
-
-// The pattern for the decimals at hand out of three.
-struct CostPatterns {
-    std::string_view Whole;
-    std::string_view OnePlace;
-    std::string_view TwoPlaces;
-};
-std::string_view PatternFor(const CostPatterns& patterns);
 
 }  // namespace Tableau

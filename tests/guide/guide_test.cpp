@@ -218,7 +218,9 @@ TEST(Guide, ExplainsTheMessagesThatReportsShow)
     for (const auto& file : FilesBelow(kRoot / "src", {".cpp"})) {
         if (!IsReport(file)) continue;
         const std::string source = TextOf(file);
-        for (auto at = source.find("MsgBox("); at != std::string::npos; at = source.find("MsgBox(", at + 1)) {
+        static const std::regex kMessage(R"(MsgBox\(|\{\.Text =)");
+        for (std::sregex_iterator match(source.begin(), source.end(), kMessage), end; match != end; ++match) {
+            const auto at = static_cast<std::size_t>(match->position());
             const std::string call = source.substr(at, source.find(';', at) - at);
             for (const auto& text : LiteralReader(call).Read()) {
                 if (!IsSentence(text)) continue;

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "shell/solution.h"
-#include "support/fake_desktop.h"
 #include "tableau/tables.h"
 #include "tableau/transout.h"
 
@@ -19,12 +18,11 @@ class AssignmentReport : public testing::Test {
 protected:
     const Lines& Shown()
     {
-        Tableau::TaSolve();
-        Tableau::ShowAssignmentSolution();
+        Solve();
+        SolutionPage page;
+        Tableau::WriteAssignment(page);
         return SolutionLines();
     }
-
-    FakeDesktop desktop;
 };
 
 TEST_F(AssignmentReport, ASquareTableHasNoNote)
@@ -39,8 +37,6 @@ TEST_F(AssignmentReport, ASquareTableHasNoNote)
                                    "       ASSIGN AGENT  3 TO TASK  3               8",
                                    "                                        ---------- ",
                                    "         TOTAL COST/REVENUE                    27"));
-    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
-    EXPECT_EQ(desktop.forms.menuFocused, 1);
 }
 
 TEST_F(AssignmentReport, TasksLeftOverAreCountedAndListed)
@@ -60,7 +56,7 @@ TEST_F(AssignmentReport, OneTaskRemains)
 {
     GiveAssignment({{5, 3}});
     EXPECT_EQ(Shown()[6], "             1 TASK REMAINS UNASSIGNED.");
-    EXPECT_EQ(LinesOf(Tableau::PrintAssignmentSolution)[6], "              1 TASK REMAINS UNASSIGNED.");
+    EXPECT_EQ(LinesOf(Tableau::WriteAssignment)[6], "              1 TASK REMAINS UNASSIGNED.");
 }
 
 TEST_F(AssignmentReport, AgentsLeftOverAreCountedAndListed)
@@ -71,14 +67,14 @@ TEST_F(AssignmentReport, AgentsLeftOverAreCountedAndListed)
                 ElementsAre("       NOTE:  THE NUMBER OF AGENTS EXCEEDS THE NUMBER OF TASKS.",
                             "             2 AGENTS REMAIN UNASSIGNED.", "", "       UNASSIGNED AGENTS",
                             "       -----------------", "        1", "        2"));
-    EXPECT_EQ(LinesOf(Tableau::PrintAssignmentSolution)[6], "              2 AGENTS REMAIN UNASSIGNED.");
+    EXPECT_EQ(LinesOf(Tableau::WriteAssignment)[6], "              2 AGENTS REMAIN UNASSIGNED.");
 }
 
 TEST_F(AssignmentReport, OneAgentRemains)
 {
     GiveAssignment({{5}, {3}});
     EXPECT_EQ(Shown()[6], "             1 AGENT REMAINS UNASSIGNED.");
-    EXPECT_EQ(LinesOf(Tableau::PrintAssignmentSolution)[6], "              1 AGENT REMAINS UNASSIGNED.");
+    EXPECT_EQ(LinesOf(Tableau::WriteAssignment)[6], "              1 AGENT REMAINS UNASSIGNED.");
 }
 
 TEST_F(AssignmentReport, DecimalsFollowTheProblem)
@@ -144,7 +140,7 @@ TEST_F(AssignmentReport, TheFullReportRepeatsTheScreen)
 {
     GiveAssignment({{5, 3}, {4, 6}});
     const Lines shown = Shown();
-    EXPECT_EQ(LinesOf(Tableau::PrintAssignmentSolution), shown);
+    EXPECT_EQ(LinesOf(Tableau::WriteAssignment), shown);
 }
 
 }  // namespace

@@ -416,7 +416,7 @@ TEST_F(TableauForm, EmptyFieldsComeBackEmpty)
     EXPECT_TRUE(Problem.DecimalPlaces.IsEmpty());
     EXPECT_TRUE(Problem.ArcCost(1).IsEmpty());
     EXPECT_EQ(Problem.ArcCost(2).Value(), 5);
-    EXPECT_EQ(Tableau::CostPlaces(), 0);
+    EXPECT_EQ(Tableau::CostPlaces(Problem), 0);
 }
 
 TEST_F(TableauForm, FilesThatDoNotFitAreErrors)
@@ -433,53 +433,82 @@ TEST_F(TableauForm, FilesThatDoNotFitAreErrors)
 
 class TableauSolve : public TableauForm {
 protected:
-    TableauSolve()
+    // Shows the tableau that stands in the record and chooses Solve.
+    void SolveModule(int number, const char* indicator)
     {
-        Menus.SetEnabled(EditItemName(0), false);
+        Session.CurrentModule = static_cast<std::int16_t>(number);
+        Tableau::ShowTableau();
         Menus.EnablePrinting(false);
-        desktop.screen.indicator = "Transportation Module";
+        desktop.screen.indicator = indicator;
+        desktop.screen.indicators.clear();
+        desktop.screen.pointers.clear();
+        Commands::Solve();
     }
 
     void Choose(const char* maximize)
     {
-        desktop.forms.onModal["frmTransObj"] = [maximize] {
+        desktop.forms.onModal["frmTransObj"] = [this, maximize] {
+            submenuWasOn = Menus.Item(EditItemName(2)).Enabled;
             MaximizeFlag = maximize;
             Session.DialogCancelled = false;
         };
     }
+
+    bool submenuWasOn = false;
 };
 
 TEST_F(TableauSolve, ShowsTheReportAndPutsTheIndicatorBack)
 {
     GiveTransportation({{5, 7}}, {3}, {3, 3});
     Choose("YES");
-    Tableau::SolveTableau();
+    SolveModule(2, "Transportation Module");
     EXPECT_EQ(SolutionLines()[3], "    1          0      3");
-    EXPECT_EQ(desktop.screen.indicators, (Texts{"Solving Problem . . .", "Transportation Module"}));
+    EXPECT_EQ(desktop.screen.indicators, (Texts{"Checking Problem Data. . .", "Transportation Module",
+                                                "Solving Problem . . .", "Transportation Module"}));
     EXPECT_EQ(desktop.screen.pointers, (std::vector{Pointer::Hourglass, Pointer::Normal}));
     EXPECT_TRUE(Menus.Item(EditItemName(0)).Enabled);
+    EXPECT_TRUE(submenuWasOn);
     EXPECT_FALSE(Menus.Item(EditItemName(2)).Enabled);
     EXPECT_TRUE(Menus.Item("mnuSolutionPrinttoPrinter").Enabled);
     EXPECT_TRUE(Menus.Item("mnuSolutionPrinttoText").Enabled);
+    EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Optimal Transportation Schedule");
+    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
+    EXPECT_EQ(desktop.dialogs.Last().Title, "Warning:  INSUFFICIENT SUPPLY");
+    EXPECT_TRUE(Tableau::Result.Maximize);
 }
 
 TEST_F(TableauSolve, ShowsTheAssignmentReport)
 {
     GiveAssignment({{5, 7}});
     Choose("NO");
-    Tableau::SolveTableau();
+    SolveModule(3, "Assignment Module");
     EXPECT_EQ(SolutionLines()[2], "       ASSIGN AGENT  1 TO TASK  1               5");
+    EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Solution");
+    EXPECT_TRUE(desktop.dialogs.messages.empty());
 }
 
 TEST_F(TableauSolve, ACancelledCriterionSolvesNothing)
 {
     GiveTransportation({{5, 7}}, {3}, {3, 3});
     desktop.forms.onModal["frmTransObj"] = [] { Session.DialogCancelled = true; };
-    Tableau::SolveTableau();
+    SolveModule(2, "Transportation Module");
     EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
-    EXPECT_TRUE(desktop.screen.indicators.empty());
+    EXPECT_EQ(desktop.screen.indicator, "Transportation Module");
+    EXPECT_FALSE(Menus.Item(EditItemName(0)).Enabled);
+    EXPECT_TRUE(Menus.Item(EditItemName(2)).Enabled);
     EXPECT_FALSE(Menus.Item("mnuSolutionPrinttoPrinter").Enabled);
-    EXPECT_EQ(desktop.forms.menuFocused, 1);
+}
+
+// Only a file can hold supplies that add up beyond 32 bits.
+TEST_F(TableauSolve, AnOverflowLeavesNoResult)
+{
+    GiveTransportation({{5}, {7}}, {1, 1}, {3});
+    Choose("NO");
+    SolveModule(2, "Transportation Module");
+    EXPECT_TRUE(Tableau::Result.Solved);
+    Problem.NodeSupply(1) = Problem.NodeSupply(2) = 2000000000;
+    EXPECT_THROW(Transportation().Solve(), RuntimeError);
+    EXPECT_FALSE(Tableau::Result.Solved);
 }
 
 }  // namespace

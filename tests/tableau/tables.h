@@ -11,6 +11,7 @@
 #include "tableau/Criterion.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
+#include "tableau/transout.h"
 
 using Rows = std::vector<std::vector<double>>;
 
@@ -48,6 +49,17 @@ inline void GiveTransportation(const Rows& costs, const std::vector<int>& suppli
         Tableau::Problem.NodeSupply(++node) = supply;
     for (const int demand : demands)
         Tableau::Problem.NodeSupply(++node) = -demand;
+}
+
+// Solves by the sense at hand and keeps the result.
+inline void Solve()
+{
+    Tableau::Result = Tableau::TaSolve(Tableau::Problem, MaximizeFlag == "YES");
+}
+
+inline Tableau::TransportationSchedule Schedule()
+{
+    return Tableau::ExtractSchedule(Tableau::Problem, Tableau::Result);
 }
 
 inline std::vector<std::string> LinesOf(void (*report)(ReportChannel&))

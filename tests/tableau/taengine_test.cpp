@@ -140,7 +140,7 @@ Whole TreeCost()
 int OtherEnd(int node)
 {
     const int arc = Result.BasicArc(node);
-    return arc > 0 ? Problem.HeadNode(arc) : Problem.TailNode(-arc);
+    return arc > 0 ? Tableau::HeadOf(Problem, arc) : Tableau::TailOf(Problem, -arc);
 }
 
 // The price of a node: the cost of its way to the root in the tree.
@@ -161,8 +161,8 @@ void ExpectPricesFit()
         price[static_cast<std::size_t>(n)] = PriceOf(n);
     for (int e = 1; e <= Problem.NumArcs + Problem.NumNodes; ++e) {
         if (e > Problem.NumArcs && Problem.NodeSupply(e - Problem.NumArcs) < 0) continue;
-        const Whole saving = price[static_cast<std::size_t>(Problem.TailNode(e))] -
-                             price[static_cast<std::size_t>(Problem.HeadNode(e))] - CostOf(e);
+        const Whole saving = price[static_cast<std::size_t>(Tableau::TailOf(Problem, e))] -
+                             price[static_cast<std::size_t>(Tableau::HeadOf(Problem, e))] - CostOf(e);
         ASSERT_LE(saving, 0) << "arc " << e;
     }
 }
@@ -173,8 +173,8 @@ void ExpectFlowsFit()
     for (int n = 1; n <= Problem.NumNodes; ++n) {
         const int arc = std::abs(Result.BasicArc(n));
         ASSERT_GE(Result.BasicFlow(n), 0);
-        left[static_cast<std::size_t>(Problem.TailNode(arc))] += Result.BasicFlow(n);
-        left[static_cast<std::size_t>(Problem.HeadNode(arc))] -= Result.BasicFlow(n);
+        left[static_cast<std::size_t>(Tableau::TailOf(Problem, arc))] += Result.BasicFlow(n);
+        left[static_cast<std::size_t>(Tableau::HeadOf(Problem, arc))] -= Result.BasicFlow(n);
     }
     for (int n = 1; n <= Problem.NumNodes; ++n)
         ASSERT_EQ(left[static_cast<std::size_t>(n)], Problem.NodeSupply(n)) << "node " << n;
@@ -182,7 +182,7 @@ void ExpectFlowsFit()
 
 void ExpectOptimal()
 {
-    Tableau::TaSolve();
+    Solve();
     ExpectFlowsFit();
     ExpectPricesFit();
     EXPECT_EQ(TreeCost(), OtherCost());
@@ -302,8 +302,7 @@ TEST(taengine, AssignmentsCostWhatTheBestPermutationCosts)
         const Rows costs = draws.Costs(draws.From(1, 6), draws.From(1, 6), 1, 40, 1);
         GiveAssignment(costs, Sense(round));
         ExpectOptimal();
-        EXPECT_EQ(Tableau::ExtractSchedule().TotalCost, BestPermutation(costs, round % 2 != 0))
-            << "round " << round;
+        EXPECT_EQ(Schedule().TotalCost, BestPermutation(costs, round % 2 != 0)) << "round " << round;
     }
 }
 
@@ -312,7 +311,7 @@ TEST(taengine, PublishedCanneriesCost153675Dollars)
 {
     GiveTransportation({{0.225, 0.153, 0.162}, {0.225, 0.162, 0.126}}, {350, 600}, {325, 300, 275});
     ExpectOptimal();
-    EXPECT_NEAR(Tableau::ExtractSchedule().TotalCost, 153.675, 1e-9);
+    EXPECT_NEAR(Schedule().TotalCost, 153.675, 1e-9);
 }
 
 // Three canneries and four warehouses of peas (Hillier and Lieberman), 152535 dollars.
@@ -321,7 +320,7 @@ TEST(taengine, PublishedPeasAreShippedAsPublished)
     GiveTransportation({{464, 513, 654, 867}, {352, 416, 690, 791}, {995, 682, 388, 685}}, {75, 125, 100},
                        {80, 65, 70, 85});
     ExpectOptimal();
-    const auto schedule = Tableau::ExtractSchedule();
+    const auto schedule = Schedule();
     EXPECT_EQ(schedule.TotalCost, 152535);
     EXPECT_EQ(schedule.Shipment(1, 2), 20);
     EXPECT_EQ(schedule.Shipment(1, 4), 55);
@@ -336,13 +335,13 @@ TEST(taengine, PublishedChoresCost27)
 {
     GiveAssignment({{15, 10, 9}, {9, 15, 10}, {10, 12, 8}});
     ExpectOptimal();
-    EXPECT_EQ(Tableau::ExtractSchedule().TotalCost, 27);
+    EXPECT_EQ(Schedule().TotalCost, 27);
 }
 
 TEST(taengine, NothingIsShippedWhenEveryCostIsZero)
 {
     GiveTransportation({{0, 0}, {0, 0}}, {5, 6}, {7, 4});
-    Tableau::TaSolve();
+    Solve();
     for (int n = 1; n <= 4; ++n) {
         EXPECT_EQ(std::abs(Result.BasicArc(n)), Problem.NumArcs + n);
         EXPECT_EQ(Result.BasicFlow(n), std::abs(Problem.NodeSupply(n)));
@@ -352,18 +351,18 @@ TEST(taengine, NothingIsShippedWhenEveryCostIsZero)
 TEST(taengine, CostsThatScaleToZeroCountAsZero)
 {
     GiveTransportation({{0.000009}}, {5}, {5});
-    Tableau::TaSolve();
-    EXPECT_EQ(Tableau::ExtractSchedule().Shipment(1, 1), 0);
+    Solve();
+    EXPECT_EQ(Schedule().Shipment(1, 1), 0);
     GiveTransportation({{0.00001}}, {5}, {5});
-    Tableau::TaSolve();
-    EXPECT_EQ(Tableau::ExtractSchedule().Shipment(1, 1), 5);
+    Solve();
+    EXPECT_EQ(Schedule().Shipment(1, 1), 5);
 }
 
 TEST(taengine, OneNonzeroCostGivesARealSchedule)
 {
     GiveTransportation({{0, 0}, {0, 1}}, {5, 6}, {7, 4});
     ExpectOptimal();
-    const auto schedule = Tableau::ExtractSchedule();
+    const auto schedule = Schedule();
     EXPECT_EQ(schedule.TotalCost, 0);
     EXPECT_EQ(schedule.Shipment(1, 1) + schedule.Shipment(1, 2), 5);
     EXPECT_EQ(schedule.Shipment(2, 1), 6);
@@ -373,7 +372,7 @@ TEST(taengine, BalancedTablesLeaveNothingOnTheArcsToTheRoot)
 {
     GiveTransportation({{3, 1, 2}, {2, 4, 1}}, {10, 20}, {5, 15, 10});
     ExpectOptimal();
-    const auto schedule = Tableau::ExtractSchedule();
+    const auto schedule = Schedule();
     for (int n = 1; n <= 5; ++n)
         EXPECT_EQ(schedule.UnusedFlow(n), 0);
 }
@@ -382,7 +381,7 @@ TEST(taengine, ExcessSupplyStaysWhereShippingIsDear)
 {
     GiveTransportation({{1}, {9}}, {10, 10}, {12});
     ExpectOptimal();
-    const auto schedule = Tableau::ExtractSchedule();
+    const auto schedule = Schedule();
     EXPECT_EQ(Result.TotalSupply, 20);
     EXPECT_EQ(Result.TotalDemand, 12);
     EXPECT_EQ(schedule.UnusedFlow(1), 0);
@@ -393,7 +392,7 @@ TEST(taengine, ShortageStaysWhereShippingIsDear)
 {
     GiveTransportation({{1, 9}}, {10}, {6, 7});
     ExpectOptimal();
-    const auto schedule = Tableau::ExtractSchedule();
+    const auto schedule = Schedule();
     EXPECT_EQ(schedule.UnusedFlow(2), 0);
     EXPECT_EQ(schedule.UnusedFlow(3), 3);
 }
@@ -401,7 +400,7 @@ TEST(taengine, ShortageStaysWhereShippingIsDear)
 TEST(taengine, AnAssignmentCountsItsLinesWhateverTheTotals)
 {
     GiveAssignment({{1, 2, 3}, {4, 5, 6}});
-    Tableau::TaSolve();
+    Solve();
     EXPECT_EQ(Result.TotalSupply, 2);
     EXPECT_EQ(Result.TotalDemand, 3);
 }
@@ -420,7 +419,7 @@ TEST(taengine, ABlockingFlowOfTheWholeSupplyIsFound)
 {
     GiveTransportation({{-3}}, {7}, {0});
     ExpectOptimal();
-    EXPECT_EQ(Tableau::ExtractSchedule().Shipment(1, 1), 7);
+    EXPECT_EQ(Schedule().Shipment(1, 1), 7);
 }
 
 TEST(taengine, WholeSuppliesThroughDestinationsWithoutDemandAreOptimal)
@@ -447,8 +446,8 @@ TEST(taengine, TablesWithoutLinesEndOneWayOrAnother)
         Problem = {};
         Tableau::Allocate(rows, columns);
         try {
-            Tableau::TaSolve();
-            EXPECT_EQ(Tableau::ExtractSchedule().TotalCost, 0);
+            Solve();
+            EXPECT_EQ(Schedule().TotalCost, 0);
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.Number(), ErrorNumber::SubscriptOutOfRange);
         }
@@ -459,9 +458,9 @@ TEST(taengine, ASecondRunGivesTheSameTree)
 {
     Draws draws(37);
     GiveTransportation(draws.Costs(5, 6, 1, 30, 0.5), draws.Quantities(5, 20), draws.Quantities(6, 20));
-    Tableau::TaSolve();
+    Solve();
     const auto first = Result;
-    Tableau::TaSolve();
+    Solve();
     for (int n = 1; n <= Problem.NumNodes; ++n) {
         EXPECT_EQ(Result.BasicArc(n), first.BasicArc(n));
         EXPECT_EQ(Result.BasicFlow(n), first.BasicFlow(n));
@@ -473,8 +472,8 @@ TEST(taengine, ASecondRunGivesTheSameTree)
 TEST(taengine, CostsAreComparedAsWholeUnitsByTheFloor)
 {
     GiveTransportation({{4.35, 4.34999}}, {1}, {1, 1});
-    Tableau::TaSolve();
-    const auto schedule = Tableau::ExtractSchedule();
+    Solve();
+    const auto schedule = Schedule();
     EXPECT_EQ(schedule.Shipment(1, 1), 1);
     EXPECT_EQ(schedule.TotalCost, 4.35);
 }
@@ -483,20 +482,30 @@ TEST(taengine, CostsAreComparedAsWholeUnitsByTheFloor)
 TEST(taengine, RevenuesAreFlooredBeforeTheirSign)
 {
     GiveTransportation({{1.0, 1.000009}}, {1}, {1, 1}, "YES");
-    Tableau::TaSolve();
-    EXPECT_EQ(Tableau::ExtractSchedule().Shipment(1, 1), 1);
+    Solve();
+    EXPECT_EQ(Schedule().Shipment(1, 1), 1);
 }
 
-TEST(taengine, TheEntriesOfTheNodesStayAndTheRootIsLeftWithNothing)
+TEST(taengine, TheRootsArcsJoinEachNodeByItsSupply)
+{
+    GiveTransportation({{1, 2}}, {9}, {3, 0});
+    EXPECT_EQ(Tableau::TailOf(Problem, 2), 1);
+    EXPECT_EQ(Tableau::HeadOf(Problem, 2), 3);
+    EXPECT_EQ(Tableau::TailOf(Problem, 3), 1);  // a supply
+    EXPECT_EQ(Tableau::HeadOf(Problem, 3), 4);
+    EXPECT_EQ(Tableau::TailOf(Problem, 4), 4);  // a demand
+    EXPECT_EQ(Tableau::HeadOf(Problem, 4), 2);
+    EXPECT_EQ(Tableau::TailOf(Problem, 5), 3);  // neither
+    EXPECT_EQ(Tableau::HeadOf(Problem, 5), 4);
+}
+
+TEST(taengine, AResultTellsWhetherThereIsOne)
 {
     GiveTransportation({{1, 2}}, {9}, {3, 4});
-    Tableau::TaSolve();
-    EXPECT_EQ(Problem.NodeSupply(1), 9);
-    EXPECT_EQ(Problem.NodeSupply(2), -3);
-    EXPECT_EQ(Problem.NodeSupply(3), -4);
-    EXPECT_EQ(Problem.NodeSupply(4), 0);
-    for (int e = 1; e <= Problem.NumArcs + Problem.NumNodes; ++e)
-        EXPECT_EQ(Problem.ArcCap(e), 9);
+    EXPECT_FALSE(Result.Solved);
+    Solve();
+    EXPECT_TRUE(Result.Solved);
+    EXPECT_FALSE(Result.Maximize);
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include <array>
 
 #include "shell/solution.h"
-#include "support/fake_desktop.h"
 #include "tableau/tables.h"
 
 namespace {
@@ -20,12 +19,11 @@ class TransportationReport : public testing::Test {
 protected:
     const Lines& Shown()
     {
-        Tableau::TaSolve();
-        Tableau::ShowTransportationSolution();
+        Solve();
+        SolutionPage page;
+        Tableau::WriteTransportationPage(page);
         return SolutionLines();
     }
-
-    FakeDesktop desktop;
 };
 
 // A table of so many lines in which every origin has one unit for each destination.
@@ -49,9 +47,7 @@ TEST_F(TransportationReport, ABalancedScheduleEndsWithItsTotal)
                                      "",                                                  //
                                      "    TOTAL TRANSPORTATION COST OR REVENUE IS:  55",  //
                                      ""));
-    EXPECT_TRUE(desktop.dialogs.messages.empty());
-    EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Optimal Transportation Schedule");
-    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
+    EXPECT_TRUE(Tableau::TransportationOutcome().Before.empty());
 }
 
 TEST_F(TransportationReport, ExcessSupplyIsListedByOrigin)
@@ -72,7 +68,6 @@ TEST_F(TransportationReport, ExcessSupplyIsListedByOrigin)
                                      "       ------       -------------",                       //
                                      "         2                   10",                         //
                                      "         3                    1"));
-    EXPECT_TRUE(desktop.dialogs.messages.empty());
 }
 
 TEST_F(TransportationReport, ShortSupplyIsWarnedOfAndListedByDestination)
@@ -90,12 +85,13 @@ TEST_F(TransportationReport, ShortSupplyIsWarnedOfAndListedByDestination)
                                      "    DESTINATION   UNSATISFIED DEMAND",                   //
                                      "    -----------   ------------------",                   //
                                      "         2                    3"));
-    EXPECT_EQ(
-        desktop.dialogs.Last(),
-        (ShownMessage{"Total demand exceeds total supply by 3.  The solution given provides the optimal "
-                      "shipment schedule for the available supply.  Some destinations will have "
-                      "unsatisfied demand.",
-                      "Warning:  INSUFFICIENT SUPPLY", Icon::Information, Buttons::OK}));
+    const auto notices = Tableau::TransportationOutcome().Before;
+    ASSERT_EQ(notices.size(), 1U);
+    EXPECT_EQ(notices[0].Text,
+              "Total demand exceeds total supply by 3.  The solution given provides the optimal shipment "
+              "schedule for the available supply.  Some destinations will have unsatisfied demand.");
+    EXPECT_EQ(notices[0].Title, "Warning:  INSUFFICIENT SUPPLY");
+    EXPECT_EQ(notices[0].Sign, Icon::Information);
 }
 
 TEST_F(TransportationReport, TheTotalShowsTheDecimalsOfTheData)
@@ -175,6 +171,7 @@ TEST_F(TransportationReport, TheStatementNamesTheProblemAndItsObjective)
                 ElementsAre("    TRANSPORTATION PROBLEM", "    **********************",
                             "    OBJECTIVE:  MINIMIZATION"));
     GiveAssignment({{1}}, "YES");
+    Solve();
     EXPECT_THAT(
         LinesOf(Tableau::PrintProblemStatement),
         ElementsAre("    ASSIGNMENT PROBLEM", "    ******************", "    OBJECTIVE:  MAXIMIZATION"));
@@ -317,7 +314,7 @@ TEST_F(TransportationReport, CostsAreShownWithTheDecimalsOfTheProblem)
 TEST_F(TransportationReport, TheFullReportWarnsBeforeTheSchedule)
 {
     GiveTransportation({{1.5, 9}}, {10}, {6, 7});
-    Tableau::TaSolve();
+    Solve();
     EXPECT_THAT(LinesOf(Tableau::PrintTransportationSolution),
                 ElementsAre("     WARNING:  INSUFFICIENT SUPPLY",                                       //
                             "     *****************************",                                       //
@@ -339,13 +336,12 @@ TEST_F(TransportationReport, TheFullReportWarnsBeforeTheSchedule)
                             "    DESTINATION   UNSATISFIED DEMAND",                                     //
                             "    -----------   ------------------",                                     //
                             "         2                    3"));
-    EXPECT_TRUE(desktop.dialogs.messages.empty());
 }
 
 TEST_F(TransportationReport, TheFullReportNotesExcessSupply)
 {
     GiveTransportation({{-2}}, {10}, {6});
-    Tableau::TaSolve();
+    Solve();
     const Lines lines = LinesOf(Tableau::PrintTransportationSolution);
     EXPECT_THAT(Lines(lines.begin() + 7, lines.end()),
                 ElementsAre("", "    TOTAL TRANSPORTATION COST OR REVENUE IS-12 ", "",
