@@ -7,11 +7,9 @@
 #include "basic/number.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
-#include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
-#include "tableau/Criterion.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
 
@@ -20,7 +18,6 @@ namespace {
 
 constexpr std::string_view kForm = "frmProblem";
 constexpr std::string_view kGrid = "gridDisplayEdit";
-constexpr int kSubmenu = 2;  // of the Edit menu
 
 // How the two problems call their lines and say what the grid is.
 struct Words {
@@ -275,16 +272,6 @@ void DeleteDestination()
     if (!CanLose(Problem.NumDestinations, WordsAtHand().Column) || !FinishCell()) return;
     if (const auto line = AskLine(Problem.NumDestinations, DestinationWords()))
         Rebuild(Problem.NumOrigins, Problem.NumDestinations - 1, 0, *line);
-}
-
-bool AskTableauCriterion()
-{
-    if (!AskCriterion()) {
-        desktop::TheForms().FocusMenu();
-        return false;
-    }
-    Menus.EnableEditItems(kSubmenu, kSubmenu, false);
-    return true;
 }
 
 }  // namespace Tableau

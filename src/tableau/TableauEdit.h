@@ -1,5 +1,4 @@
-// Transportation and assignment on the problem form: the new tableau, its display, lines added and deleted,
-// and what the solve command asks.
+// Transportation and assignment on the problem form: the new tableau, its display, lines added and deleted.
 #pragma once
 
 namespace Tableau {
@@ -11,8 +10,5 @@ void AddOrigin();
 void AddDestination();
 void DeleteOrigin();  // asks which one
 void DeleteDestination();
-
-// What Solve asks first. No line is added or deleted while a report is there. False: cancelled.
-bool AskTableauCriterion();
 
 }  // namespace Tableau
