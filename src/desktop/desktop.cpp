@@ -53,6 +53,11 @@ void Beep()
     desktop::TheDialogs().Beep();
 }
 
+void ShowError(const RuntimeError& error)
+{
+    MsgBox(error.Text(), "Error # " + std::to_string(static_cast<int>(error.Number())));
+}
+
 bool Refuse(std::string_view text)
 {
     MsgBox(text, "Data Input Error");

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "basic/error.h"
+
 enum class Icon { None, Critical, Question, Exclamation, Information };
 enum class Buttons { OK, OKCancel, YesNo };
 enum class Answer { OK, Cancel, Yes, No };
@@ -33,6 +35,9 @@ Answer MsgBox(std::string_view text, std::string_view title, Icon icon = Icon::C
               Buttons buttons = Buttons::OK);
 std::string InputBox(std::string_view prompt, std::string_view title);
 void Beep();
+
+// The error box: the error's text, title "Error # " and its number.
+void ShowError(const RuntimeError& error);
 
 // The box of a refused entry: title "Data Input Error", critical icon. Always false, to be returned.
 bool Refuse(std::string_view text);

@@ -8,8 +8,8 @@
 #include <utility>
 
 #include "basic/error.h"
+#include "desktop/dialogs.h"
 #include "qt/fields.h"
-#include "shell/commands.h"
 
 namespace qt {
 namespace {

@@ -10,7 +10,6 @@
 #include "desktop/desktop.h"
 #include "qt/application.h"
 #include "qt/text.h"
-#include "shell/commands.h"
 
 namespace qt {
 namespace {

@@ -19,11 +19,6 @@ const ModuleRoutines* Routines()
     return Session.CurrentModule == 0 ? nullptr : CurrentModule().Routines;
 }
 
-std::string ErrorTitle(const RuntimeError& error)
-{
-    return "Error # " + std::to_string(static_cast<int>(error.Number()));
-}
-
 // The trap of a command. A dialog's cancel ends it silently; any other failure goes to `failed`.
 template <typename Steps, typename Failed>
 void Trap(Steps steps, Failed failed)
@@ -365,11 +360,6 @@ int CommitCell(int row, int column, std::string_view text)
     const ModuleRoutines* routines = Routines();
     return routines != nullptr && routines->CommitCell ? routines->CommitCell(row, column, text)
                                                        : kCellStored;
-}
-
-void ShowError(const RuntimeError& error)
-{
-    MsgBox(error.Text(), ErrorTitle(error));
 }
 
 void ShowDisplayItem(bool enabled)

@@ -4,7 +4,6 @@
 
 #include <string_view>
 
-#include "basic/error.h"
 #include "shell/module.h"
 
 namespace Commands {
@@ -49,6 +48,3 @@ void EndDisplay();
 
 // Commits one cell of the tableau form through the current module.
 int CommitCell(int row, int column, std::string_view text);
-
-// The error box: the error's text, title "Error # " and its number.
-void ShowError(const RuntimeError& error);
