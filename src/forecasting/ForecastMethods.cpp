@@ -9,31 +9,77 @@
 namespace VtForecasting {
 namespace {
 
-// The result of the run; it becomes the module's when the run has come to its end.
-ForecastResult Run;
+// Averages over a whole cycle of p seasons, each set against the period in its middle.
+struct CentredAverages {
+    int First;  // period
+    int Last;
+    Array1<double> Value;
+};
+
+class Forecaster {
+public:
+    explicit Forecaster(const ForecastProblem& problem);
+    ForecastResult Run();
+
+private:
+    [[nodiscard]] double MeanFrom(int first, int count) const;
+    double Fit(int t, double fitted);
+    void FitTrend(const Array1<double>& values);
+    [[nodiscard]] double Trend(int t) const;
+    template <typename Model>
+    void FitAndForecast(Model model);
+
+    void MovingAverages();
+    void ExponentialSmoothing();
+    void TrendProjection();
+    void TrendAndSeasonal();
+
+    [[nodiscard]] CentredAverages Centre(int p) const;
+    [[nodiscard]] double MeanRatio(const CentredAverages& centred, int season) const;
+    void FindSeasonalIndexes();
+    [[nodiscard]] double IndexOfPeriod(int t) const;
+
+    int forecastCount_;
+    ForecastResult result_;
+};
+
+// A copy of the series, and room for what is fitted to it.
+Forecaster::Forecaster(const ForecastProblem& problem)
+    : forecastCount_(static_cast<int>(std::max(0.0, Val(problem.ForecastCount))))
+{
+    const int n = problem.PeriodCount;
+    result_.Method = problem.ForecastMethod;
+    result_.Parameter = Val(problem.MethodParameter);
+    result_.PeriodCount = n;
+    result_.Series = Array1<double>(kMostPeriods);
+    result_.Fitted = Array1<double>(kMostPeriods);
+    result_.FitError = Array1<double>(kMostPeriods);
+    for (int t = 1; t <= n; ++t)
+        result_.Series(t) = problem.TimeSeries(t).Value();
+}
 
 // ---- shared steps ----
 
-double MeanFrom(int first, int count)
+double Forecaster::MeanFrom(int first, int count) const
 {
     double sum = 0;
     for (int t = first; t < first + count; ++t)
-        sum += Run.Series(t);
+        sum += result_.Series(t);
     return sum / count;
 }
 
 // Answers the square of the period's error.
-double Fit(int t, double fitted)
+double Forecaster::Fit(int t, double fitted)
 {
-    Run.Fitted(t) = fitted;
-    Run.FitError(t) = Run.Series(t) - fitted;
-    return Run.FitError(t) * Run.FitError(t);
+    result_.Fitted(t) = fitted;
+    result_.FitError(t) = result_.Series(t) - fitted;
+    return result_.FitError(t) * result_.FitError(t);
 }
 
 // The least-squares line through the values of all periods.
-void FitTrend(const Array1<double>& values)
+void Forecaster::FitTrend(const Array1<double>& values)
 {
-    const int n = Run.PeriodCount;
+    const int n = result_.PeriodCount;
     double sumT = 0;
     double sumY = 0;
     double sumTT = 0;
@@ -46,56 +92,56 @@ void FitTrend(const Array1<double>& values)
     }
     const double sxy = sumTY - Divide(sumT * sumY, n);
     const double sxx = sumTT - Divide(sumT * sumT, n);
-    Run.TrendSlope = Divide(sxy, sxx);
-    Run.TrendIntercept = sumY / n - sumT / n * Run.TrendSlope;
+    result_.TrendSlope = Divide(sxy, sxx);
+    result_.TrendIntercept = sumY / n - sumT / n * result_.TrendSlope;
 }
 
-double Trend(int t)
+double Forecaster::Trend(int t) const
 {
-    return Run.TrendIntercept + Run.TrendSlope * t;
+    return result_.TrendIntercept + result_.TrendSlope * t;
 }
 
 // Fits every period and makes the forecasts behind the last one by the given function of the period.
 template <typename Model>
-void FitAndForecast(Model model)
+void Forecaster::FitAndForecast(Model model)
 {
-    const int n = Run.PeriodCount;
+    const int n = result_.PeriodCount;
     double squares = 0;
     for (int t = 1; t <= n; ++t)
         squares += Fit(t, model(t));
-    Run.MeanSquareError = squares / n;
-    Run.ForecastCount = static_cast<int>(std::max(0.0, Val(Problem.ForecastCount)));
-    Run.Forecast = Array1<double>(Run.ForecastCount);
-    for (int i = 1; i <= Run.ForecastCount; ++i)
-        Run.Forecast(i) = model(n + i);
+    result_.MeanSquareError = squares / n;
+    result_.ForecastCount = forecastCount_;
+    result_.Forecast = Array1<double>(result_.ForecastCount);
+    for (int i = 1; i <= result_.ForecastCount; ++i)
+        result_.Forecast(i) = model(n + i);
 }
 
 // ---- methods 1 to 3 ----
 
-void MovingAverages()
+void Forecaster::MovingAverages()
 {
-    const int n = Run.PeriodCount;
-    const int k = static_cast<int>(Run.Parameter);
+    const int n = result_.PeriodCount;
+    const int k = static_cast<int>(result_.Parameter);
     double squares = 0;
     for (int t = k + 1; t <= n; ++t)
         squares += Fit(t, MeanFrom(t - k, k));
-    Run.MeanSquareError = Divide(squares, n - k);
-    Run.NextForecast = MeanFrom(n - k + 1, k);
-    Run.FirstFittedPeriod = k + 1;
+    result_.MeanSquareError = Divide(squares, n - k);
+    result_.NextForecast = MeanFrom(n - k + 1, k);
+    result_.FirstFittedPeriod = k + 1;
 }
 
-void ExponentialSmoothing()
+void Forecaster::ExponentialSmoothing()
 {
-    const int n = Run.PeriodCount;
-    const double a = Run.Parameter;
-    const auto next = [a](int t) { return a * Run.Series(t) + (1 - a) * Run.Fitted(t); };
-    Run.Fitted(1) = Run.Series(1);
+    const int n = result_.PeriodCount;
+    const double a = result_.Parameter;
+    const auto next = [this, a](int t) { return a * result_.Series(t) + (1 - a) * result_.Fitted(t); };
+    result_.Fitted(1) = result_.Series(1);
     double squares = 0;
     for (int t = 1; t < n; ++t)
         squares += Fit(t + 1, next(t));
-    Run.MeanSquareError = squares / (n == 1 ? 1 : n - 1);
-    Run.NextForecast = next(n);
-    Run.FirstFittedPeriod = 2;
+    result_.MeanSquareError = squares / (n == 1 ? 1 : n - 1);
+    result_.NextForecast = next(n);
+    result_.FirstFittedPeriod = 2;
 }
 
 double ToThousandths(double value)
@@ -104,26 +150,19 @@ double ToThousandths(double value)
 }
 
 // The rounded line is the model, not only its picture in the report.
-void TrendProjection()
+void Forecaster::TrendProjection()
 {
-    FitTrend(Run.Series);
-    Run.TrendIntercept = ToThousandths(Run.TrendIntercept);
-    Run.TrendSlope = ToThousandths(Run.TrendSlope);
-    FitAndForecast(Trend);
+    FitTrend(result_.Series);
+    result_.TrendIntercept = ToThousandths(result_.TrendIntercept);
+    result_.TrendSlope = ToThousandths(result_.TrendSlope);
+    FitAndForecast([this](int t) { return Trend(t); });
 }
 
 // ---- method 4 ----
 
-// Averages over a whole cycle of p seasons, each set against the period in its middle.
-struct CentredAverages {
-    int First;  // period
-    int Last;
-    Array1<double> Value;
-};
-
-CentredAverages Centre(int p)
+CentredAverages Forecaster::Centre(int p) const
 {
-    const int n = Run.PeriodCount;
+    const int n = result_.PeriodCount;
     const bool odd = p % 2 == 1;
     const int averages = odd ? n - p + 1 : n - p;
     const int shift = odd ? (p - 1) / 2 : p / 2;
@@ -134,76 +173,57 @@ CentredAverages Centre(int p)
 }
 
 // Mean of the season's values against their centred averages; an average of 0 gives a ratio of 0.
-double MeanRatio(const CentredAverages& centred, int season)
+double Forecaster::MeanRatio(const CentredAverages& centred, int season) const
 {
     double sum = 0;
     int count = 0;
-    for (int t = season; t <= centred.Last; t += Run.SeasonCount) {
+    for (int t = season; t <= centred.Last; t += result_.SeasonCount) {
         if (t < centred.First) continue;
-        if (centred.Value(t) != 0) sum += Run.Series(t) / centred.Value(t);
+        if (centred.Value(t) != 0) sum += result_.Series(t) / centred.Value(t);
         ++count;
     }
     return Divide(sum, count);
 }
 
 // The indexes, scaled to average 1.
-void FindSeasonalIndexes()
+void Forecaster::FindSeasonalIndexes()
 {
-    const int p = Run.SeasonCount;
+    const int p = result_.SeasonCount;
     const CentredAverages centred = Centre(p);
-    Run.SeasonalIndex = Array1<double>(p);
+    result_.SeasonalIndex = Array1<double>(p);
     double sum = 0;
     for (int s = 1; s <= p; ++s) {
-        Run.SeasonalIndex(s) = MeanRatio(centred, s);
-        sum += Run.SeasonalIndex(s);
+        result_.SeasonalIndex(s) = MeanRatio(centred, s);
+        sum += result_.SeasonalIndex(s);
     }
     const double factor = Divide(p, sum);
     for (int s = 1; s <= p; ++s) {
-        Run.SeasonalIndex(s) *= factor;
-        if (Run.SeasonalIndex(s) == 0) ++Run.ZeroIndexCount;
+        result_.SeasonalIndex(s) *= factor;
+        if (result_.SeasonalIndex(s) == 0) ++result_.ZeroIndexCount;
     }
 }
 
-double IndexOfPeriod(int t)
+double Forecaster::IndexOfPeriod(int t) const
 {
-    const int season = t % Run.SeasonCount;
-    return Run.SeasonalIndex(season == 0 ? Run.SeasonCount : season);
+    const int season = t % result_.SeasonCount;
+    return result_.SeasonalIndex(season == 0 ? result_.SeasonCount : season);
 }
 
-void TrendAndSeasonal()
+void Forecaster::TrendAndSeasonal()
 {
-    Run.SeasonCount = static_cast<int>(Run.Parameter);
+    result_.SeasonCount = static_cast<int>(result_.Parameter);
     FindSeasonalIndexes();
-    if (Run.ZeroIndexCount > 0) return;
-    Array1<double> deseasonalized(Run.PeriodCount);
-    for (int t = 1; t <= Run.PeriodCount; ++t)
-        deseasonalized(t) = Run.Series(t) / IndexOfPeriod(t);
+    if (result_.ZeroIndexCount > 0) return;
+    Array1<double> deseasonalized(result_.PeriodCount);
+    for (int t = 1; t <= result_.PeriodCount; ++t)
+        deseasonalized(t) = result_.Series(t) / IndexOfPeriod(t);
     FitTrend(deseasonalized);
-    FitAndForecast([](int t) { return Trend(t) * IndexOfPeriod(t); });
+    FitAndForecast([this](int t) { return Trend(t) * IndexOfPeriod(t); });
 }
 
-// An empty run over a copy of the series.
-void BeginRun()
+ForecastResult Forecaster::Run()
 {
-    const int n = Problem.PeriodCount;
-    Run = {};
-    Run.Method = Problem.ForecastMethod;
-    Run.Parameter = Val(Problem.MethodParameter);
-    Run.PeriodCount = n;
-    Run.Series = Array1<double>(kMostPeriods);
-    Run.Fitted = Array1<double>(kMostPeriods);
-    Run.FitError = Array1<double>(kMostPeriods);
-    for (int t = 1; t <= n; ++t)
-        Run.Series(t) = Problem.TimeSeries(t).Value();
-}
-
-}  // namespace
-
-void Forecast()
-{
-    Result = {};
-    BeginRun();
-    switch (Run.Method) {
+    switch (result_.Method) {
         case kMovingAverages:
             MovingAverages();
             break;
@@ -217,7 +237,14 @@ void Forecast()
             TrendAndSeasonal();
             break;
     }
-    Result = std::move(Run);
+    return std::move(result_);
+}
+
+}  // namespace
+
+ForecastResult Forecast(const ForecastProblem& problem)
+{
+    return Forecaster(problem).Run();
 }
 
 }  // namespace VtForecasting

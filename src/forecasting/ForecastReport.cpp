@@ -14,9 +14,6 @@
 namespace VtForecasting {
 namespace {
 
-// Where the full report differs from the screen.
-enum class Style { Screen, Printed };
-
 // ---- fields ----
 
 struct SeriesFields {
@@ -51,33 +48,27 @@ struct Heading {
     std::string_view Rule;
 };
 
-Heading HeadingOf(int method)
-{
-    switch (method) {
-        case kMovingAverages:
-            return {"FORECASTING WITH MOVING AVERAGES", "********************************"};
-        case kExponentialSmoothing:
-            return {"FORECASTING WITH EXPONENTIAL SMOOTHING", "**************************************"};
-        case kTrendProjection:
-            return {"FORECASTING WITH LINEAR TREND", "*****************************"};
-        default:
-            return {"FORECASTING WITH TREND AND SEASONAL COMPONENTS",
-                    "**********************************************"};
-    }
-}
+// By method.
+constexpr std::array<Heading, 4> kHeadings = {{
+    {.Title = "FORECASTING WITH MOVING AVERAGES", .Rule = "********************************"},
+    {.Title = "FORECASTING WITH EXPONENTIAL SMOOTHING", .Rule = "**************************************"},
+    {.Title = "FORECASTING WITH LINEAR TREND", .Rule = "*****************************"},
+    {.Title = "FORECASTING WITH TREND AND SEASONAL COMPONENTS",
+     .Rule = "**********************************************"},
+}};
 
-std::string Margin(Style style)
+std::string Margin(const ReportChannel& out)
 {
-    if (style == Style::Screen) return "";
+    if (out.OnScreen()) return "";
     return Blanks(Result.Method == kTrendAndSeasonal ? 4 : 5);
 }
 
-void MethodHeading(ReportChannel& out, Style style)
+void MethodHeading(ReportChannel& out)
 {
-    const Heading heading = HeadingOf(Result.Method);
+    const Heading heading = kHeadings.at(static_cast<std::size_t>(Result.Method) - 1);
     out.Line();
-    out.Line(Margin(style) + std::string(heading.Title));
-    out.Line(Margin(style) + std::string(heading.Rule));
+    out.Line(Margin(out) + std::string(heading.Title));
+    out.Line(Margin(out) + std::string(heading.Rule));
 }
 
 void ParameterLine(ReportChannel& out)
@@ -89,10 +80,10 @@ void ParameterLine(ReportChannel& out)
         out.Line("     THE SMOOTHING CONSTANT IS" + item);
 }
 
-void TrendEquation(ReportChannel& out, Style style)
+void TrendEquation(ReportChannel& out)
 {
     out.Line();
-    out.Line(Margin(style) + "THE LINEAR TREND EQUATION:");
+    out.Line(Margin(out) + "THE LINEAR TREND EQUATION:");
     out.Line();
     out.Line("                 T  = " + PlainText(Result.TrendIntercept) +
              (Result.TrendSlope < 0 ? " - " : " + ") + PlainText(std::abs(Result.TrendSlope)) + " t");
@@ -155,13 +146,12 @@ void SeriesTable(ReportChannel& out)
         out.Line(SeriesRow(t));
 }
 
-void MeanSquareErrorLine(ReportChannel& out, Style style)
+void MeanSquareErrorLine(ReportChannel& out)
 {
     constexpr int kWidth = 14;
     out.Line();
-    out.Line(
-        (style == Style::Screen ? "     THE MEAN SQUARE ERROR       " : "     THE MEAN SQUARE ERROR     ") +
-        FlushRight(Format(Result.MeanSquareError, "#,########0.00"), kWidth));
+    out.Line((out.OnScreen() ? "     THE MEAN SQUARE ERROR       " : "     THE MEAN SQUARE ERROR     ") +
+             FlushRight(Format(Result.MeanSquareError, "#,########0.00"), kWidth));
 }
 
 // The gap makes up for the digits of the period number, so that the values stand below each other.
@@ -187,27 +177,27 @@ void Forecasts(ReportChannel& out)
 }
 
 // What follows the heading of a method, down to the table of the series.
-void MethodBlock(ReportChannel& out, Style style)
+void MethodBlock(ReportChannel& out)
 {
-    if (style == Style::Printed) ParameterLine(out);
-    if (Result.Method == kTrendProjection) TrendEquation(out, style);
+    if (!out.OnScreen()) ParameterLine(out);
+    if (Result.Method == kTrendProjection) TrendEquation(out);
     if (Result.Method != kTrendAndSeasonal) return;
-    if (style == Style::Screen)
+    if (out.OnScreen())
         SeasonalTable(out);
     else
         PrintedSeasonalTable(out);
 }
 
-void WriteBlocks(ReportChannel& out, Style style)
+void WriteBlocks(ReportChannel& out)
 {
-    MethodHeading(out, style);
-    MethodBlock(out, style);
+    MethodHeading(out);
+    MethodBlock(out);
     if (Result.ZeroIndexCount > 0) {
-        if (style == Style::Printed) PrintedZeroWarning(out);
+        if (!out.OnScreen()) PrintedZeroWarning(out);
         return;
     }
     SeriesTable(out);
-    MeanSquareErrorLine(out, style);
+    MeanSquareErrorLine(out);
     Forecasts(out);
 }
 
@@ -233,15 +223,6 @@ void TellZeroIndexes()
            "WARNING!", Icon::Information);
 }
 
-void ShowReport()
-{
-    BeginSolution("Forecasting Solution");
-    SolutionChannel page;
-    WriteBlocks(page, Style::Screen);
-    ShowSolution();
-    if (Result.ZeroIndexCount > 0) TellZeroIndexes();
-}
-
 }  // namespace
 
 void SolveAndShow()
@@ -253,13 +234,19 @@ void SolveAndShow()
         return;
     }
     desktop::TheScreen().SetPointer(Pointer::Hourglass);
-    Forecast();
-    ShowReport();
+    Result = {};  // a run-time error leaves nothing solved
+    Result = Forecast(Problem);
+    SolutionPage page;
+    WriteReport(page);
+    ShowSolution();
+    if (Result.ZeroIndexCount > 0) TellZeroIndexes();
 }
 
 void WriteReport(ReportChannel& out)
 {
-    if (Result.Method != 0) WriteBlocks(out, Style::Printed);
+    if (Result.Method == 0) return;
+    if (out.OnScreen()) out.Line("Forecasting Solution");
+    WriteBlocks(out);
 }
 
 }  // namespace VtForecasting

@@ -200,20 +200,6 @@ std::string HalfThePeriods()
     return PlainText(Problem.PeriodCount / 2.0);
 }
 
-std::string_view IndicatorOf(int method)
-{
-    switch (method) {
-        case kMovingAverages:
-            return "Forecasting Module - Moving Averages";
-        case kExponentialSmoothing:
-            return "Forecasting Module - Exponential Smoothing";
-        case kTrendProjection:
-            return "Forecasting Module - Trend Projection";
-        default:
-            return "Forecasting Module - Trend && Seasonal Projection";
-    }
-}
-
 // The text is a whole number from 1 to `most`. The message ends in the limit, a fixed one with a full stop.
 bool IsPeriodCount(std::string_view text, int most, const char* stop = "")
 {
@@ -252,41 +238,53 @@ bool IsForecastCount(std::string_view text, double seasons)
     return true;
 }
 
+// What is particular to a method: how it stands in the status text, the labels of its two fields and the
+// check of the first one. An empty label has no field.
+struct Method {
+    std::string_view Indicator;
+    std::array<std::string, 2> (*Labels)();
+    bool (*CheckFirst)(std::string_view text);
+};
+
+const Method& MethodOf(int method)
+{
+    static const std::array<Method, 4> methods{{
+        {"Forecasting Module - Moving Averages",
+         [] {
+             return std::array<std::string, 2>{"Number of Periods in Moving Average:", ""};
+         },
+         [](std::string_view text) { return IsPeriodCount(text, Problem.PeriodCount); }},
+        {"Forecasting Module - Exponential Smoothing",
+         [] {
+             return std::array<std::string, 2>{"Smoothing Constant (0-1):", ""};
+         },
+         IsSmoothingConstant},
+        {"Forecasting Module - Trend Projection",
+         [] {
+             return std::array<std::string, 2>{"Number of Periods to Forescast (MAX=12):", ""};
+         },
+         [](std::string_view text) { return IsPeriodCount(text, kMostTrendForecasts, "."); }},
+        {"Forecasting Module - Trend && Seasonal Projection",
+         [] {
+             return std::array<std::string, 2>{"Number of Seasons (MAX=" + HalfThePeriods() + "):",
+                                               "Number of Periods to Forecast:"};
+         },
+         IsSeasonCount},
+    }};
+    return methods.at(static_cast<std::size_t>(method) - 1);
+}
+
 }  // namespace
 
 std::array<std::string, 2> FieldLabels(int method)
 {
-    switch (method) {
-        case kMovingAverages:
-            return {"Number of Periods in Moving Average:", ""};
-        case kExponentialSmoothing:
-            return {"Smoothing Constant (0-1):", ""};
-        case kTrendProjection:
-            return {"Number of Periods to Forescast (MAX=12):", ""};
-        default:
-            return {"Number of Seasons (MAX=" + HalfThePeriods() + "):", "Number of Periods to Forecast:"};
-    }
+    return MethodOf(method).Labels();
 }
 
 int TakeMethod(int method, const std::array<std::string, 2>& fields)
 {
-    desktop::TheScreen().SetIndicator(IndicatorOf(method));
-    bool accepted = false;
-    switch (method) {
-        case kMovingAverages:
-            accepted = IsPeriodCount(fields[0], Problem.PeriodCount);
-            break;
-        case kExponentialSmoothing:
-            accepted = IsSmoothingConstant(fields[0]);
-            break;
-        case kTrendProjection:
-            accepted = IsPeriodCount(fields[0], kMostTrendForecasts, ".");
-            break;
-        default:
-            accepted = IsSeasonCount(fields[0]);
-            break;
-    }
-    if (!accepted) return 0;
+    desktop::TheScreen().SetIndicator(MethodOf(method).Indicator);
+    if (!MethodOf(method).CheckFirst(fields[0])) return 0;
     // The check has taken the thousands separators out, which would end a number when it is read.
     const std::string first = Session.CheckText;
     std::string second;

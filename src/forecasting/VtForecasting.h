@@ -78,8 +78,8 @@ void CancelMethod();
 
 // ---- engine ----
 
-// Reads Problem, leaves Result. "Division by zero" or "Overflow" where a divisor is 0: an average over all
-// periods, a trend over one period, seasonal indexes that add up to 0; nothing counts as solved then.
-void Forecast();
+// "Division by zero" or "Overflow" where a divisor is 0: an average over all periods, a trend over one
+// period, seasonal indexes that add up to 0.
+ForecastResult Forecast(const ForecastProblem& problem);
 
 }  // namespace VtForecasting

@@ -26,5 +26,6 @@ inline void ForecastBy(int method, std::string_view parameter, std::string_view 
     Problem.ForecastMethod = static_cast<std::int16_t>(method);
     Problem.MethodParameter = parameter;
     Problem.ForecastCount = count;
-    VtForecasting::Forecast();
+    VtForecasting::Result = {};
+    VtForecasting::Result = VtForecasting::Forecast(Problem);
 }
