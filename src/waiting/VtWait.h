@@ -39,6 +39,7 @@ struct WaitingProblem {
 };
 
 struct WaitingResult {
+    bool Solved = false;  // false: nothing has been solved since the problem began
     double ProbabilityNone = 0;
     double UnitsInLine = 0;
     double UnitsInSystem = 0;
@@ -94,9 +95,10 @@ bool CheckRates();
 
 // ---- engine ----
 
-// Reads Problem, leaves Result. Run-time errors where a division or a power fails.
-void Solve();
+// Run-time errors where a division or a power fails.
+WaitingResult Solve(const WaitingProblem& problem);
 
-double TotalCost();  // of the economic analysis, per time period
+// Of the economic analysis, per time period.
+double TotalCost(const WaitingProblem& problem, const WaitingResult& result);
 
 }  // namespace VtWait

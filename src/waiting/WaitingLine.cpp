@@ -40,89 +40,6 @@ double FallingProduct(int n, int count)
     return product;
 }
 
-double Load()
-{
-    return Divide(Problem.ArrivalRate.Value(), Problem.ServiceRate.Value());
-}
-
-// Little's law.
-void TimesFromLine()
-{
-    Result.TimeInLine = Divide(Result.UnitsInLine, Problem.ArrivalRate.Value());
-    Result.TimeInSystem = Divide(1, Problem.ServiceRate.Value()) + Result.TimeInLine;
-}
-
-void ListExponentialStates(int k, double load)
-{
-    const double none = Result.ProbabilityNone;
-    double listed = none;
-    Result.StateProbability(0) = none;
-    for (int n = 1; n <= kLastListedState; ++n) {
-        const double ways = n > k ? Finite(Factorial(k) * Power(k, n - k)) : Factorial(n);
-        Result.StateProbability(n) = Finite(none * Power(load, n)) / ways;
-        listed += Result.StateProbability(n);
-        Result.RowCount = n + 1;
-        Result.TailProbability = 1 - listed;
-        if (Result.TailProbability < kTailLimit) break;
-    }
-}
-
-void ExponentialChannels()
-{
-    const int k = ToInt16(Problem.Channels.Value());
-    const double arrivals = Problem.ArrivalRate.Value();
-    const double services = Problem.ServiceRate.Value();
-    const double load = Load();
-    const double capacity = k * services;
-    const double spare = capacity - arrivals;
-    double sum = 0;
-    for (int i = 1; i <= k; ++i)
-        sum += Power(load, i - 1) / Factorial(i - 1);
-    Problem.Population = k - 1;
-    const double factorial = Factorial(k - 1);
-    const double allBusy = Power(load, k);
-    Result.ProbabilityNone = Divide(1, Divide(services, spare) * (allBusy / factorial) + sum);
-    Result.UnitsInLine =
-        Divide(Result.ProbabilityNone * (services * arrivals * allBusy), spare * spare * factorial);
-    Result.UnitsInSystem = load + Result.UnitsInLine;
-    TimesFromLine();
-    Result.ProbabilityWait =
-        Result.ProbabilityNone * Divide(capacity, spare) * allBusy * Divide(1, k * factorial);
-    ListExponentialStates(k, load);
-}
-
-void SingleChannel()
-{
-    const double load = Load();
-    const double arrivals = Problem.ArrivalRate.Value();
-    const double deviation = Problem.ServiceStdDev.Value();
-    Result.ProbabilityNone = 1 - load;
-    Result.StateProbability(0) = Result.ProbabilityNone;
-    Result.UnitsInLine = Divide(load * load + deviation * deviation * (arrivals * arrivals), 2 * (1 - load));
-    Result.UnitsInSystem = load + Result.UnitsInLine;
-    TimesFromLine();
-    Result.ProbabilityWait = load;
-}
-
-// Erlang's loss formula: the service times matter only by their mean.
-void NoWaiting()
-{
-    const int k = ToInt16(Problem.Channels.Value());
-    const double load = Load();
-    Array1<double> busyWeight(kMostBusy);
-    busyWeight(0) = 1;
-    double total = 1;
-    for (int i = 1; i <= k; ++i) {
-        busyWeight(i) = Finite(load * busyWeight(i - 1) / i);
-        total += busyWeight(i);
-    }
-    for (int j = 0; j <= k; ++j)
-        Result.StateProbability(j) = busyWeight(j) / total;
-    Result.ProbabilityNone = Result.StateProbability(0);
-    Result.ProbabilityWait = Result.StateProbability(k);
-    Result.UnitsInSystem = (1 - Result.StateProbability(k)) * load;
-}
-
 // States relative to the empty one, which has weight 1.
 Array1<double> PopulationWeights(int k, int population, double load)
 {
@@ -143,56 +60,166 @@ double Sum(const Array1<double>& terms, int first, int last)
     return sum;
 }
 
-void FinitePopulation()
+class Line {
+public:
+    explicit Line(const WaitingProblem& problem) : problem_(problem) {}
+    WaitingResult Solve();
+
+private:
+    [[nodiscard]] int Channels() const { return ToInt16(problem_.Channels.Value()); }
+    [[nodiscard]] double Load() const;
+    void TimesFromLine();
+    void ListExponentialStates(int k, double load);
+    void ExponentialChannels();
+    void SingleChannel(double deviation);
+    void NoWaiting();
+    void FinitePopulation();
+
+    const WaitingProblem& problem_;
+    WaitingResult result_;
+};
+
+double Line::Load() const
 {
-    const int k = ToInt16(Problem.Channels.Value());
-    const int population = ToInt16(Problem.Population.Value());
+    return Divide(problem_.ArrivalRate.Value(), problem_.ServiceRate.Value());
+}
+
+// Little's law.
+void Line::TimesFromLine()
+{
+    result_.TimeInLine = Divide(result_.UnitsInLine, problem_.ArrivalRate.Value());
+    result_.TimeInSystem = Divide(1, problem_.ServiceRate.Value()) + result_.TimeInLine;
+}
+
+void Line::ListExponentialStates(int k, double load)
+{
+    const double none = result_.ProbabilityNone;
+    double listed = none;
+    result_.StateProbability(0) = none;
+    for (int n = 1; n <= kLastListedState; ++n) {
+        const double ways = n > k ? Finite(Factorial(k) * Power(k, n - k)) : Factorial(n);
+        result_.StateProbability(n) = Finite(none * Power(load, n)) / ways;
+        listed += result_.StateProbability(n);
+        result_.RowCount = n + 1;
+        result_.TailProbability = 1 - listed;
+        if (result_.TailProbability < kTailLimit) break;
+    }
+}
+
+void Line::ExponentialChannels()
+{
+    const int k = Channels();
+    const double arrivals = problem_.ArrivalRate.Value();
+    const double services = problem_.ServiceRate.Value();
+    const double load = Load();
+    const double capacity = k * services;
+    const double spare = capacity - arrivals;
+    double sum = 0;
+    for (int i = 1; i <= k; ++i)
+        sum += Power(load, i - 1) / Factorial(i - 1);
+    const double factorial = Factorial(k - 1);
+    const double allBusy = Power(load, k);
+    result_.ProbabilityNone = Divide(1, Divide(services, spare) * (allBusy / factorial) + sum);
+    result_.UnitsInLine =
+        Divide(result_.ProbabilityNone * (services * arrivals * allBusy), spare * spare * factorial);
+    result_.UnitsInSystem = load + result_.UnitsInLine;
+    TimesFromLine();
+    result_.ProbabilityWait =
+        result_.ProbabilityNone * Divide(capacity, spare) * allBusy * Divide(1, k * factorial);
+    ListExponentialStates(k, load);
+}
+
+void Line::SingleChannel(double deviation)
+{
+    const double load = Load();
+    const double arrivals = problem_.ArrivalRate.Value();
+    result_.ProbabilityNone = 1 - load;
+    result_.StateProbability(0) = result_.ProbabilityNone;
+    result_.UnitsInLine = Divide(load * load + deviation * deviation * (arrivals * arrivals), 2 * (1 - load));
+    result_.UnitsInSystem = load + result_.UnitsInLine;
+    TimesFromLine();
+    result_.ProbabilityWait = load;
+}
+
+// Erlang's loss formula: the service times matter only by their mean.
+void Line::NoWaiting()
+{
+    const int k = Channels();
+    const double load = Load();
+    Array1<double> busyWeight(kMostBusy);
+    busyWeight(0) = 1;
+    double total = 1;
+    for (int i = 1; i <= k; ++i) {
+        busyWeight(i) = Finite(load * busyWeight(i - 1) / i);
+        total += busyWeight(i);
+    }
+    for (int j = 0; j <= k; ++j)
+        result_.StateProbability(j) = busyWeight(j) / total;
+    result_.ProbabilityNone = result_.StateProbability(0);
+    result_.ProbabilityWait = result_.StateProbability(k);
+    result_.UnitsInSystem = (1 - result_.StateProbability(k)) * load;
+}
+
+void Line::FinitePopulation()
+{
+    const int k = Channels();
+    const int population = ToInt16(problem_.Population.Value());
     const Array1<double> weight = PopulationWeights(k, population, Load());
-    Array1<double>& probability = Result.StateProbability;
-    Result.RowCount = population + 1;
-    Result.ProbabilityNone = Divide(1, Sum(weight, 0, k - 1) + Sum(weight, k, population));
+    Array1<double>& probability = result_.StateProbability;
+    result_.RowCount = population + 1;
+    result_.ProbabilityNone = Divide(1, Sum(weight, 0, k - 1) + Sum(weight, k, population));
     for (int n = 0; n <= population; ++n)
-        probability(n) = Result.ProbabilityNone * weight(n);
-    Result.UnitsInLine = 0;
+        probability(n) = result_.ProbabilityNone * weight(n);
+    result_.UnitsInLine = 0;
     for (int n = k; n <= population; ++n)
-        Result.UnitsInLine += probability(n) * (n - k);
+        result_.UnitsInLine += probability(n) * (n - k);
     double unitsInService = 0;  // while a channel is free
     for (int n = 0; n <= k - 1; ++n)
         unitsInService += probability(n) * n;
     const double channelFree = Sum(probability, 0, k - 1);
-    Result.UnitsInSystem = (1 - channelFree) * k + Result.UnitsInLine + unitsInService;
-    const double arrivals = (population - Result.UnitsInSystem) * Problem.ArrivalRate.Value();
-    Result.TimeInLine = Divide(Result.UnitsInLine, arrivals);
-    Result.TimeInSystem = Divide(Result.UnitsInSystem, arrivals);
-    Result.ProbabilityWait = 1 - channelFree;
+    result_.UnitsInSystem = (1 - channelFree) * k + result_.UnitsInLine + unitsInService;
+    const double arrivals = (population - result_.UnitsInSystem) * problem_.ArrivalRate.Value();
+    result_.TimeInLine = Divide(result_.UnitsInLine, arrivals);
+    result_.TimeInSystem = Divide(result_.UnitsInSystem, arrivals);
+    result_.ProbabilityWait = 1 - channelFree;
+}
+
+WaitingResult Line::Solve()
+{
+    switch (problem_.WaitingModel) {
+        case kExponential:
+            ExponentialChannels();
+            break;
+        case kArbitrary:
+            SingleChannel(problem_.ServiceStdDev.Value());
+            break;
+        case kDeterministic:
+            SingleChannel(0);
+            break;
+        case kNoWaiting:
+            NoWaiting();
+            break;
+        case kFinitePopulation:
+            FinitePopulation();
+            break;
+        default:
+            break;
+    }
+    result_.Solved = true;
+    return std::move(result_);
 }
 
 }  // namespace
 
-void Solve()
+WaitingResult Solve(const WaitingProblem& problem)
 {
-    Result.StateProbability.Fill(0);
-    switch (Problem.WaitingModel) {
-        case kExponential:
-            return ExponentialChannels();
-        case kDeterministic:
-            Problem.ServiceStdDev = 0;
-            [[fallthrough]];
-        case kArbitrary:
-            return SingleChannel();
-        case kNoWaiting:
-            return NoWaiting();
-        case kFinitePopulation:
-            return FinitePopulation();
-        default:
-            return;
-    }
+    return Line(problem).Solve();
 }
 
-double TotalCost()
+double TotalCost(const WaitingProblem& problem, const WaitingResult& result)
 {
-    return Problem.CostPerChannel.Value() * Problem.Channels.Value() +
-           Problem.CostPerUnitInSystem.Value() * Result.UnitsInSystem;
+    return problem.CostPerChannel.Value() * problem.Channels.Value() +
+           problem.CostPerUnitInSystem.Value() * result.UnitsInSystem;
 }
 
 }  // namespace VtWait

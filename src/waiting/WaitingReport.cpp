@@ -2,7 +2,6 @@
 
 #include "basic/format.h"
 #include "basic/number.h"
-#include "shell/solution.h"
 #include "waiting/VtWait.h"
 
 namespace VtWait {
@@ -64,7 +63,7 @@ void UnitsInSystem(ReportChannel& out, std::string_view margin)
 // The last line has no empty line behind it.
 void Characteristics(ReportChannel& out, std::string_view margin)
 {
-    if (Result.ProbabilityWait < kShownAsZero) Result.ProbabilityWait = 0;
+    const double wait = Result.ProbabilityWait < kShownAsZero ? 0 : Result.ProbabilityWait;
     NoUnits(out, margin);
     Spaced(out, Margin(margin, "THE AVERAGE NUMBER OF UNITS IN THE WAITING LINE    ",
                        Average(Result.UnitsInLine)));
@@ -73,8 +72,7 @@ void Characteristics(ReportChannel& out, std::string_view margin)
            Margin(margin, "THE AVERAGE TIME A UNIT SPENDS IN THE WAITING LINE ", Average(Result.TimeInLine)));
     Spaced(out, Margin(margin, "THE AVERAGE TIME A UNIT SPENDS IN THE SYSTEM       ",
                        Average(Result.TimeInSystem)));
-    out.Line(Margin(margin, "THE PROBABILITY THAT AN ARRIVING UNIT HAS TO WAIT        ",
-                    Probability(Result.ProbabilityWait)));
+    out.Line(Margin(margin, "THE PROBABILITY THAT AN ARRIVING UNIT HAS TO WAIT        ", Probability(wait)));
 }
 
 void NoWaitCharacteristics(ReportChannel& out, std::string_view margin)
@@ -91,7 +89,7 @@ void Cost(ReportChannel& out, std::string_view margin)
     if (!HasEconomicAnalysis()) return;
     out.Line();
     out.Line(Margin(margin, "THE TOTAL COST PER TIME PERIOD                   ",
-                    FlushRight("$" + Format(TotalCost(), "###,###,##0.00"), kWidth)));
+                    FlushRight("$" + Format(TotalCost(Problem, Result), "###,###,##0.00"), kWidth)));
 }
 
 // ---- screen ----
@@ -101,7 +99,7 @@ bool ListsStates()
     return Problem.WaitingModel == kExponential || Problem.WaitingModel == kFinitePopulation;
 }
 
-// The title and its rule of stars; the first line of a page is given to the page itself.
+// The title and its rule of stars.
 std::vector<std::string> ScreenTitle()
 {
     const std::string start = "SUMMARY OF A " + Problem.Channels.Text() + " CHANNEL ";
@@ -193,21 +191,17 @@ void ScreenNoWaitBody(ReportChannel& out)
     ScreenBusyStates(out);
 }
 
-void ShowCharacteristics()
+void ScreenReport(ReportChannel& out)
 {
-    const std::vector<std::string> title = ScreenTitle();
     const bool waits = Problem.WaitingModel != kNoWaiting;
-    BeginSolution(title.front());
-    SolutionChannel page;
-    for (std::size_t i = 1; i < title.size(); ++i)
-        page.Line(title[i]);
-    if (!waits) page.Line();
-    ScreenRates(page);
+    for (const std::string& line : ScreenTitle())
+        out.Line(line);
+    if (!waits) out.Line();
+    ScreenRates(out);
     if (waits)
-        ScreenBody(page);
+        ScreenBody(out);
     else
-        ScreenNoWaitBody(page);
-    ShowSolution();
+        ScreenNoWaitBody(out);
 }
 
 // ---- full report ----
@@ -298,15 +292,7 @@ void FullBusyStates(ReportChannel& out)
     }
 }
 
-}  // namespace
-
-void SolveAndShow()
-{
-    Solve();
-    ShowCharacteristics();
-}
-
-void WriteReport(ReportChannel& out)
+void FullReport(ReportChannel& out)
 {
     Data(out);
     for (int i = 0; i < 3; ++i)
@@ -321,6 +307,16 @@ void WriteReport(ReportChannel& out)
     Characteristics(out, kFullMargin);
     Cost(out, kFullMargin);
     if (ListsStates()) FullStates(out);
+}
+
+}  // namespace
+
+void WriteReport(ReportChannel& out)
+{
+    if (out.OnScreen())
+        ScreenReport(out);
+    else
+        FullReport(out);
 }
 
 }  // namespace VtWait

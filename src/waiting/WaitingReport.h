@@ -5,7 +5,6 @@
 
 namespace VtWait {
 
-void SolveAndShow();
 void WriteReport(ReportChannel& out);
 
 }  // namespace VtWait

@@ -1,11 +1,27 @@
 #include "waiting/module.h"
 
 #include "basic/entrytext.h"
+#include "basic/number.h"
 #include "waiting/VtWait.h"
 #include "waiting/WaitingReport.h"
 
 namespace VtWait {
 namespace {
+
+// The form and the file show what a solve leaves in the fields that its model does not ask for.
+void LeaveInProblem(WaitingProblem& problem)
+{
+    if (problem.WaitingModel == kExponential) problem.Population = ToInt16(problem.Channels.Value()) - 1;
+    if (problem.WaitingModel == kDeterministic) problem.ServiceStdDev = 0;
+}
+
+SolveOutcome SolveProblem()
+{
+    Result = {};  // a run-time error leaves nothing solved
+    LeaveInProblem(Problem);
+    Result = Solve(Problem);
+    return {};
+}
 
 void Write(RecordWriter& file)
 {
@@ -44,9 +60,9 @@ const ModuleRoutines& WaitingLines()
         .Dimension = VtWait::NewProblem,
         .Display = VtWait::Display,
         .Prepare = VtWait::HasModel,
-        .SolveAndShow = VtWait::SolveAndShow,
+        .Solve = VtWait::SolveProblem,
+        .Page = VtWait::WriteReport,
         .ShellShowsSolving = true,
-        .ShellEnablesPrinting = true,
         .ReturnToProblem = VtWait::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtWait::WriteReport},

@@ -93,7 +93,7 @@ TEST_F(WaitingModule, ANewProblemHoldsNothingOfTheLast)
 {
     GivenExponential(3, 2, 1);
     GivenCosts(1, 2);
-    VtWait::Solve();
+    WaitingLines().Solve();
     ListAnswers(VtWait::kFinitePopulation);
     Commands::New();
     EXPECT_EQ(Problem.WaitingModel, VtWait::kFinitePopulation);
@@ -183,7 +183,7 @@ TEST_F(WaitingModule, WritesASolvedProblemWithItsCosts)
 {
     GivenExponential(4, 15, 7);
     GivenCosts(2.5, 300);
-    VtWait::Solve();
+    WaitingLines().Solve();
     EXPECT_EQ(Written(), "1,4,15,7,3,,\"YES\",2.5,300,\"4\",\"15\",\"7\",\"3\",\"2.5\",\"300\"\r\n");
 }
 

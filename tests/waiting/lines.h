@@ -2,6 +2,7 @@
 #pragma once
 
 #include "waiting/VtWait.h"
+#include "waiting/module.h"
 
 inline void GivenChannels(int model, int channels, double arrivals, double services)
 {
@@ -44,4 +45,10 @@ inline void GivenCosts(double perUnitInSystem, double perChannel)
     VtWait::ChooseEconomicAnalysis(true);
     VtWait::Problem.CostPerUnitInSystem = perUnitInSystem;
     VtWait::Problem.CostPerChannel = perChannel;
+}
+
+// As the command does, with what it leaves in the problem.
+inline void SolveGiven()
+{
+    WaitingLines().Solve();
 }
