@@ -6,10 +6,7 @@
 #include <string>
 
 #include "basic/format.h"
-#include "desktop/desktop.h"
 #include "forecasting/VtForecasting.h"
-#include "shell/session.h"
-#include "shell/solution.h"
 
 namespace VtForecasting {
 namespace {
@@ -201,46 +198,7 @@ void WriteBlocks(ReportChannel& out)
     Forecasts(out);
 }
 
-// ---- on screen ----
-
-void TellZeroIndexes()
-{
-    const int zeroes = Result.ZeroIndexCount;
-    const std::string nonzero = Format(Result.SeasonCount - zeroes, "@@") + " nonzero seasons.";
-    if (zeroes == 1) {
-        MsgBox(
-            "1 seasonal index is zero.  The data cannot be deseasonalized for this season.  We suggest "
-            "that you remove this seasons from your time series and develop forecasts based on the " +
-                nonzero,
-            "WARNING!", Icon::Information);
-        return;
-    }
-    MsgBox(Format(zeroes, "@@") +
-               " seasonal indexes are zero.  The data cannot be deseasonalized for these seasons.  We "
-               "suggest that you remove these seasons from your time series and develop forecasts based on "
-               "the " +
-               nonzero,
-           "WARNING!", Icon::Information);
-}
-
 }  // namespace
-
-void SolveAndShow()
-{
-    desktop::TheScreen().SetPointer(Pointer::Normal);
-    desktop::TheForms().ShowModal("frmForecastingModels");
-    if (Session.DialogCancelled) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
-    desktop::TheScreen().SetPointer(Pointer::Hourglass);
-    Result = {};  // a run-time error leaves nothing solved
-    Result = Forecast(Problem);
-    SolutionPage page;
-    WriteReport(page);
-    ShowSolution();
-    if (Result.ZeroIndexCount > 0) TellZeroIndexes();
-}
 
 void WriteReport(ReportChannel& out)
 {

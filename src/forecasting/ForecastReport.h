@@ -5,7 +5,6 @@
 
 namespace VtForecasting {
 
-void SolveAndShow();  // asks for the method, then forecasts and shows the report
 void WriteReport(ReportChannel& out);
 
 }  // namespace VtForecasting

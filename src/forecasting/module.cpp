@@ -1,8 +1,11 @@
 #include "forecasting/module.h"
 
+#include "basic/format.h"
+#include "desktop/desktop.h"
 #include "forecasting/ForecastReport.h"
 #include "forecasting/VtForecasting.h"
 #include "shell/checks.h"
+#include "shell/session.h"
 
 namespace VtForecasting {
 namespace {
@@ -14,6 +17,36 @@ void EditCommand(int item)
 {
     if (item == kAddItem) AddTimePeriods();
     if (item == kDeleteItem) DeleteTimePeriods();
+}
+
+// Asks for the method and its inputs.
+bool Prepare()
+{
+    desktop::TheScreen().SetPointer(Pointer::Normal);
+    desktop::TheForms().ShowModal("frmForecastingModels");
+    return !Session.DialogCancelled;
+}
+
+std::string ZeroIndexText()
+{
+    const int zeroes = Result.ZeroIndexCount;
+    const std::string nonzero = Format(Result.SeasonCount - zeroes, "@@") + " nonzero seasons.";
+    if (zeroes == 1)
+        return "1 seasonal index is zero.  The data cannot be deseasonalized for this season.  We suggest "
+               "that you remove this seasons from your time series and develop forecasts based on the " +
+               nonzero;
+    return Format(zeroes, "@@") +
+           " seasonal indexes are zero.  The data cannot be deseasonalized for these seasons.  We "
+           "suggest that you remove these seasons from your time series and develop forecasts based on the " +
+           nonzero;
+}
+
+SolveOutcome SolveSeries()
+{
+    Result = {};  // a run-time error leaves nothing solved
+    Result = Forecast(Problem);
+    if (Result.ZeroIndexCount == 0) return {};
+    return {.After = {{.Text = ZeroIndexText(), .Title = "WARNING!"}}};
 }
 
 void Write(RecordWriter& file)
@@ -43,13 +76,13 @@ const ModuleRoutines& Forecasting()
         .Display = VtForecasting::Display,
         .CommitCell = VtForecasting::CommitCell,
         .Check = CheckTableau,
-        .SolveAndShow = VtForecasting::SolveAndShow,
-        .ShellShowsSolving = true,
-        .ShellEnablesPrinting = true,
-        .IndicatorComesBack = false,
+        .Prepare = VtForecasting::Prepare,
+        .Solve = VtForecasting::SolveSeries,
+        .Page = VtForecasting::WriteReport,
+        .PreparesUnderStatus = true,
+        .Status = StatusStays::BehindReport,  // it names the method
         .FirstEditItem = VtForecasting::kAddItem,
         .LastEditItem = VtForecasting::kDeleteItem,
-        .SolveDisablesEditItems = true,
         .EditItems = {"&Add Time Periods", "&Delete Time Periods"},
         .EditCommand = VtForecasting::EditCommand,
         .ReloadResetsIndicator = true,

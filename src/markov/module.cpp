@@ -45,7 +45,6 @@ const ModuleRoutines& MarkovProcesses()
         .Check = [] { return CheckProbabilityTableau(Markov::Probability); },
         .Solve = Markov::SolveProblem,
         .Page = Markov::WriteReport,
-        .ShellShowsSolving = true,
         .Reports = {Markov::WriteReport},
         .Write = Markov::Write,
         .Read = Markov::Read,

@@ -62,7 +62,6 @@ const ModuleRoutines& WaitingLines()
         .Prepare = VtWait::HasModel,
         .Solve = VtWait::SolveProblem,
         .Page = VtWait::WriteReport,
-        .ShellShowsSolving = true,
         .ReturnToProblem = VtWait::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtWait::WriteReport},

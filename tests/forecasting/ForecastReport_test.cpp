@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "forecasting/forecasting_support.h"
+#include "forecasting/module.h"
 #include "shell/session.h"
 #include "shell/solution.h"
 #include "support/fake_desktop.h"
@@ -32,7 +33,12 @@ protected:
     std::vector<std::string> Solved(int method, const std::string& first, const std::string& second = "")
     {
         desktop.forms.onModal["frmForecastingModels"] = [=] { TakeMethod(method, {first, second}); };
-        SolveAndShow();
+        if (!Forecasting().Prepare()) return {};
+        const SolveOutcome outcome = Forecasting().Solve();
+        SolutionPage page;
+        Forecasting().Page(page);
+        for (const Notice& notice : outcome.After)
+            MsgBox(notice.Text, notice.Title, notice.Sign);
         return SolutionLines();
     }
 
@@ -65,7 +71,6 @@ TEST_F(ForecastReport, MovingAveragesOnScreen)
                             "     THE MEAN SQUARE ERROR                16.00",                         //
                             "",                                                                        //
                             "     THE FORECAST FOR PERIOD 5            21.00"));
-    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }
 
@@ -243,7 +248,6 @@ TEST_F(ForecastReport, OneZeroIndexStopsWithAWarning)
                       "suggest that you remove this seasons from your time series and develop forecasts "
                       "based on the  1 nonzero seasons.",
                       "WARNING!", Icon::Information, Buttons::OK}));
-    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
     EXPECT_THAT(Printed(),
                 ElementsAre("",                                                                   //
                             "    FORECASTING WITH TREND AND SEASONAL COMPONENTS",                 //
@@ -280,9 +284,7 @@ TEST_F(ForecastReport, ACancelledMethodFormSolvesNothing)
 {
     Given({1, 2, 3});
     desktop.forms.onModal["frmForecastingModels"] = CancelMethod;
-    SolveAndShow();
-    EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
-    EXPECT_GT(desktop.forms.menuFocused, 0);
+    EXPECT_FALSE(Forecasting().Prepare());
     EXPECT_THAT(Printed(), IsEmpty());
 }
 
@@ -292,7 +294,7 @@ TEST_F(ForecastReport, ACancelledMethodFormKeepsTheFormerReport)
     Solved(kMovingAverages, "3");
     const auto before = Printed();
     desktop.forms.onModal["frmForecastingModels"] = CancelMethod;
-    SolveAndShow();
+    EXPECT_FALSE(Forecasting().Prepare());
     EXPECT_EQ(Printed(), before);
 }
 
