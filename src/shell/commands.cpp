@@ -337,6 +337,8 @@ void SolveProblem()
         },
         [&failed](const RuntimeError&) { failed = true; });
     LeaveSolving(routines, indicator, failed ? SolveEnd::None : end);
+    // The problem is still on screen, or there is none.
+    if (!failed && end == SolveEnd::None) Menus.SetEnabled(EditItemName(0), false);
     TheLastSolve.Set(end);
 }
 
