@@ -5,7 +5,7 @@
 
 namespace VtInvent {
 
-void WritePage(ReportChannel& out);
+void SolveAndShow();
 void WriteReport(ReportChannel& out);
 
 }  // namespace VtInvent

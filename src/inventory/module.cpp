@@ -30,7 +30,7 @@ void Write(RecordWriter& file)
                 p.HoldingCostMethod.Value(),
                 EntryText(p.HoldingCostMethod),
                 p.ReorderMark,
-                p.ReorderPoint,
+                Result.ReorderPoint,
                 p.ComputeReorderPoint,
                 p.CategoryCount.Value(),
                 EntryText(p.CategoryCount),
@@ -79,7 +79,7 @@ void ReadPolicyData(RecordReader& file)
     Problem.ProductionRate = ReadPair(file);
     Problem.HoldingCostMethod = ReadPair(file);
     Problem.ReorderMark = file.ReadDouble();
-    Problem.ReorderPoint = file.ReadDouble();
+    Result.ReorderPoint = file.ReadDouble();
     Problem.ComputeReorderPoint = file.ReadDouble();
     Problem.CategoryCount = ReadPair(file);
     Problem.UnderCost = ReadPair(file);
@@ -108,12 +108,6 @@ void Read(RecordReader& file)
     ShowModelCaption();
 }
 
-SolveOutcome Answer()
-{
-    SolveProblem();
-    return {};
-}
-
 }  // namespace
 }  // namespace VtInvent
 
@@ -123,9 +117,9 @@ const ModuleRoutines& Inventory()
         .Dimension = VtInvent::NewProblem,
         .Display = VtInvent::Display,
         .Prepare = VtInvent::HasModel,
-        .Solve = VtInvent::Answer,
-        .Page = VtInvent::WritePage,
+        .SolveAndShow = VtInvent::SolveAndShow,
         .ShellShowsSolving = true,
+        .ShellEnablesPrinting = true,
         .ReturnToProblem = VtInvent::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtInvent::WriteReport},

@@ -1,9 +1,10 @@
 #include "network/netout.h"
 
-#include <utility>
-
+#include "basic/format.h"
+#include "desktop/desktop.h"
 #include "network/NetworkSolver.h"
 #include "network/vtshrtrt.h"
+#include "shell/solution.h"
 
 namespace Network {
 namespace {
@@ -26,88 +27,14 @@ std::string RouteStars(int start, int end)
 
 std::string RouteRow(int from, int to)
 {
-    constexpr DecimalPatterns kPatterns = {"######0", "####0.0", "###0.00"};
+    constexpr LengthPatterns kPatterns = {"######0", "####0.0", "###0.00"};
     return FlushRight(Format(from, "#0"), kRouteStartWidth) + FlushRight(Format(to, "#0"), kRouteEndWidth) +
            FlushRight(LengthText(Result.NodeDistance(from, to), kPatterns), kRouteLengthWidth);
 }
 
-// ---- the tree ----
-
-constexpr int kTreeStartWidth = 20;
-constexpr int kTreeEndWidth = 12;
-constexpr int kTreeLengthWidth = 13;
-
-std::string TreeLengthText(std::int32_t length)
-{
-    constexpr DecimalPatterns kPatterns = {"########0", "######0.0", "#####0.00"};
-    return FlushRight(LengthText(length, kPatterns), kTreeLengthWidth);
-}
-
-// ---- the full report ----
-
-std::string ArcLine(int k)
-{
-    constexpr int kWidth = 8;
-    constexpr DecimalPatterns kPatterns = {"#######0", "#####0.0", "####0.00"};
-    return Format(k, "            @@") + Format(Problem.ArcTable(kStart, k), "        @@") +
-           Format(Problem.ArcTable(kEnd, k), "          @@") + "    " +
-           FlushRight(LengthText(Problem.ArcTable(kLength, k), kPatterns), kWidth);
-}
-
-void PrintDescription(ReportChannel& out)
-{
-    out.Line("                 **** NETWORK DESCRIPTION ****");
-    out.Line();
-    out.Line(Blanks(21) + PrintItem(Problem.NumNodes) + "NODES AND" + PrintItem(Problem.NumArcs) + "ARCS");
-    out.Line();
-    out.Line("            ARC   START NODE   END NODE   DISTANCE");
-    out.Line("            ---   ----------   --------   --------");
-    for (int k = 1; k <= Problem.NumArcs; ++k)
-        out.Line(ArcLine(k));
-}
-
-SolveOutcome OutcomeOf(const char* caption, Notice warning)
-{
-    if (Result.Reached) return {.Caption = caption};
-    warning.Title = "WARNING!";
-    warning.Sign = Icon::Critical;
-    return {.Solved = false, .Before = {std::move(warning)}};
-}
-
-void PrintWarning(ReportChannel& out)
-{
-    out.Line("     WARNING");
-    out.Line("     *******");
-}
-
-}  // namespace
-
-std::string LengthText(std::int32_t length, const DecimalPatterns& patterns)
-{
-    const double places = Problem.DecimalPlaces.Value();
-    const std::string_view decimals = places < 2 ? patterns.OnePlace : patterns.TwoPlaces;
-    return Format(length / kThousand, places < 1 ? patterns.Whole : decimals);
-}
-
-SolveOutcome RouteOutcome()
-{
-    return OutcomeOf(
-        "Optimal Route",
-        {.Text = "Please review the description of the network.  It is not possible to reach all "
-                 "nodes in the network."});
-}
-
-SolveOutcome TreeOutcome()
-{
-    return OutcomeOf(
-        "Optimal Solution",
-        {.Text = "Please review the description of the network.  A spanning tree does not exist for "
-                 "the network description you have provided."});
-}
-
 void WriteRoute(ReportChannel& out)
 {
-    constexpr DecimalPatterns kTotalPatterns = {"#######0", "#####0.0", "####0.00"};
+    constexpr LengthPatterns kTotalPatterns = {"#######0", "#####0.0", "####0.00"};
     const int start = Problem.StartNode;
     const int end = Problem.EndNode;
     out.Line("            THE SHORTEST ROUTE FROM NODE " + std::to_string(start) + " TO NODE " +
@@ -125,6 +52,18 @@ void WriteRoute(ReportChannel& out)
              FlushRight(LengthText(Result.NodeLabel(kDistance, end), kTotalPatterns), kRouteLengthWidth));
 }
 
+// ---- the tree ----
+
+constexpr int kTreeStartWidth = 20;
+constexpr int kTreeEndWidth = 12;
+constexpr int kTreeLengthWidth = 13;
+
+std::string TreeLengthText(std::int32_t length)
+{
+    constexpr LengthPatterns kPatterns = {"########0", "######0.0", "#####0.00"};
+    return FlushRight(LengthText(length, kPatterns), kTreeLengthWidth);
+}
+
 void WriteTree(ReportChannel& out)
 {
     out.Line("                    MINIMAL SPANNING TREE");
@@ -138,6 +77,60 @@ void WriteTree(ReportChannel& out)
                  TreeLengthText(Result.TreeArcs(kLength, k)));
     out.Line();
     out.Line("                    TOTAL LENGTH" + TreeLengthText(Result.TreeLength));
+}
+
+// ---- the full report ----
+
+std::string ArcLine(int k)
+{
+    constexpr int kWidth = 8;
+    constexpr LengthPatterns kPatterns = {"#######0", "#####0.0", "####0.00"};
+    return Format(k, "            @@") + Format(Problem.ArcTable(kStart, k), "        @@") +
+           Format(Problem.ArcTable(kEnd, k), "          @@") + "    " +
+           FlushRight(LengthText(Problem.ArcTable(kLength, k), kPatterns), kWidth);
+}
+
+void PrintDescription(ReportChannel& out)
+{
+    out.Line("                 **** NETWORK DESCRIPTION ****");
+    out.Line();
+    out.Line(Blanks(21) + PrintItem(Problem.NumNodes) + "NODES AND" + PrintItem(Problem.NumArcs) + "ARCS");
+    out.Line();
+    out.Line("            ARC   START NODE   END NODE   DISTANCE");
+    out.Line("            ---   ----------   --------   --------");
+    for (int k = 1; k <= Problem.NumArcs; ++k)
+        out.Line(ArcLine(k));
+}
+
+void PrintWarning(ReportChannel& out)
+{
+    out.Line("     WARNING");
+    out.Line("     *******");
+}
+
+}  // namespace
+
+std::string LengthText(std::int32_t length, const LengthPatterns& patterns)
+{
+    const double places = Problem.DecimalPlaces.Value();
+    const std::string_view decimals = places < 2 ? patterns.OnePlace : patterns.TwoPlaces;
+    return Format(length / kThousand, places < 1 ? patterns.Whole : decimals);
+}
+
+void ShowShortestRoute()
+{
+    SolutionPage page;
+    WriteRoute(page);
+    desktop::TheForms().Loaded("frmSolution").SetCaption("Optimal Route");
+    ShowSolution();
+}
+
+void ShowSpanningTree()
+{
+    SolutionPage page;
+    WriteTree(page);
+    desktop::TheForms().Loaded("frmSolution").SetCaption("Optimal Solution");
+    ShowSolution();
 }
 
 void PrintShortestRoute(ReportChannel& out)

@@ -52,6 +52,8 @@ struct Interval {
     double At = 0;               // the position across
     std::optional<double> From;  // nothing: open
     std::optional<double> To;
+    std::string FromText = {};  // the ends as they are written where the row has its own scale
+    std::string ToText = {};
 };
 
 enum class Side { None, Left, Right };  // of a line, on the way from its first point to its last
@@ -60,7 +62,9 @@ struct Series {
     SeriesKind Kind = SeriesKind::Line;
     Role As = Role::Plain;
     std::string Name = {};
-    std::vector<Point> Points = {};  // bars run from 0 (BarsFrom); along x where the y axis has names
+    // Bars run from 0 (BarsFrom); along x where the y axis has names. An area is closed from its last point
+    // to its first.
+    std::vector<Point> Points = {};
     std::vector<Interval> Intervals =
         {};                              // of kind Interval: along x where the y axis has names, else along y
     std::vector<std::string> Tips = {};  // one a point or interval, or none

@@ -12,6 +12,7 @@ namespace {
 struct StepKind {
     std::size_t Arguments;
     Outcome (*Perform)(const Step& step, Stage& stage);
+    std::size_t MayFollow = 0;  // further arguments that may be left out
 };
 
 const std::map<std::string, StepKind>& StepKinds()
@@ -26,7 +27,8 @@ const std::map<std::string, StepKind>& StepKinds()
         {"file", {1, AnswerFileDialog}}, {"printer", {1, AnswerPrinterDialog}},
         {"close", {0, CloseScreen}},     {"show", {0, WriteScreen}},
         {"report", {0, WriteReport}},    {"session", {0, WriteSession}},
-        {"shot", {1, SavePicture}},
+        {"shot", {1, SavePicture}},      {"picture", {0, WritePictures, 1}},
+        {"steps", {0, WriteSteps}},      {"meaning", {0, WriteMeaning}},
     };
     return kKinds;
 }
@@ -38,7 +40,8 @@ Outcome CheckStep(const Step& step)
     if (!step.Fault.empty()) return step.Fault;
     const auto kind = StepKinds().find(step.Name());
     if (kind == StepKinds().end()) return "there is no step " + step.Name();
-    if (step.Words.size() != kind->second.Arguments + 1)
+    const std::size_t given = step.Words.size() - 1;
+    if (given < kind->second.Arguments || given > kind->second.Arguments + kind->second.MayFollow)
         return step.Name() + " takes " + std::to_string(kind->second.Arguments) + " argument(s)";
     return kDone;
 }

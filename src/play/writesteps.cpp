@@ -10,6 +10,7 @@
 
 #include "play/controls.h"
 #include "play/screentext.h"
+#include "qt/sidepane.h"
 
 namespace play {
 namespace {
@@ -25,6 +26,15 @@ QWidget* FindShown(const char* name)
     for (QWidget* window : QApplication::topLevelWidgets())
         for (QWidget* found : window->findChildren<QWidget*>(name))
             if (found->isVisible()) return found;
+    return nullptr;
+}
+
+// The side pane that has something to show, folded away or not.
+qt::SidePane* FindPane()
+{
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* pane = window->findChild<qt::SidePane*>(); pane != nullptr && pane->HasSources())
+            return pane;
     return nullptr;
 }
 
@@ -111,6 +121,50 @@ Outcome WriteReport(const Step&, Stage& stage)
 Outcome WriteSession(const Step&, Stage& stage)
 {
     WriteLines(stage.Out, DescribeSession());
+    return kDone;
+}
+
+// All pictures of the pane, or one of them.
+Outcome WritePictures(const Step& step, Stage& stage)
+{
+    qt::SidePane* pane = FindPane();
+    if (pane == nullptr || pane->Pictures().empty()) {
+        stage.Out.Line("nothing");
+        return kDone;
+    }
+    const auto count = static_cast<int>(pane->Pictures().size());
+    std::optional<int> only;
+    if (step.Words.size() > 1) {
+        only = ReadCount(step.Argument(1).Text);
+        if (!only || *only < 1 || *only > count) return "there is no picture " + step.Argument(1).Text;
+    }
+    int number = 0;
+    for (const picture::Picture& picture : pane->Pictures())
+        if (++number; !only || *only == number)
+            WriteLines(stage.Out, picture::Listing(picture, number, count));
+    return kDone;
+}
+
+Outcome WriteSteps(const Step&, Stage& stage)
+{
+    qt::SidePane* pane = FindPane();
+    if (pane == nullptr)
+        stage.Out.Line("nothing");
+    else
+        WriteLines(stage.Out, picture::Listing(pane->Steps()));
+    return kDone;
+}
+
+Outcome WriteMeaning(const Step&, Stage& stage)
+{
+    qt::SidePane* pane = FindPane();
+    if (pane == nullptr) {
+        stage.Out.Line("nothing");
+        return kDone;
+    }
+    stage.Out.Line("meaning " + std::to_string(pane->Meaning().size()));
+    for (const picture::Sentence& sentence : pane->Meaning())
+        stage.Out.Line("|" + sentence.Text);
     return kDone;
 }
 

@@ -2,14 +2,11 @@
 // activity list.
 #pragma once
 
-#include "project/VtPert_CPM.h"
 #include "shell/report.h"
 
 namespace VtPert_CPM {
 
-int TimePlaces(const PertProblem& problem);  // of the times: 0, 1 or 2
-
-void WritePertReport(ReportChannel& out);  // on screen
+void SolvePert();  // calculates and shows the report
 void PrintPertReport(ReportChannel& out);
 
 }  // namespace VtPert_CPM

@@ -12,17 +12,11 @@ namespace {
 
 constexpr std::string_view kEntryForm = "frmPERT_CPM";
 
-bool CloseEntryForm()
+void SolveAndShow()
 {
     desktop::TheForms().Unload(kEntryForm);
     Session.NewProblem = false;
-    return true;
-}
-
-SolveOutcome Solve()
-{
-    Calculate();
-    return {};
+    SolvePert();
 }
 
 void ReturnToProblem()
@@ -90,9 +84,9 @@ const ModuleRoutines& PertCpm()
         .Dimension = VtPert_CPM::NewProject,
         .LeavesNewProblem = true,
         .Display = VtPert_CPM::Display,
-        .Prepare = VtPert_CPM::CloseEntryForm,
-        .Solve = VtPert_CPM::Solve,
-        .Page = VtPert_CPM::WritePertReport,
+        .SolveAndShow = VtPert_CPM::SolveAndShow,
+        .ShellShowsSolving = true,
+        .ShellEnablesPrinting = true,
         .ReturnToProblem = VtPert_CPM::ReturnToProblem,
         .FinishEdit = VtPert_CPM::FinishEdit,
         .SecondForm = std::string(VtPert_CPM::kEntryForm),

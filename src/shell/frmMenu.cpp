@@ -7,11 +7,19 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QStatusBar>
+#include <algorithm>
 
+#include "qt/besidesplitter.h"
+#include "shell/beside.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
+#include "shell/module.h"
+#include "shell/session.h"
+#include "shell/solution.h"
 
 namespace {
 
@@ -59,6 +67,24 @@ bool IsBarMenu(const MenuItem& item)
     return item.Parent.empty();
 }
 
+qt::PaneSources SourcesOfModule()
+{
+    if (Session.CurrentModule == 0 || CurrentModule().Routines == nullptr) return {};
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    return {.Pictures = routines.Pictures, .Steps = routines.Steps, .Meaning = routines.Meaning};
+}
+
+// The widest line with the frame and the scroll bar of its page, in pixels.
+int WidthOfReport(const QPlainTextEdit& page)
+{
+    constexpr int kAround = 16;
+    std::size_t most = 0;
+    for (const std::string& line : SolutionLines())
+        most = std::max(most, line.size());
+    return page.fontMetrics().horizontalAdvance(QString(static_cast<qsizetype>(most), '0')) +
+           page.verticalScrollBar()->sizeHint().width() + kAround;
+}
+
 bool HoldsItems(const MenuItem& item)
 {
     return item.Name == EditItemName(2);
@@ -76,13 +102,15 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     auto* area = new QMdiArea;
     area->setObjectName("mdiArea");
     area->setFocusPolicy(Qt::NoFocus);
-    setCentralWidget(area);
 
     auto* indicator = new QLabel;
     indicator->setObjectName("lblmoduleindicator");
     indicator->setAccessibleName("Current module");
     statusBar()->addWidget(indicator, 1);
     statusBar()->setSizeGripEnabled(false);
+    beside_ = new qt::BesideSplitter(area, this);
+    setCentralWidget(beside_);
+    TheLastSolve.Changed = [this] { SolveEnded(); };
 
     resize(kFirstSize);
     Menus.Changed = [this] { ShowMenus(); };
@@ -92,6 +120,26 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
 frmMenu::~frmMenu()
 {
     Menus.Changed = {};
+    TheLastSolve.Changed = {};
+}
+
+// The pane is filled later, when it is looked at; beside a problem, once the command is over.
+void frmMenu::SolveEnded()
+{
+    if (TheLastSolve.End() == SolveEnd::Report) {
+        const auto* page = findChild<QPlainTextEdit*>("gridSolution");
+        beside_->ShowBesideReport(SourcesOfModule(), page == nullptr ? 0 : WidthOfReport(*page));
+        return;
+    }
+    beside_->Remove();
+    if (TheLastSolve.End() == SolveEnd::None) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, solve = TheLastSolve.Number()] {
+            if (TheLastSolve.End() == SolveEnd::WithoutReport && TheLastSolve.Number() == solve)
+                beside_->ShowBesideProblem(SourcesOfModule());
+        },
+        Qt::QueuedConnection);
 }
 
 QMenu* frmMenu::MenuFor(const std::string& name, const std::string& parent)

@@ -10,6 +10,10 @@
 class QAction;
 class QMenu;
 
+namespace qt {
+class BesideSplitter;
+}
+
 class frmMenu : public QMainWindow {
     Q_OBJECT
 public:
@@ -22,12 +26,14 @@ protected:
 
 private:
     void MakeMenus();
-    void ShowMenus();  // brings the actions up to the menu table
+    void ShowMenus();   // brings the actions up to the menu table
+    void SolveEnded();  // brings the side pane, or takes it away
     QMenu* MenuFor(const std::string& name, const std::string& parent);
     QAction* ActionFor(const std::string& name, bool separator);
 
     std::map<std::string, QAction*> actions_;
     std::map<std::string, QMenu*> menus_;
     std::vector<std::string> shownItems_;
+    qt::BesideSplitter* beside_ = nullptr;
     bool scrolls_ = false;  // a key is being passed to the report page
 };

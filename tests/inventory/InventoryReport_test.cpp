@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "inventory/problems.h"
+#include "shell/solution.h"
 #include "support/fake_desktop.h"
 #include "support/report_lines.h"
 
@@ -20,8 +21,8 @@ class InventoryReports : public testing::Test {
 protected:
     static Lines Screen()
     {
-        VtInvent::SolveProblem();
-        return ScreenLines(VtInvent::WritePage);
+        VtInvent::SolveAndShow();
+        return SolutionLines();
     }
 
     // The report of what was solved last.
@@ -29,7 +30,7 @@ protected:
 
     static Lines SolvedFile()
     {
-        VtInvent::SolveProblem();
+        VtInvent::SolveAndShow();
         return File();
     }
 
@@ -66,6 +67,7 @@ TEST_F(InventoryReports, OrderQuantityOnScreen)
                                       "    AVERAGE INVENTORY LEVEL                       25.00",
                                       "    NUMBER OF ORDERS PER YEAR                      8.00",
                                       "    CYCLE TIME (DAYS)                             25.00", ""));
+    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
 }
 
 TEST_F(InventoryReports, OrderQuantityInFull)
@@ -366,7 +368,7 @@ TEST_F(InventoryReports, ValuesTooWideForTheirFieldKeepTheirLeftmostCharacters)
 TEST_F(InventoryReports, PaperAndFileHaveTheSameLines)
 {
     GivenShortages(0);
-    VtInvent::SolveProblem();
+    VtInvent::SolveAndShow();
     desktop.printer.Begin("Courier New", 12);
     PrinterChannel paper;
     VtInvent::WriteReport(paper);

@@ -21,17 +21,15 @@ class NetworkReport : public testing::Test {
 protected:
     const Lines& ShownRoute()
     {
-        FindRoute();
-        SolutionPage page;
-        Network::WriteRoute(page);
+        Network::FindShortestRoute();
+        Network::ShowShortestRoute();
         return SolutionLines();
     }
 
     const Lines& ShownTree()
     {
-        FindTree();
-        SolutionPage page;
-        Network::WriteTree(page);
+        Network::FindSpanningTree();
+        Network::ShowSpanningTree();
         return SolutionLines();
     }
 
@@ -63,6 +61,7 @@ TEST_F(NetworkReport, TheRouteIsListedFirstLegFirst)
                                           "                 5               7               5",    //
                                           "",                                                      //
                                           "                    TOTAL DISTANCE              13"));
+    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
 }
 
 TEST_F(NetworkReport, ARouteToItsOwnStartHasOneRow)
@@ -139,7 +138,7 @@ TEST_F(NetworkReport, TheFullRouteReportBeginsWithTheArcs)
     GiveRoute(12, {{1, 12, 2.5}}, 1, 12);
     Problem.NumNodes = 12;
     Problem.DecimalPlaces = 1.0;
-    FindRoute();
+    Network::FindShortestRoute();
     EXPECT_THAT(LinesOf(Network::PrintShortestRoute),
                 ElementsAre("     SHORTEST ROUTE",                                 //
                             "     **************",                                 //
@@ -180,7 +179,7 @@ TEST_F(NetworkReport, AMissingTreeIsWarnedOfInFull)
 {
     GiveTree(3, {{2, 1, 2.345}});
     Problem.DecimalPlaces = 2.0;
-    FindTree();
+    Network::FindSpanningTree();
     const Lines full = LinesOf(Network::PrintSpanningTree);
     EXPECT_EQ(full[8], "             1         2           1        2.35");
     EXPECT_THAT(

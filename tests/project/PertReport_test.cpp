@@ -32,9 +32,7 @@ protected:
     {
         Given(activities);
         Problem.DecimalPlaces = decimalPlaces;
-        Calculate();
-        SolutionPage page;
-        WritePertReport(page);
+        SolvePert();
         return SolutionLines();
     }
 
@@ -66,6 +64,7 @@ TEST_F(PertReport, KnownTimesOnScreen)
                             "        CRITICAL PATH:  A-B",  //
                             "",                             //
                             "        PROJECT COMPLETION TIME = 7"));
+    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
 }
 
 TEST_F(PertReport, EstimatesOnScreen)

@@ -1,0 +1,899 @@
+#include "qt/chartview.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+#include "basic/format.h"
+#include "picture/axis.h"
+#include "qt/cells.h"
+#include "qt/labels.h"
+#include "qt/text.h"
+
+namespace qt {
+namespace {
+
+using picture::Axis;
+using picture::Chart;
+using picture::Direction;
+using picture::Interval;
+using picture::Mark;
+using picture::Point;
+using picture::Role;
+using picture::Series;
+using picture::SeriesKind;
+using picture::Side;
+
+constexpr double kGap = 6;         // between a text and what it belongs to
+constexpr double kTick = 4;        // the length of a tick
+constexpr double kRowHeight = 22;  // of a named row
+constexpr double kBar = 12;
+constexpr double kThinBar = 4;
+constexpr double kMarkSize = 7;
+constexpr double kLeastPlot = 120;  // the smallest height and width of a chart's inside
+constexpr double kMostOfWidth = 0.4;
+
+bool Bounds(const Series& series)  // a line with a forbidden side: its window is exact
+{
+    return series.Forbidden != Side::None;
+}
+
+bool IsExact(const Chart& chart)
+{
+    return std::any_of(chart.Curves.begin(), chart.Curves.end(), Bounds);
+}
+
+QString NumberText(double value)
+{
+    return ToQt(PlainText(std::round(value * 1e6) / 1e6));
+}
+
+// Names that have no place of their own stand in a legend: those of bars, of areas and of points, where there
+// are several.
+std::vector<const Series*> LegendOf(const Chart& chart)
+{
+    std::vector<const Series*> named;
+    std::set<std::string> told;
+    for (const Series& series : chart.Curves) {
+        const bool own = series.Kind == SeriesKind::Line || series.Kind == SeriesKind::Steps;
+        if (!own && !series.Name.empty() && told.insert(series.Name).second) named.push_back(&series);
+    }
+    if (named.size() < 2 && chart.Curves.size() < 2) named.clear();
+    return named;
+}
+
+QPainterPath MarkPath(const QPointF& at, MarkForm form, double size)
+{
+    QPainterPath path;
+    if (form == MarkForm::Triangle) {
+        path.moveTo(at + QPointF(0, -size * 0.6));
+        path.lineTo(at + QPointF(size * 0.6, size * 0.5));
+        path.lineTo(at + QPointF(-size * 0.6, size * 0.5));
+        path.closeSubpath();
+    } else {
+        path.addEllipse(at, size / 2, size / 2);
+    }
+    return path;
+}
+
+// One painting of a chart.
+class Sheet {
+public:
+    Sheet(const Chart& chart, QPainter& painter, const QRectF& room, const Look& look)
+        : chart_(chart), painter_(painter), room_(room), look_(look), metrics_(look.Plain), labels_(look)
+    {
+    }
+
+    std::vector<Item> Paint()
+    {
+        SetRanges();
+        MakeRoom();
+        labels_.SetRoom(room_, plot_);
+        DrawLegend();
+        DrawBands();
+        DrawGrid();
+        for (const SeriesKind kind : {SeriesKind::Area, SeriesKind::Bars, SeriesKind::Interval,
+                                      SeriesKind::Steps, SeriesKind::Line, SeriesKind::Points})
+            for (const bool strong : {false, true})
+                for (const Series& series : chart_.Curves)
+                    if (series.Kind == kind && look_.Of(series.As).Bold == strong) Draw(series);
+        DrawAxes();
+        DrawRules();
+        DrawMarks();
+        PlaceNames();
+        labels_.Draw(painter_);
+        return std::move(items_);
+    }
+
+    [[nodiscard]] int LeftOut() const { return labels_.LeftOut(); }
+
+private:
+    void SetRanges()
+    {
+        x_ = {chart_.X.From, chart_.X.To};
+        y_ = {chart_.Y.From, chart_.Y.To};
+        if (!chart_.X.Names.empty()) x_ = {0.5, static_cast<double>(chart_.X.Names.size()) + 0.5};
+        if (!chart_.Y.Names.empty()) y_ = {0.5, static_cast<double>(chart_.Y.Names.size()) + 0.5};
+        if (!(x_.To > x_.From)) x_ = picture::RoundedOut(x_.From, x_.From, chart_.X.Counts);
+        if (!(y_.To > y_.From)) y_ = picture::RoundedOut(y_.From, y_.From, chart_.Y.Counts);
+        if (IsExact(chart_)) return;
+        if (chart_.Y.Names.empty())
+            y_ = picture::RoundedOut(y_.From, y_.To, chart_.Y.Counts);
+        else if (chart_.X.Names.empty() && !chart_.OwnScales)
+            x_ = picture::RoundedOut(x_.From, x_.To, chart_.X.Counts);
+    }
+
+    // The widest name at the end of a line that runs to the right edge.
+    [[nodiscard]] double EndNames() const
+    {
+        double widest = 0;
+        for (const Series& series : chart_.Curves) {
+            if ((series.Kind != SeriesKind::Line && series.Kind != SeriesKind::Steps) ||
+                series.Points.empty() || series.Forbidden != Side::None)
+                continue;
+            if (series.Points.back().X < x_.From + 0.9 * (x_.To - x_.From)) continue;
+            widest = std::max(widest, SizeOf(ToQt(series.Name), look_.FontOf(series.As)).width());
+        }
+        return widest == 0 ? 0 : widest + kGap;
+    }
+
+    void MakeRoom()
+    {
+        const double line = metrics_.height();
+        double top = room_.top() + LegendHeight();
+        if (!chart_.Y.Title.empty()) top += line + kGap / 2;
+        top += line / 2;  // half of the uppermost tick's text, and what stands above a bar
+        double bottom = room_.bottom();
+        if (!chart_.X.Title.empty()) bottom -= line + kGap / 2;
+        if (!chart_.OwnScales) bottom -= line + kTick + kGap / 2;
+        yTicks_ = FittingTicks(y_, chart_.Y.Counts, [&](const picture::Ticks& ticks) {
+            return static_cast<double>(ticks.Count()) * line * 1.3 <= bottom - top;
+        });
+        const double left = room_.left() + LeftTexts() + kTick + kGap;
+        const double right = room_.right() - std::min(EndNames(), 0.35 * room_.width()) - kGap;
+        plot_ = QRectF(QPointF(left, top), QPointF(std::max(right, left + 10), std::max(bottom, top + 10)));
+        xTicks_ =
+            FittingTicks(x_, chart_.X.Counts, [&](const picture::Ticks& ticks) { return XTextsFit(ticks); });
+    }
+
+    template <typename Fits>
+    static picture::Ticks FittingTicks(const picture::Range& range, bool counts, Fits fits)
+    {
+        constexpr int kMost = 8;
+        picture::Ticks ticks;
+        for (int most = kMost; most > 0; --most) {
+            ticks = picture::TicksOf(range.From, range.To, counts, most);
+            if (fits(ticks)) break;
+        }
+        return ticks;
+    }
+
+    [[nodiscard]] bool XTextsFit(const picture::Ticks& ticks) const
+    {
+        double before = -1e9;
+        for (auto i = ticks.First; i <= ticks.Last; ++i) {
+            const double width = metrics_.horizontalAdvance(ToQt(ticks.Text(i)));
+            if (AtX(ticks.At(i)) - width / 2 < before + kGap) return false;
+            before = AtX(ticks.At(i)) + width / 2;
+        }
+        return true;
+    }
+
+    [[nodiscard]] double LeftTexts() const
+    {
+        double widest = 0;
+        if (!chart_.Y.Names.empty()) {
+            for (const std::string& name : chart_.Y.Names)
+                widest = std::max(widest, SizeOf(ToQt(name), look_.Plain).width());
+            return std::min(widest, kMostOfWidth * room_.width());
+        }
+        for (auto i = yTicks_.First; i <= yTicks_.Last; ++i)
+            widest = std::max(widest, metrics_.horizontalAdvance(ToQt(yTicks_.Text(i))));
+        return widest;
+    }
+
+    [[nodiscard]] double AtX(double x) const
+    {
+        return plot_.left() + (x - x_.From) / (x_.To - x_.From) * plot_.width();
+    }
+
+    [[nodiscard]] double AtY(double y) const
+    {
+        const double share = (y - y_.From) / (y_.To - y_.From) * plot_.height();
+        return chart_.Y.Names.empty() ? plot_.bottom() - share : plot_.top() + share;
+    }
+
+    [[nodiscard]] QPointF At(const Point& point) const { return {AtX(point.X), AtY(point.Y)}; }
+
+    [[nodiscard]] bool RowsAcross() const { return !chart_.Y.Names.empty(); }
+
+    // ---- legend ----
+
+    [[nodiscard]] double LegendHeight() const
+    {
+        const auto entries = LegendOf(chart_);
+        if (entries.empty()) return 0;
+        double rows = 1;
+        double x = 0;
+        for (const Series* entry : entries) {
+            const double width = LegendWidth(*entry);
+            if (x > 0 && x + width > room_.width()) {
+                ++rows;
+                x = 0;
+            }
+            x += width;
+        }
+        return rows * (metrics_.height() + 2) + kGap;
+    }
+
+    [[nodiscard]] double LegendWidth(const Series& entry) const
+    {
+        return 18 + kGap + metrics_.horizontalAdvance(ToQt(entry.Name)) + 2 * kGap;
+    }
+
+    void DrawLegend()
+    {
+        QPointF at = room_.topLeft();
+        const double line = metrics_.height();
+        for (const Series* entry : LegendOf(chart_)) {
+            const double width = LegendWidth(*entry);
+            if (at.x() > room_.left() && at.x() + width > room_.right())
+                at = {room_.left(), at.y() + line + 2};
+            const QRectF sample(at.x(), at.y() + line / 2 - 5, 18, 10);
+            if (entry->Kind == SeriesKind::Points) {
+                DrawMark(sample.center(), entry->As);
+            } else {
+                DrawBlock(sample, *entry);
+            }
+            painter_.setFont(look_.Plain);
+            painter_.setPen(look_.Text);
+            painter_.drawText(QPointF(sample.right() + kGap, at.y() + metrics_.ascent()), ToQt(entry->Name));
+            at.rx() += width;
+        }
+    }
+
+    // ---- axes ----
+
+    void DrawBands()
+    {
+        for (const picture::Band& band : chart_.Bands) {
+            const bool across = band.Across == Direction::X;
+            const auto end = [&](const std::optional<double>& value, double edge) {
+                if (!value) return edge;
+                return across ? std::clamp(AtX(*value), plot_.left(), plot_.right())
+                              : std::clamp(AtY(*value), plot_.top(), plot_.bottom());
+            };
+            QRectF area = plot_;
+            if (across) {
+                area.setLeft(end(band.From, plot_.left()));
+                area.setRight(end(band.To, plot_.right()));
+            } else {
+                area.setBottom(end(band.From, plot_.bottom()));
+                area.setTop(end(band.To, plot_.top()));
+            }
+            area = area.normalized();
+            painter_.fillRect(area, look_.Of(band.As).Fill);
+            if (look_.Of(band.As).Hatched) painter_.fillRect(area, look_.Brush(band.As));
+            painter_.setPen(QPen(look_.Of(band.As).Stroke, 1));
+            if (across) {
+                if (band.From) painter_.drawLine(area.topLeft(), area.bottomLeft());
+                if (band.To) painter_.drawLine(area.topRight(), area.bottomRight());
+            } else {
+                if (band.From) painter_.drawLine(area.bottomLeft(), area.bottomRight());
+                if (band.To) painter_.drawLine(area.topLeft(), area.topRight());
+            }
+            AddItem(RectPath(area), BandTip(band), {});
+            labels_.Add({.Text = ToQt(band.Text),
+                         .As = band.As,
+                         .Candidates = labels_.Inside(ToQt(band.Text), band.As, area)});
+        }
+    }
+
+    static std::string BandTip(const picture::Band& band)
+    {
+        const auto text = [](const std::optional<double>& end) {
+            return end ? PlainText(std::round(*end * 1e6) / 1e6) : std::string("open");
+        };
+        return band.Text + (band.Text.empty() ? "" : ": ") + text(band.From) + " to " + text(band.To);
+    }
+
+    void DrawGrid()
+    {
+        painter_.setPen(QPen(look_.Grid, 1));
+        if (RowsAcross()) {
+            if (chart_.OwnScales) {
+                for (std::size_t row = 0; row < chart_.Y.Names.size(); ++row)
+                    painter_.drawLine(QPointF(plot_.left(), AtY(static_cast<double>(row) + 1.5)),
+                                      QPointF(plot_.right(), AtY(static_cast<double>(row) + 1.5)));
+                return;
+            }
+            for (auto i = xTicks_.First; i <= xTicks_.Last; ++i)
+                painter_.drawLine(QPointF(AtX(xTicks_.At(i)), plot_.top()),
+                                  QPointF(AtX(xTicks_.At(i)), plot_.bottom()));
+            return;
+        }
+        for (auto i = yTicks_.First; i <= yTicks_.Last; ++i)
+            painter_.drawLine(QPointF(plot_.left(), AtY(yTicks_.At(i))),
+                              QPointF(plot_.right(), AtY(yTicks_.At(i))));
+    }
+
+    // Where the axis lines stand: at the edges, the value axis of bars below zero at zero.
+    [[nodiscard]] double BaseLine() const
+    {
+        if (RowsAcross()) return plot_.bottom();
+        return std::clamp(AtY(chart_.BarsFrom), plot_.top(), plot_.bottom());
+    }
+
+    void DrawAxes()
+    {
+        painter_.setPen(QPen(look_.Axis, 1));
+        if (!chart_.OwnScales) painter_.drawLine(plot_.bottomLeft(), plot_.bottomRight());
+        const bool inside = !RowsAcross() && BaseLine() < plot_.bottom() - 1 && y_.From < 0;
+        if (inside) painter_.drawLine(QPointF(plot_.left(), BaseLine()), QPointF(plot_.right(), BaseLine()));
+        painter_.drawLine(plot_.topLeft(), plot_.bottomLeft());
+        if (RowsAcross() && x_.From < chart_.BarsFrom && !chart_.OwnScales)
+            painter_.drawLine(QPointF(AtX(chart_.BarsFrom), plot_.top()),
+                              QPointF(AtX(chart_.BarsFrom), plot_.bottom()));
+        painter_.setFont(look_.Plain);
+        DrawXTexts();
+        DrawYTexts();
+        DrawTitles();
+    }
+
+    void DrawXTexts()
+    {
+        if (chart_.OwnScales) return;
+        const double y = plot_.bottom() + kTick + metrics_.ascent() + 1;
+        if (!chart_.X.Names.empty()) {
+            DrawNames(y);
+            return;
+        }
+        for (auto i = xTicks_.First; i <= xTicks_.Last; ++i) {
+            const double x = AtX(xTicks_.At(i));
+            const QString text = ToQt(xTicks_.Text(i));
+            painter_.setPen(QPen(look_.Axis, 1));
+            painter_.drawLine(QPointF(x, plot_.bottom()), QPointF(x, plot_.bottom() + kTick));
+            painter_.setPen(look_.Quiet);
+            painter_.drawText(QPointF(x - metrics_.horizontalAdvance(text) / 2, y), text);
+        }
+    }
+
+    // Names thin out before they touch.
+    void DrawNames(double y)
+    {
+        const auto& names = chart_.X.Names;
+        std::size_t every = 1;
+        for (bool touches = true; touches && every < names.size(); every += touches ? 1 : 0) {
+            double before = -1e9;
+            touches = false;
+            for (std::size_t i = 0; i < names.size() && !touches; i += every) {
+                const double width = metrics_.horizontalAdvance(ToQt(names[i]));
+                const double x = AtX(static_cast<double>(i) + 1);
+                touches = x - width / 2 < before + kGap;
+                before = x + width / 2;
+            }
+        }
+        painter_.setPen(look_.Quiet);
+        for (std::size_t i = 0; i < names.size(); i += every) {
+            const QString name = ToQt(names[i]);
+            painter_.drawText(
+                QPointF(AtX(static_cast<double>(i) + 1) - metrics_.horizontalAdvance(name) / 2, y), name);
+        }
+    }
+
+    void DrawYTexts()
+    {
+        const double half = metrics_.ascent() / 2 - 1;
+        painter_.setPen(look_.Quiet);
+        if (RowsAcross()) {
+            const double wide = plot_.left() - room_.left() - kGap;
+            painter_.setPen(look_.Text);
+            for (std::size_t i = 0; i < chart_.Y.Names.size(); ++i) {
+                const QString name = metrics_.elidedText(ToQt(chart_.Y.Names[i]), Qt::ElideRight, wide);
+                painter_.drawText(QPointF(plot_.left() - kGap - metrics_.horizontalAdvance(name),
+                                          AtY(static_cast<double>(i) + 1) + half),
+                                  name);
+            }
+            return;
+        }
+        for (auto i = yTicks_.First; i <= yTicks_.Last; ++i) {
+            const QString text = ToQt(yTicks_.Text(i));
+            const double y = AtY(yTicks_.At(i));
+            painter_.setPen(QPen(look_.Axis, 1));
+            painter_.drawLine(QPointF(plot_.left() - kTick, y), QPointF(plot_.left(), y));
+            painter_.setPen(look_.Quiet);
+            painter_.drawText(
+                QPointF(plot_.left() - kTick - kGap / 2 - metrics_.horizontalAdvance(text), y + half), text);
+        }
+    }
+
+    void DrawTitles()
+    {
+        painter_.setPen(look_.Quiet);
+        if (!chart_.X.Title.empty()) {
+            const QString title = metrics_.elidedText(ToQt(chart_.X.Title), Qt::ElideRight, room_.width());
+            const double width = metrics_.horizontalAdvance(title);
+            const double x = std::max(room_.left(), plot_.right() - width);
+            painter_.drawText(QPointF(x, room_.bottom() - metrics_.descent()), title);
+        }
+        if (!chart_.Y.Title.empty()) {
+            const QString title = metrics_.elidedText(ToQt(chart_.Y.Title), Qt::ElideRight, room_.width());
+            painter_.drawText(QPointF(room_.left(), room_.top() + LegendHeight() + metrics_.ascent()), title);
+        }
+    }
+
+    // ---- series ----
+
+    void Draw(const Series& series)
+    {
+        switch (series.Kind) {
+            case SeriesKind::Area:
+                DrawArea(series);
+                break;
+            case SeriesKind::Bars:
+                DrawBars(series);
+                break;
+            case SeriesKind::Interval:
+                DrawIntervals(series);
+                break;
+            case SeriesKind::Line:
+            case SeriesKind::Steps:
+                DrawLine(series);
+                break;
+            case SeriesKind::Points:
+                DrawPoints(series);
+                break;
+        }
+    }
+
+    // Its outline runs everywhere but along the edges of the window, where the area goes on.
+    void DrawArea(const Series& series)
+    {
+        if (series.Points.empty()) return;
+        QPolygonF polygon;
+        for (const Point& point : series.Points)
+            polygon.append(At(point));
+        QPainterPath path;
+        path.addPolygon(polygon);
+        path.closeSubpath();
+        painter_.save();
+        painter_.setClipRect(plot_.adjusted(-1, -1, 1, 1));
+        painter_.fillPath(path, look_.Brush(series.As, series.Hatched));
+        painter_.setPen(QPen(look_.Of(series.As).Stroke, 1.5));
+        for (qsizetype i = 0; i < polygon.size(); ++i) {
+            const QPointF& from = polygon[i];
+            const QPointF& to = polygon[(i + 1) % polygon.size()];
+            if (!AlongEdge(from, to)) painter_.drawLine(from, to);
+        }
+        painter_.restore();
+        AddItem(path, TipOf(series, 0), series.Id);
+    }
+
+    [[nodiscard]] bool AlongEdge(const QPointF& a, const QPointF& b) const
+    {
+        constexpr double kNear = 0.5;
+        const auto both = [](double p, double q, double edge) {
+            return std::abs(p - edge) < kNear && std::abs(q - edge) < kNear;
+        };
+        return both(a.x(), b.x(), plot_.right()) || both(a.y(), b.y(), plot_.top()) ||
+               both(a.x(), b.x(), plot_.left()) || both(a.y(), b.y(), plot_.bottom());
+    }
+
+    void DrawBlock(const QRectF& block, const Series& series)
+    {
+        const RoleLook look = look_.Of(series.As);
+        painter_.fillRect(block, look_.Ground);
+        if (look.Bold && !series.Hatched)
+            painter_.fillRect(block, look.Stroke);
+        else if (!look.Dashes.isEmpty() || series.Hatched || look.Hatched)
+            painter_.fillRect(block, look_.Brush(series.As, series.Hatched));
+        else
+            painter_.fillRect(block, look.Fill);
+        QPen pen = look_.Pen(look, look.Bold ? 1.5 : 1);
+        if (series.Hatched || look.Hatched) pen.setStyle(Qt::SolidLine);
+        painter_.setPen(pen);
+        painter_.setBrush(Qt::NoBrush);
+        painter_.drawRect(block);
+    }
+
+    // Bars that stand at one position stand side by side.
+    void DrawBars(const Series& series)
+    {
+        int before = 0;
+        int count = 0;
+        for (const Series& other : chart_.Curves) {
+            if (other.Kind != SeriesKind::Bars || !SharesPlace(other, series)) continue;
+            if (&other < &series) ++before;
+            ++count;
+        }
+        const double slot = RowsAcross() ? plot_.height() / (y_.To - y_.From) : SlotWidth();
+        const double most = RowsAcross() ? 2.0 * kBar : 56;
+        const double width = std::max(1.0, std::min(0.72 * slot, most) / std::max(1, count));
+        const double offset = (before - (count - 1) / 2.0) * width;
+        for (std::size_t i = 0; i < series.Points.size(); ++i) {
+            const Point& point = series.Points[i];
+            QRectF bar;
+            if (RowsAcross())
+                bar = QRectF(QPointF(AtX(Clamped(chart_.BarsFrom, x_)), AtY(point.Y) + offset - width / 2),
+                             QPointF(AtX(Clamped(point.X, x_)), AtY(point.Y) + offset + width / 2));
+            else
+                bar = QRectF(QPointF(AtX(point.X) + offset - width / 2, AtY(Clamped(chart_.BarsFrom, y_))),
+                             QPointF(AtX(point.X) + offset + width / 2, AtY(Clamped(point.Y, y_))));
+            bar = bar.normalized();
+            DrawBlock(bar, series);
+            labels_.Avoid(bar);
+            AddItem(RectPath(bar), TipOf(series, i), series.Id);
+        }
+    }
+
+    static double Clamped(double value, const picture::Range& range)
+    {
+        return std::clamp(value, range.From, range.To);
+    }
+
+    [[nodiscard]] bool SharesPlace(const Series& a, const Series& b) const
+    {
+        const auto place = [this](const Point& point) { return RowsAcross() ? point.Y : point.X; };
+        return std::any_of(a.Points.begin(), a.Points.end(), [&](const Point& p) {
+            return std::any_of(b.Points.begin(), b.Points.end(),
+                               [&](const Point& q) { return place(p) == place(q); });
+        });
+    }
+
+    // The least distance of two bars.
+    [[nodiscard]] double SlotWidth() const
+    {
+        std::set<double> places;
+        for (const Series& series : chart_.Curves)
+            if (series.Kind == SeriesKind::Bars)
+                for (const Point& point : series.Points)
+                    places.insert(point.X);
+        double least = x_.To - x_.From;
+        double before = 0;
+        bool first = true;
+        for (const double place : places) {
+            if (!first) least = std::min(least, place - before);
+            before = place;
+            first = false;
+        }
+        return least / (x_.To - x_.From) * plot_.width();
+    }
+
+    // ---- intervals ----
+
+    struct RowScale {
+        double From = 0;
+        double To = 1;
+    };
+
+    // Of a row that has a scale of its own: its interval and its marks, with a quarter more on each side.
+    [[nodiscard]] RowScale ScaleOf(double row) const
+    {
+        std::vector<double> values;
+        for (const Series& series : chart_.Curves)
+            for (const Interval& interval : series.Intervals)
+                if (interval.At == row) {
+                    if (interval.From) values.push_back(*interval.From);
+                    if (interval.To) values.push_back(*interval.To);
+                }
+        for (const Mark& mark : chart_.Marks)
+            if (mark.At.Y == row) values.push_back(mark.At.X);
+        for (const Series& series : chart_.Curves)
+            for (const Point& point : series.Points)
+                if (point.Y == row) values.push_back(point.X);
+        if (values.empty()) return {};
+        const auto [least, most] = std::minmax_element(values.begin(), values.end());
+        double room = (*most - *least) / 3;
+        if (room == 0) room = std::max(1.0, std::abs(*most) / 2);
+        return {*least - room, *most + room};
+    }
+
+    [[nodiscard]] double AlongRow(double value, double row) const
+    {
+        if (!chart_.OwnScales) return AtX(value);
+        const RowScale scale = ScaleOf(row);
+        return plot_.left() + (value - scale.From) / (scale.To - scale.From) * plot_.width();
+    }
+
+    void DrawIntervals(const Series& series)
+    {
+        for (std::size_t i = 0; i < series.Intervals.size(); ++i) {
+            const Interval& interval = series.Intervals[i];
+            const double thick = series.Thin ? kThinBar : kBar;
+            QRectF bar;
+            if (RowsAcross()) {
+                const double from =
+                    interval.From ? AlongRow(*interval.From, interval.At) : plot_.left() + kGap;
+                const double to = interval.To ? AlongRow(*interval.To, interval.At) : plot_.right() - kGap;
+                bar = QRectF(QPointF(from, AtY(interval.At) - thick / 2),
+                             QPointF(to, AtY(interval.At) + thick / 2));
+            } else {
+                const double from = interval.From ? AtY(*interval.From) : plot_.bottom();
+                const double to = interval.To ? AtY(*interval.To) : plot_.top();
+                bar = QRectF(QPointF(AtX(interval.At) - thick / 2, to),
+                             QPointF(AtX(interval.At) + thick / 2, from));
+            }
+            bar = bar.normalized();
+            DrawInterval(bar, interval, series);
+            labels_.Avoid(bar);
+            AddItem(RectPath(bar.adjusted(-2, -3, 2, 3)), TipOf(series, i), series.Id);
+        }
+    }
+
+    void DrawInterval(const QRectF& bar, const Interval& interval, const Series& series)
+    {
+        DrawBlock(bar, series);
+        const QColor color = look_.Of(series.As).Stroke;
+        const QPointF left(bar.left(), bar.center().y());
+        const QPointF right(bar.right(), bar.center().y());
+        const QPointF top(bar.center().x(), bar.top());
+        const QPointF bottom(bar.center().x(), bar.bottom());
+        const double width = 2;
+        const auto head = [&](const QPointF& from, const QPointF& to) {
+            const QPointF along =
+                (to - from) / std::max(1.0, std::hypot(to.x() - from.x(), to.y() - from.y()));
+            painter_.fillPath(Arrowhead(from, to + along * (3 * width + 5), width), color);
+        };
+        if (!interval.From) RowsAcross() ? head(right, left) : head(top, bottom);
+        if (!interval.To) RowsAcross() ? head(left, right) : head(bottom, top);
+        if (chart_.OwnScales) WriteEnds(bar, interval, series.As);
+    }
+
+    void WriteEnds(const QRectF& bar, const Interval& interval, Role role)
+    {
+        const auto write = [&](const std::optional<double>& value, const std::string& told, bool left) {
+            if (!value) return;
+            const QString text = told.empty() ? NumberText(*value) : ToQt(told);
+            const QSizeF size = SizeOf(text, look_.Plain);
+            const double x = left ? bar.left() - size.width() - 4 : bar.right() + 4;
+            const QRectF place(QPointF(std::clamp(x, plot_.left(), plot_.right() - size.width()),
+                                       bar.center().y() - size.height() / 2),
+                               size);
+            labels_.Add({.Text = text,
+                         .As = role == Role::Best ? role : Role::Plain,
+                         .Candidates = {place},
+                         .Quiet = true});
+        };
+        write(interval.From, interval.FromText, true);
+        if (interval.To && interval.From && *interval.To == *interval.From) return;
+        write(interval.To, interval.ToText, false);
+    }
+
+    // ---- lines and points ----
+
+    [[nodiscard]] std::vector<Point> Corners(const Series& series) const
+    {
+        if (series.Kind != SeriesKind::Steps) return series.Points;
+        std::vector<Point> corners;
+        for (const Point& point : series.Points) {
+            if (!corners.empty()) corners.push_back({point.X, corners.back().Y});
+            corners.push_back(point);
+        }
+        return corners;
+    }
+
+    [[nodiscard]] picture::Box PlotBox() const
+    {
+        return {plot_.left(), plot_.top(), plot_.width(), plot_.height()};
+    }
+
+    [[nodiscard]] QPainterPath Clipped(const std::vector<Point>& corners) const
+    {
+        QPainterPath path;
+        for (std::size_t i = 0; i + 1 < corners.size(); ++i) {
+            const QPointF from = At(corners[i]);
+            const QPointF to = At(corners[i + 1]);
+            const auto part = picture::ClipSegment({{from.x(), from.y()}, {to.x(), to.y()}}, PlotBox());
+            if (!part) continue;
+            const QPointF begin = ToQt(part->From);
+            if (path.elementCount() == 0 || path.currentPosition() != begin) path.moveTo(begin);
+            path.lineTo(ToQt(part->To));
+        }
+        return path;
+    }
+
+    void DrawLine(const Series& series)
+    {
+        const RoleLook look = look_.Of(series.As);
+        const std::vector<Point> corners = Corners(series);
+        const QPainterPath path = Clipped(corners);
+        RoleLook drawn = look;
+        if (series.Thin) drawn.Dashes = {4, 4};
+        const double width = series.Thin                       ? 1
+                             : look.Bold                       ? 3
+                             : series.Kind == SeriesKind::Line ? look.Width
+                                                               : 2;
+        QPen pen = look_.Pen(drawn, width);
+        painter_.setBrush(Qt::NoBrush);
+        painter_.strokePath(path, pen);
+        if (series.Points.size() == 1) DrawMark(At(series.Points.front()), series.As);
+        if (look.Crossed) Cross(path, look.Stroke);
+        if (series.Forbidden != Side::None) {
+            painter_.setPen(QPen(look.Stroke, 1));
+            const bool left = series.Forbidden == Side::Left;
+            StrokesAlong(painter_, path, 9, left ? 7 : 0, left ? 0 : 7, left ? 0.8 : -0.8);
+        }
+        if (series.Arrow && corners.size() > 1 && plot_.adjusted(-1, -1, 1, 1).contains(At(corners.back())))
+            painter_.fillPath(Arrowhead(At(corners[corners.size() - 2]), At(corners.back()), width),
+                              look.Stroke);
+        labels_.AvoidLine(path);
+        lines_.push_back({&series, path});
+        AddLineItems(series, path);
+    }
+
+    void Cross(const QPainterPath& path, const QColor& color)
+    {
+        painter_.setPen(QPen(color, 1.5));
+        StrokesAlong(painter_, path, 26, 4, 4, 1);
+        StrokesAlong(painter_, path, 26, 4, 4, -1);
+    }
+
+    void AddLineItems(const Series& series, const QPainterPath& path)
+    {
+        if (series.Tips.size() == series.Points.size() && series.Points.size() > 1) {
+            for (std::size_t i = 0; i < series.Points.size(); ++i)
+                if (plot_.adjusted(-1, -1, 1, 1).contains(At(series.Points[i])))
+                    AddItem(MarkPath(At(series.Points[i]), MarkForm::Round, 2 * kMarkSize), series.Tips[i],
+                            series.Id);
+            return;
+        }
+        QPainterPathStroker wide;
+        wide.setWidth(8);
+        AddItem(wide.createStroke(path), TipOf(series, 0), series.Id);
+    }
+
+    void DrawMark(const QPointF& at, Role role)
+    {
+        const RoleLook look = look_.Of(role);
+        const QPainterPath path = MarkPath(at, look.Mark, look.Bold ? kMarkSize + 2 : kMarkSize);
+        painter_.fillPath(path, look.Mark == MarkForm::Filled ? look.Stroke : look_.Ground);
+        if (look.Mark == MarkForm::Round) painter_.fillPath(path, look.Fill);
+        painter_.strokePath(path, QPen(look.Stroke, 1.5));
+        if (look.Crossed) {
+            painter_.setPen(QPen(look.Stroke, 1.5));
+            painter_.drawLine(at + QPointF(-5, -5), at + QPointF(5, 5));
+            painter_.drawLine(at + QPointF(-5, 5), at + QPointF(5, -5));
+        }
+    }
+
+    void DrawPoints(const Series& series)
+    {
+        for (std::size_t i = 0; i < series.Points.size(); ++i) {
+            const Point& point = series.Points[i];
+            const QPointF at(chart_.OwnScales ? AlongRow(point.X, point.Y) : AtX(point.X), AtY(point.Y));
+            if (!plot_.adjusted(-1, -1, 1, 1).contains(at)) continue;
+            if (series.Points.size() > 400) {  // a grid of whole numbers: dots
+                painter_.setPen(QPen(look_.Of(series.As).Stroke, 2));
+                painter_.drawPoint(at);
+            } else {
+                DrawMark(at, series.As);
+            }
+            labels_.Avoid(QRectF(at - QPointF(4, 4), QSizeF(8, 8)));
+            if (series.Points.size() <= 400)
+                AddItem(MarkPath(at, MarkForm::Round, 2 * kMarkSize), TipOf(series, i), series.Id);
+        }
+    }
+
+    // ---- what is labelled ----
+
+    void DrawRules()
+    {
+        for (const picture::Rule& rule : chart_.Rules) {
+            const RoleLook look = look_.Of(rule.As);
+            QPen pen(look.Stroke, 1);
+            pen.setDashPattern({6, 4});
+            const bool upright = rule.Across == Direction::X;
+            const QLineF line = upright
+                                    ? QLineF(AtX(rule.Value), plot_.top(), AtX(rule.Value), plot_.bottom())
+                                    : QLineF(plot_.left(), AtY(rule.Value), plot_.right(), AtY(rule.Value));
+            if (!plot_.adjusted(-1, -1, 1, 1).contains(line.center())) continue;
+            painter_.setPen(pen);
+            painter_.drawLine(line);
+            QPainterPath path;
+            path.moveTo(line.p1());
+            path.lineTo(line.p2());
+            QPainterPathStroker wide;
+            wide.setWidth(8);
+            AddItem(wide.createStroke(path), rule.Text.empty() ? PlainText(rule.Value) : rule.Text, {});
+            const QString text = ToQt(rule.Text);
+            labels_.Add({.Text = text, .As = rule.As, .Candidates = labels_.AtRule(text, rule.As, line)});
+        }
+    }
+
+    void DrawMarks()
+    {
+        for (const Mark& mark : chart_.Marks) {
+            const QPointF at(chart_.OwnScales ? AlongRow(mark.At.X, mark.At.Y) : AtX(mark.At.X),
+                             AtY(mark.At.Y));
+            if (!plot_.adjusted(-2, -2, 2, 2).contains(at)) continue;
+            DrawMark(at, mark.As);
+            labels_.Avoid(QRectF(at - QPointF(5, 5), QSizeF(10, 10)));
+            AddItem(MarkPath(at, MarkForm::Round, 2 * kMarkSize), mark.Tip.empty() ? mark.Text : mark.Tip,
+                    mark.Id);
+            const QString text = ToQt(mark.Text);
+            labels_.Add({.Text = text, .As = mark.As, .Candidates = labels_.AroundPoint(text, mark.As, at)});
+        }
+    }
+
+    void PlaceNames()
+    {
+        for (const auto& [series, path] : lines_) {
+            if (series->Name.empty() || path.elementCount() == 0) continue;
+            const QString text = ToQt(series->Name);
+            labels_.Add(
+                {.Text = text, .As = series->As, .Candidates = labels_.AlongLine(text, series->As, path)});
+        }
+    }
+
+    // ---- items ----
+
+    static QPainterPath RectPath(const QRectF& rect)
+    {
+        QPainterPath path;
+        path.addRect(rect);
+        return path;
+    }
+
+    [[nodiscard]] std::string TipOf(const Series& series, std::size_t i) const
+    {
+        if (i < series.Tips.size()) return series.Tips[i];
+        return series.Name;
+    }
+
+    void AddItem(const QPainterPath& shape, const std::string& tip, const std::string& id)
+    {
+        if (tip.empty() && id.empty()) return;
+        items_.push_back({shape, ToQt(tip), ToQt(id)});
+    }
+
+    struct NamedLine {
+        const Series* Of;
+        QPainterPath Path;
+    };
+
+    const Chart& chart_;
+    QPainter& painter_;
+    QRectF room_;
+    const Look& look_;
+    QFontMetricsF metrics_;
+    Labels labels_;
+    picture::Range x_;
+    picture::Range y_;
+    picture::Ticks xTicks_;
+    picture::Ticks yTicks_;
+    QRectF plot_;
+    std::vector<NamedLine> lines_;
+    std::vector<Item> items_;
+};
+
+}  // namespace
+
+ChartView::ChartView(picture::Chart chart) : chart_(std::move(chart))
+{
+}
+
+QSizeF ChartView::Least(const Look& look)
+{
+    if (chart_.Cells) return LeastOfCells(chart_, look);
+    const QFontMetricsF metrics(look.Plain);
+    double height = 1.5 * kLeastPlot;
+    if (!chart_.Y.Names.empty())
+        height = std::max(kRowHeight * static_cast<double>(chart_.Y.Names.size()) + 3.5 * metrics.height(),
+                          kLeastPlot);
+    double width = 2 * kLeastPlot;
+    if (!chart_.X.Names.empty()) width = std::max(width, 8.0 * static_cast<double>(chart_.X.Names.size()));
+    return {width, height};
+}
+
+std::vector<Item> ChartView::Paint(QPainter& painter, const QRectF& room, const Look& look)
+{
+    if (chart_.Cells) return PaintCells(chart_, painter, room, look);
+    Sheet sheet(chart_, painter, room, look);
+    std::vector<Item> items = sheet.Paint();
+    leftOut_ = sheet.LeftOut();
+    return items;
+}
+
+}  // namespace qt

@@ -1,0 +1,21 @@
+// Draws charts: axes, curves, bars, areas, intervals, tables.
+#pragma once
+
+#include "qt/drawing.h"
+
+namespace qt {
+
+class ChartView : public Drawing {
+public:
+    explicit ChartView(picture::Chart chart);
+
+    [[nodiscard]] QSizeF Least(const Look& look) override;
+    std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) override;
+    [[nodiscard]] int LeftOut() const override { return leftOut_; }
+
+private:
+    picture::Chart chart_;
+    int leftOut_ = 0;
+};
+
+}  // namespace qt

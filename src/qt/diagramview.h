@@ -1,0 +1,27 @@
+// Draws diagrams: nodes, arcs, frames.
+#pragma once
+
+#include "picture/layout.h"
+#include "qt/drawing.h"
+
+namespace qt {
+
+class DiagramView : public Drawing {
+public:
+    explicit DiagramView(picture::Diagram diagram);
+
+    [[nodiscard]] QSizeF Least(const Look& look) override;
+    std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) override;
+    [[nodiscard]] int LeftOut() const override { return placement_.LeftOut; }
+    [[nodiscard]] QPointF Start() const override;
+
+private:
+    void PlaceIn(const QSizeF& room, const Look& look);
+
+    picture::Diagram diagram_;
+    picture::Placement placement_;  // for the room and the font below
+    QSizeF placedFor_;
+    QFont placedIn_;
+};
+
+}  // namespace qt

@@ -1,0 +1,334 @@
+#include "qt/pictureview.h"
+
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <algorithm>
+
+#include "picture/words.h"
+#include "qt/text.h"
+
+namespace qt {
+namespace {
+
+constexpr double kMargin = 8;
+constexpr double kGap = 6;
+constexpr double kEndless = 1e6;
+
+double HeightOf(const QString& text, const QFont& font, double width)
+{
+    return QFontMetricsF(font).boundingRect(QRectF(0, 0, width, kEndless), Qt::TextWordWrap, text).height();
+}
+
+}  // namespace
+
+// ---- the page ----
+
+PicturePage::PicturePage(const picture::Picture& picture) : picture_(picture), drawing_(DrawingOf(picture))
+{
+}
+
+QStringList PicturePage::Notes(int leftOut) const
+{
+    QStringList notes;
+    for (const std::string& note : picture_.Notes)
+        if (!note.empty()) notes.append(ToQt(note));
+    if (leftOut > 0)
+        notes.append(ToQt(
+            picture::Counted(leftOut, "label") + std::string(picture::OneOrMany(leftOut, " has", " have")) +
+            " no place in a picture of this size; pointing or the keys tell what is left out."));
+    return notes;
+}
+
+double PicturePage::NotesHeight(const Look& look, double width, int leftOut) const
+{
+    double height = 0;
+    for (const QString& note : Notes(leftOut))
+        height += HeightOf(note, look.Plain, width) + 2;
+    return height == 0 ? 0 : height + kGap;
+}
+
+double PicturePage::TitleHeight(const Look& look, double width) const
+{
+    return picture_.Title.empty() ? 0 : HeightOf(ToQt(picture_.Title), look.Title, width) + kGap;
+}
+
+QSizeF PicturePage::Least(const Look& look, double width)
+{
+    const QSizeF body = drawing_->Least(look);
+    const double inside = std::max(width - 2 * kMargin, body.width());
+    return {body.width() + 2 * kMargin,
+            body.height() + TitleHeight(look, inside) + NotesHeight(look, inside, 0) + 2 * kMargin};
+}
+
+std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, const Look& look)
+{
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    QRectF room = page.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+    painter.setFont(look.Title);
+    painter.setPen(look.Text);
+    painter.drawText(room, Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop, ToQt(picture_.Title));
+    room.setTop(room.top() + TitleHeight(look, room.width()));
+    const QRectF body(room.topLeft(),
+                      QPointF(room.right(), room.bottom() - NotesHeight(look, room.width(), 0)));
+    body_ = body.topLeft();
+    painter.setClipRect(page);
+    std::vector<Item> items = drawing_->Paint(painter, body, look);
+    painter.setFont(look.Plain);
+    painter.setPen(look.Quiet);
+    double top = body.bottom() + kGap;
+    const QStringList notes = Notes(drawing_->LeftOut());
+    for (const QString& note : notes) {
+        const double height = HeightOf(note, look.Plain, room.width());
+        painter.drawText(QRectF(room.left(), top, room.width(), height), Qt::TextWordWrap, note);
+        top += height + 2;
+    }
+    return items;
+}
+
+QPointF PicturePage::Start() const
+{
+    const QPointF start = drawing_->Start();
+    return start.isNull() ? start : start + body_;
+}
+
+// ---- the canvas ----
+
+PictureCanvas::PictureCanvas(QWidget* parent) : QWidget(parent)
+{
+    setFocusPolicy(Qt::ClickFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+}
+
+Look PictureCanvas::ScreenLook() const
+{
+    return Look::OnScreen(palette(), logicalDpiY());
+}
+
+void PictureCanvas::SetPicture(const picture::Picture* picture)
+{
+    page_ = picture == nullptr ? nullptr : std::make_unique<PicturePage>(*picture);
+    items_.clear();
+    marked_.clear();
+    focus_.reset();
+    if (picture != nullptr) {
+        setAccessibleName(ToQt(picture->Title));
+        QStringList lines;
+        for (const std::string& line : picture::Describe(*picture))
+            lines.append(ToQt(line));
+        setAccessibleDescription(lines.join(QLatin1Char('\n')));
+    }
+    update();
+}
+
+void PictureCanvas::SetMarked(const std::vector<std::string>& ids)
+{
+    marked_.clear();
+    for (const std::string& id : ids)
+        marked_.insert(ToQt(id));
+    update();
+}
+
+void PictureCanvas::FitTo(const QSize& viewport)
+{
+    QSize size = viewport;
+    if (page_ != nullptr) size = size.expandedTo(page_->Least(ScreenLook(), viewport.width()).toSize());
+    resize(size);
+}
+
+// As the last painting left them; a picture that has not been painted yet is painted for nobody.
+const std::vector<Item>& PictureCanvas::Items()
+{
+    if (items_.empty() && page_ != nullptr && !size().isEmpty()) {
+        QPixmap nobody(size());
+        QPainter painter(&nobody);
+        items_ = page_->Paint(painter, rect(), ScreenLook());
+    }
+    return items_;
+}
+
+QRectF PictureCanvas::MarkedArea()
+{
+    QRectF area;
+    for (const Item& item : Items())
+        if (marked_.contains(item.Id)) area |= item.Shape.boundingRect();
+    return area;
+}
+
+void PictureCanvas::paintEvent(QPaintEvent* /*event*/)
+{
+    const Look look = ScreenLook();
+    QPainter painter(this);
+    painter.fillRect(rect(), look.Ground);
+    if (page_ == nullptr) return;
+    painter.save();
+    items_ = page_->Paint(painter, rect(), look);
+    painter.restore();
+    for (const Item& item : items_)
+        if (!item.Id.isEmpty() && marked_.contains(item.Id)) DrawFrame(painter, item, false);
+    if (hasFocus() && focus_ && *focus_ < items_.size()) DrawFrame(painter, items_[*focus_], true);
+}
+
+// What a step marks has a frame of its own; what has the focus a dotted one.
+void PictureCanvas::DrawFrame(QPainter& painter, const Item& item, bool focus) const
+{
+    const Look look = ScreenLook();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPen pen(look.Text, focus ? 1.5 : 2);
+    if (focus) pen.setStyle(Qt::DotLine);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    QPainterPathStroker wide;
+    wide.setWidth(focus ? 7 : 5);
+    painter.drawPath(wide.createStroke(item.Shape).united(item.Shape).simplified());
+}
+
+// The smallest item at the place: a corner before the region that it belongs to.
+std::optional<std::size_t> PictureCanvas::ItemAt(const QPointF& point) const
+{
+    std::optional<std::size_t> found;
+    double least = 0;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        const QRectF around = items_[i].Shape.boundingRect();
+        if (!around.contains(point) || !items_[i].Shape.contains(point)) continue;
+        const double area = around.width() * around.height();
+        if (found && area >= least) continue;
+        found = i;
+        least = area;
+    }
+    return found;
+}
+
+bool PictureCanvas::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (const auto item = ItemAt(help->pos()))
+        QToolTip::showText(help->globalPos(), items_[*item].Tip, this,
+                           items_[*item].Shape.boundingRect().toAlignedRect());
+    else
+        QToolTip::hideText();
+    return true;
+}
+
+void PictureCanvas::mousePressEvent(QMouseEvent* event)
+{
+    if (const auto item = ItemAt(event->position())) SetFocusItem(*item);
+    QWidget::mousePressEvent(event);
+}
+
+void PictureCanvas::SetFocusItem(std::size_t item)
+{
+    focus_ = item;
+    const QRect area = items_[item].Shape.boundingRect().toAlignedRect();
+    setAccessibleDescription(items_[item].Tip);
+    emit FocusMoved(area);
+    update();
+}
+
+void PictureCanvas::MoveFocus(int by)
+{
+    const auto count = static_cast<int>(Items().size());
+    if (count == 0) return;
+    const int now = focus_ ? static_cast<int>(*focus_) : (by > 0 ? -1 : 0);
+    SetFocusItem(static_cast<std::size_t>((now + by + count) % count));
+    const QRectF area = items_[*focus_].Shape.boundingRect();
+    QToolTip::showText(mapToGlobal(area.bottomRight().toPoint()), items_[*focus_].Tip, this);
+}
+
+void PictureCanvas::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+        case Qt::Key_Right:
+        case Qt::Key_Down:
+        case Qt::Key_Tab:
+            MoveFocus(1);
+            return;
+        case Qt::Key_Left:
+        case Qt::Key_Up:
+        case Qt::Key_Backtab:
+            MoveFocus(-1);
+            return;
+        case Qt::Key_Home:
+            focus_.reset();
+            MoveFocus(1);
+            return;
+        case Qt::Key_End:
+            focus_ = 0;
+            MoveFocus(-1);
+            return;
+        default:
+            QWidget::keyPressEvent(event);
+    }
+}
+
+void PictureCanvas::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    update();
+}
+
+void PictureCanvas::focusOutEvent(QFocusEvent* event)
+{
+    QToolTip::hideText();
+    QWidget::focusOutEvent(event);
+    update();
+}
+
+// ---- the view ----
+
+PictureView::PictureView(QWidget* parent) : QScrollArea(parent), canvas_(new PictureCanvas(this))
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setBackgroundRole(QPalette::Base);
+    setWidget(canvas_);
+    connect(canvas_, &PictureCanvas::FocusMoved, this, [this](const QRect& area) {
+        ensureVisible(area.center().x(), area.center().y(), area.width() / 2 + 10, area.height() / 2 + 10);
+    });
+}
+
+void PictureView::SetPicture(const picture::Picture* picture)
+{
+    canvas_->SetPicture(picture);
+    Fit();
+    if (canvas_->Page() == nullptr) return;
+    canvas_->Items();  // places everything
+    const QPointF start = canvas_->Page()->Start();
+    if (!start.isNull() && canvas_->width() > viewport()->width())
+        ensureVisible(qRound(start.x()), qRound(start.y()), viewport()->width() / 3,
+                      viewport()->height() / 3);
+}
+
+void PictureView::SetMarked(const std::vector<std::string>& ids)
+{
+    canvas_->SetMarked(ids);
+    const QRect area = canvas_->MarkedArea().toAlignedRect();
+    if (!area.isEmpty())
+        ensureVisible(area.center().x(), area.center().y(), area.width() / 2, area.height() / 2);
+}
+
+void PictureView::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    Fit();
+}
+
+void PictureView::Fit()
+{
+    canvas_->FitTo(maximumViewportSize());
+    if (canvas_->height() > maximumViewportSize().height())  // a scroll bar takes from the width
+        canvas_->FitTo(viewport()->size());
+}
+
+// Tab goes from item to item inside of the canvas.
+bool PictureView::focusNextPrevChild(bool /*next*/)
+{
+    return false;
+}
+
+}  // namespace qt

@@ -1,0 +1,307 @@
+#include "qt/sidepane.h"
+
+#include <QButtonGroup>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <QTimerEvent>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "basic/error.h"
+#include "qt/pictureview.h"
+#include "qt/text.h"
+
+namespace qt {
+namespace {
+
+enum Tab { kPictureTab, kStepsTab, kMeaningTab };
+
+// A result that cannot be shown has no contents; the report stands all the same.
+template <typename T>
+std::vector<T> Made(const std::function<std::vector<T>()>& source)
+{
+    if (!source) return {};
+    try {
+        return source();
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+QFont FixedFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setStyleHint(QFont::Monospace);
+    font.setPointSize(9);
+    return font;
+}
+
+}  // namespace
+
+SidePane::SidePane(QWidget* parent) : QWidget(parent)
+{
+    setMinimumWidth(kLeastWidth);
+    auto* page = new QVBoxLayout(this);
+    page->setContentsMargins(0, 0, 0, 0);
+    tabs_ = new QTabWidget;
+    tabs_->setFocusPolicy(Qt::NoFocus);
+    tabs_->tabBar()->setFocusPolicy(Qt::ClickFocus);
+    tabs_->setDocumentMode(true);
+    tabs_->addTab(MakePicturePage(), tr("Picture"));
+    tabs_->addTab(MakeStepsPage(), tr("Steps"));
+    tabs_->addTab(MakeMeaningPage(), tr("Meaning"));
+    page->addWidget(tabs_);
+    connect(tabs_, &QTabWidget::currentChanged, this, [this] { Look(); });
+}
+
+QWidget* SidePane::MakePicturePage()
+{
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    buttonRow_ = new QWidget;
+    buttons_ = new QHBoxLayout(buttonRow_);
+    buttons_->setContentsMargins(6, 4, 6, 2);
+    buttons_->setSpacing(4);
+    group_ = new QButtonGroup(this);
+    connect(group_, &QButtonGroup::idClicked, this,
+            [this](int id) { ShowPicture(static_cast<std::size_t>(id)); });
+    layout->addWidget(buttonRow_);
+    view_ = new PictureView(page);
+    layout->addWidget(view_, 1);
+    return page;
+}
+
+QWidget* SidePane::MakeStepsPage()
+{
+    auto* parts = new QSplitter(Qt::Vertical);
+    parts->setChildrenCollapsible(false);
+    list_ = new QListWidget;
+    list_->setFocusPolicy(Qt::ClickFocus);
+    list_->setAccessibleName(tr("Steps"));
+    list_->setFrameShape(QFrame::NoFrame);
+    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { ShowStep(row); });
+    parts->addWidget(list_);
+
+    auto* details = new QWidget;
+    auto* layout = new QVBoxLayout(details);
+    layout->setContentsMargins(6, 4, 6, 4);
+    why_ = new QLabel;
+    why_->setWordWrap(true);
+    why_->setTextFormat(Qt::PlainText);
+    layout->addWidget(why_);
+    figures_ = new QPlainTextEdit;
+    figures_->setReadOnly(true);
+    figures_->setFocusPolicy(Qt::ClickFocus);
+    figures_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    figures_->setFont(FixedFont());
+    figures_->setAccessibleName(tr("Figures of the step"));
+    layout->addWidget(figures_, 1);
+    arithmetic_ = new QToolButton;
+    arithmetic_->setText(tr("Arithmetic"));
+    arithmetic_->setCheckable(true);
+    arithmetic_->setFocusPolicy(Qt::ClickFocus);
+    connect(arithmetic_, &QToolButton::toggled, this, [this] { ShowStep(list_->currentRow()); });
+    layout->addWidget(arithmetic_);
+    parts->addWidget(details);
+
+    stepView_ = new PictureView(parts);
+    stepView_->hide();
+    parts->addWidget(stepView_);
+    parts->setStretchFactor(0, 2);
+    parts->setStretchFactor(1, 3);
+    parts->setStretchFactor(2, 4);
+    return parts;
+}
+
+QWidget* SidePane::MakeMeaningPage()
+{
+    meaningText_ = new QTextEdit;
+    meaningText_->setReadOnly(true);
+    meaningText_->setFocusPolicy(Qt::ClickFocus);
+    meaningText_->setFrameShape(QFrame::NoFrame);
+    meaningText_->setAccessibleName(tr("Meaning"));
+    return meaningText_;
+}
+
+void SidePane::SetSources(PaneSources sources)
+{
+    sources_ = std::move(sources);
+    pictures_.reset();
+    steps_.reset();
+    meaning_.reset();
+    for (bool& filled : filled_)
+        filled = false;
+    view_->SetPicture(nullptr);
+    stepView_->SetPicture(nullptr);
+    if (isVisible()) Look();
+}
+
+void SidePane::Clear()
+{
+    SetSources({});
+    look_.stop();
+    hide();
+}
+
+const std::vector<picture::Picture>& SidePane::Pictures()
+{
+    if (!pictures_) pictures_ = Made(sources_.Pictures);
+    return *pictures_;
+}
+
+const std::vector<picture::Step>& SidePane::Steps()
+{
+    if (!steps_) steps_ = picture::Kept(Made(sources_.Steps));
+    return *steps_;
+}
+
+const std::vector<picture::Sentence>& SidePane::Meaning()
+{
+    if (!meaning_) meaning_ = Made(sources_.Meaning);
+    return *meaning_;
+}
+
+void SidePane::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    Look();
+}
+
+// A timer comes behind what is waiting to be painted: the report is on the screen first.
+void SidePane::Look()
+{
+    if (HasSources()) look_.start(0, this);
+}
+
+void SidePane::timerEvent(QTimerEvent* event)
+{
+    if (event->timerId() != look_.timerId()) return;
+    look_.stop();
+    if (isVisible() && HasSources()) FillTab();
+}
+
+void SidePane::FillTab()
+{
+    const int tab = tabs_->currentIndex();
+    if (tab < 0 || filled_[tab]) return;
+    filled_[tab] = true;
+    if (tab == kPictureTab) FillPictures();
+    if (tab == kStepsTab) FillSteps();
+    if (tab == kMeaningTab) FillMeaning();
+}
+
+void SidePane::FillPictures()
+{
+    for (QAbstractButton* button : group_->buttons())
+        delete button;
+    while (QLayoutItem* item = buttons_->takeAt(0))
+        delete item;
+    int id = 0;
+    for (const picture::Picture& picture : Pictures()) {
+        auto* button = new QToolButton;
+        button->setText(ToQt(picture.Title));
+        button->setCheckable(true);
+        button->setFocusPolicy(Qt::ClickFocus);
+        button->setAutoRaise(true);
+        group_->addButton(button, id++);
+        buttons_->addWidget(button);
+    }
+    buttons_->addStretch(1);
+    buttonRow_->setVisible(id > 1);
+    if (id > 0) group_->button(0)->setChecked(true);
+    ShowPicture(0);
+}
+
+void SidePane::ShowPicture(std::size_t number)
+{
+    view_->SetPicture(number < Pictures().size() ? &Pictures()[number] : nullptr);
+}
+
+void SidePane::FillSteps()
+{
+    list_->clear();
+    int number = 0;
+    for (const picture::Step& step : Steps())
+        list_->addItem(QString::number(++number) + QLatin1String(". ") + ToQt(step.Heading));
+    if (number > 0) list_->setCurrentRow(0);
+    if (number == 0) ShowStep(-1);
+}
+
+void SidePane::ShowStep(int row)
+{
+    if (row < 0 || static_cast<std::size_t>(row) >= Steps().size()) {
+        why_->clear();
+        figures_->clear();
+        arithmetic_->hide();
+        stepView_->hide();
+        return;
+    }
+    const picture::Step& step = Steps()[static_cast<std::size_t>(row)];
+    why_->setText(ToQt(step.Why));
+    QStringList lines;
+    for (const std::string& line : step.Figures)
+        lines.append(ToQt(line));
+    arithmetic_->setVisible(!step.Arithmetic.empty());
+    if (arithmetic_->isChecked())
+        for (const std::string& line : step.Arithmetic)
+            lines.append(ToQt(line));
+    figures_->setPlainText(lines.join(QLatin1Char('\n')));
+    figures_->setVisible(!lines.isEmpty());
+    const picture::Picture* shown = nullptr;
+    if (!step.Picture.empty())
+        for (const picture::Picture& picture : Pictures())
+            if (picture.Title == step.Picture) shown = &picture;
+    stepView_->setVisible(shown != nullptr);
+    if (shown == nullptr) return;
+    stepView_->SetPicture(shown);
+    stepView_->SetMarked(step.Marks);
+}
+
+void SidePane::FillMeaning()
+{
+    QString html;
+    for (const picture::Sentence& sentence : Meaning()) {
+        const QString text = ToQt(sentence.Text).toHtmlEscaped();
+        const bool caution = sentence.Kind == picture::SentenceKind::Caution;
+        const bool result = sentence.Kind == picture::SentenceKind::Result;
+        html += QLatin1String("<p style=\"margin:6px 4px\">") +
+                (caution  ? QLatin1String("<b>Caution:</b> ") + text
+                 : result ? QLatin1String("<b>") + text + QLatin1String("</b>")
+                          : text) +
+                QLatin1String("</p>");
+    }
+    meaningText_->setHtml(html);
+}
+
+void SidePane::TakeFocus()
+{
+    FillTab();
+    switch (tabs_->currentIndex()) {
+        case kPictureTab:
+            view_->Canvas().setFocus(Qt::OtherFocusReason);
+            break;
+        case kStepsTab:
+            list_->setFocus(Qt::OtherFocusReason);
+            break;
+        default:
+            meaningText_->setFocus(Qt::OtherFocusReason);
+            break;
+    }
+}
+
+void SidePane::NextTab(int by)
+{
+    tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
+    TakeFocus();
+}
+
+}  // namespace qt

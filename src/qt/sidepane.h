@@ -1,0 +1,93 @@
+// What stands beside a report: the tabs Picture, Steps and Meaning. Each is computed when it is first looked
+// at.
+#pragma once
+
+#include <QBasicTimer>
+#include <QWidget>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "picture/picture.h"
+
+class QAbstractButton;
+class QButtonGroup;
+class QHBoxLayout;
+class QLabel;
+class QListWidget;
+class QPlainTextEdit;
+class QSplitter;
+class QTabWidget;
+class QTextEdit;
+class QToolButton;
+
+namespace qt {
+
+class PictureView;
+
+// Where the contents come from. What is missing has no contents.
+struct PaneSources {
+    std::function<std::vector<picture::Picture>()> Pictures = {};
+    std::function<std::vector<picture::Step>()> Steps = {};
+    std::function<std::vector<picture::Sentence>()> Meaning = {};
+
+    [[nodiscard]] bool AreMissing() const { return !Pictures && !Steps && !Meaning; }
+};
+
+class SidePane : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int kLeastWidth = 260;
+
+    explicit SidePane(QWidget* parent);
+
+    void SetSources(PaneSources sources);  // forgets what was computed
+    void Clear();
+    [[nodiscard]] bool HasSources() const { return !sources_.AreMissing(); }
+
+    // Computed by now at the latest.
+    const std::vector<picture::Picture>& Pictures();
+    const std::vector<picture::Step>& Steps();
+    const std::vector<picture::Sentence>& Meaning();
+
+    void TakeFocus();  // into the tab in front
+    void NextTab(int by);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    QWidget* MakePicturePage();
+    QWidget* MakeStepsPage();
+    QWidget* MakeMeaningPage();
+    void Look();     // fills the tab in front, once the program has shown what it has to show
+    void FillTab();  // now
+    void FillPictures();
+    void FillSteps();
+    void FillMeaning();
+    void ShowPicture(std::size_t number);
+    void ShowStep(int row);
+
+    PaneSources sources_;
+    std::optional<std::vector<picture::Picture>> pictures_;
+    std::optional<std::vector<picture::Step>> steps_;
+    std::optional<std::vector<picture::Sentence>> meaning_;
+    bool filled_[3] = {};
+    QBasicTimer look_;
+
+    QTabWidget* tabs_ = nullptr;
+    QWidget* buttonRow_ = nullptr;
+    QHBoxLayout* buttons_ = nullptr;
+    QButtonGroup* group_ = nullptr;
+    PictureView* view_ = nullptr;
+    QListWidget* list_ = nullptr;
+    QLabel* why_ = nullptr;
+    QPlainTextEdit* figures_ = nullptr;
+    QToolButton* arithmetic_ = nullptr;
+    PictureView* stepView_ = nullptr;
+    QTextEdit* meaningText_ = nullptr;
+};
+
+}  // namespace qt
