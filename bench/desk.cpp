@@ -5,6 +5,7 @@
 #include "shell/module.h"
 #include "shell/report.h"
 #include "shell/session.h"
+#include "shell/solution.h"
 #include "support/answers.h"
 
 namespace bench {
@@ -32,6 +33,11 @@ std::string Desk::Report()
     const ModuleRoutines& routines = *CurrentModule().Routines;
     TextFileChannel file;
     if (routines.BeforeReport) routines.BeforeReport();
+    if (routines.SolvesBeforeReport) {
+        SolutionPage page;
+        routines.Solve();
+        routines.Page(page);
+    }
     for (const auto& report : routines.Reports)
         report(file);
     return file.Text();

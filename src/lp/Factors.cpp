@@ -39,8 +39,6 @@ void BasisFactors::Reset(int size, int capacity)
     size_ = size;
     u_ = Array2<double>(capacity, capacity);
     r_ = Array2<double>(capacity, capacity);
-    strip_ = Array2<double>(capacity, kStrip - 1);
-    product_ = Array2<double>(capacity, kStrip - 1);
     for (int i = 1; i <= size; ++i)
         u_(i, i) = r_(i, i) = 1;
 }
@@ -85,47 +83,49 @@ void BasisFactors::MultiplyTransposed(const double* prices, double* duals) const
 }
 
 // The columns go through in strips that stay in the nearest cache, their sums in registers.
-void BasisFactors::SolveBlock(int firstRow, int count, Array2<double>& block)
+void BasisFactors::SolveBlock(int firstRow, int count, Array2<double>& block) const
 {
+    Array2<double> strip(size_, kStrip - 1);
+    Array2<double> product(size_, kStrip - 1);
     for (int first = 0; first < count; first += kStrip) {
         const int width = std::min(kStrip, count - first);
         for (int i = 1; i <= size_; ++i)
-            std::copy_n(block.Row(i) + first, width, strip_.Row(i));
-        MultiplyStrip(firstRow);
-        SolveStrip(firstRow);
+            std::copy_n(block.Row(i) + first, width, strip.Row(i));
+        MultiplyStrip(firstRow, strip, product);
+        SolveStrip(firstRow, product, strip);
         for (int i = firstRow; i <= size_; ++i)
-            std::copy_n(strip_.Row(i), width, block.Row(i) + first);
+            std::copy_n(strip.Row(i), width, block.Row(i) + first);
     }
 }
 
-void BasisFactors::MultiplyStrip(int firstRow)
+void BasisFactors::MultiplyStrip(int firstRow, const Array2<double>& strip, Array2<double>& product) const
 {
     for (int i = firstRow; i <= size_; ++i) {
         const double* factors = r_.Row(i);
         Sums sums = {};
         for (int c = 1; c <= size_; ++c) {
-            const double* entries = strip_.Row(c);
+            const double* entries = strip.Row(c);
             for (int k = 0; k < kStrip; ++k)
                 sums[Index(k)] += factors[c] * entries[k];
         }
-        std::copy_n(sums.data(), kStrip, product_.Row(i));
+        std::copy_n(sums.data(), kStrip, product.Row(i));
     }
 }
 
-void BasisFactors::SolveStrip(int firstRow)
+void BasisFactors::SolveStrip(int firstRow, const Array2<double>& product, Array2<double>& strip) const
 {
     for (int r = size_; r >= firstRow; --r) {
         const double* factors = u_.Row(r);
         Sums rest;
-        std::copy_n(product_.Row(r), kStrip, rest.data());
+        std::copy_n(product.Row(r), kStrip, rest.data());
         for (int c = r + 1; c <= size_; ++c) {
-            const double* solved = strip_.Row(c);
+            const double* solved = strip.Row(c);
             for (int k = 0; k < kStrip; ++k)
                 rest[Index(k)] -= factors[c] * solved[k];
         }
         const double diagonal = factors[r];
         if (diagonal == 0) Raise(ErrorNumber::DivisionByZero);
-        double* solution = strip_.Row(r);
+        double* solution = strip.Row(r);
         for (int k = 0; k < kStrip; ++k)
             solution[k] = rest[Index(k)] / diagonal;
     }

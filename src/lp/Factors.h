@@ -29,7 +29,7 @@ public:
 
     // Multiply and Solve for `count` columns at once: block(i, k), 1 to M by 0 to count - 1. Behind it the
     // rows from `firstRow` on hold the solutions; the rows above are not computed.
-    void SolveBlock(int firstRow, int count, Array2<double>& block);
+    void SolveBlock(int firstRow, int count, Array2<double>& block) const;
 
     // Takes out the column at the position `leaving`; `work` is R times the new column.
     void ReplaceColumn(int leaving, const double* work);
@@ -39,14 +39,11 @@ public:
 
 private:
     void RestoreTriangle(int k);
-    void MultiplyStrip(int firstRow);
-    void SolveStrip(int firstRow);
+    // Strips of a few columns side by side.
+    void MultiplyStrip(int firstRow, const Array2<double>& strip, Array2<double>& product) const;
+    void SolveStrip(int firstRow, const Array2<double>& product, Array2<double>& strip) const;
 
     int size_ = 0;
     Array2<double> u_;
     Array2<double> r_;
-
-    // Scratch of SolveBlock, a few columns side by side.
-    Array2<double> strip_;
-    Array2<double> product_;
 };

@@ -7,152 +7,15 @@
 #include "basic/number.h"
 #include "desktop/screen.h"
 #include "lp/IntegerTypes.h"
-#include "lp/LP_Engine.h"
-#include "lp/VtLP.h"
 
 namespace LP_Engine {
 namespace {
 
 constexpr int kNodeCapacity = 100;
-constexpr double kLeastGain = 1;  // in the objective's units
-
-int Rows()
-{
-    return VtLP::Problem.NumConstraints;
-}
-
-// ---- nodes ----
-
-struct NodeTables {
-    Array1<std::int16_t> NodeBound = Array1<std::int16_t>(kNodeCapacity);
-    Array1<std::int16_t> NodeVariable = Array1<std::int16_t>(kNodeCapacity);  // negative: a lower bound
-    Array1<std::int16_t> NodeNumber = Array1<std::int16_t>(kNodeCapacity);
-    Array1<double> NodeParentValue = Array1<double>(kNodeCapacity);  // in the minimising sense
-    Array1<std::int16_t> NodeClosed = Array1<std::int16_t>(kNodeCapacity);
-    std::int16_t RecordCount = 1;  // record 0 is the root, record 1 is not used
-
-    int CurrentNode = 1;
-    int CurrentRecord = 0;
-
-    double Incumbent = EngineInfinity;  // in the minimising sense
-    int IncumbentNode = 0;
-    int IncumbentIndex = 0;
-    bool Finished = false;
-};
-
-NodeTables Nodes;
-
-// What a jump to another node starts from.
-struct RootState {
-    BasisFactors Factors;
-    Array1<double> WorkColumn;
-    Array1<double> PivotColumn;
-    Array1<std::int16_t> BasisList;
-    Array1<double> BasicValues;
-    Array1<double> PriceVector;
-    Array1<std::int16_t> ColumnStatus;
-    Array1<std::int16_t> ColumnKind;
-    Array1<double> UpperBound;
-    Array1<double> LowerBound;
-};
-
-RootState Root;
-
-void SaveRoot()
-{
-    Root = {State.Factors,     State.WorkColumn,   State.PivotColumn, State.BasisList,  State.BasicValues,
-            State.PriceVector, State.ColumnStatus, State.ColumnKind,  State.UpperBound, State.LowerBound};
-}
-
-void RestoreRoot()
-{
-    State.Factors = Root.Factors;
-    State.WorkColumn = Root.WorkColumn;
-    State.PivotColumn = Root.PivotColumn;
-    State.BasisList = Root.BasisList;
-    State.BasicValues = Root.BasicValues;
-    State.PriceVector = Root.PriceVector;
-    State.ColumnStatus = Root.ColumnStatus;
-    State.ColumnKind = Root.ColumnKind;
-    State.UpperBound = Root.UpperBound;
-    State.LowerBound = Root.LowerBound;
-    for (int j = VtLP::Problem.NumVariables + 1; j <= State.NumColumns; ++j) {
-        State.UpperBound(j) = EngineInfinity;
-        State.LowerBound(j) = 0;
-    }
-}
-
-// The basic values follow when the bound that column `j` rests at moves.
-void MoveRestingColumn(int j, double change)
-{
-    TransformColumn(j);
-    for (int i = 1; i <= Rows(); ++i) {
-        const double x = State.BasicValues(i) - State.PivotColumn(i) * change;
-        State.BasicValues(i) = std::abs(x) < EngineTolerance ? 0 : x;
-    }
-}
-
-void ApplyRecord(int record)
-{
-    const int variable = Nodes.NodeVariable(record);
-    const int j = std::abs(variable);
-    const double bound = Nodes.NodeBound(record);
-    const bool upper = variable > 0;
-    double& current = upper ? State.UpperBound(j) : State.LowerBound(j);
-    if (upper ? current <= bound : current >= bound) return;
-    if (State.ColumnStatus(j) == (upper ? kAtUpper : kAtLower)) MoveRestingColumn(j, bound - current);
-    current = bound;
-}
-
-int RecordOf(int node)
-{
-    int record = 1;
-    while (Nodes.NodeNumber(record) != node)
-        ++record;
-    return record;
-}
-
-// The bounds of the node and of those above it, from the node up.
-void ApplyBounds(int node)
-{
-    const int depth = static_cast<int>(std::bit_width(static_cast<unsigned>(node))) - 1;
-    for (int level = 1; level <= depth; ++level, node /= 2)
-        ApplyRecord(RecordOf(node));
-}
-
-void JumpTo(int node)
-{
-    RestoreRoot();
-    ApplyBounds(node);
-}
-
-// ---- branching ----
 
 bool IsWholeNumber(double x)
 {
     return std::abs(x - std::nearbyint(x)) <= EngineTolerance;
-}
-
-// A basic value a hair below a whole number moves up to it, be its column an integer variable or not.
-void SnapValues()
-{
-    for (int i = 1; i <= Rows(); ++i) {
-        double& x = State.BasicValues(i);
-        const double above = Int(x + EngineTolerance);
-        if (Int(x) != above) x = above;
-    }
-}
-
-int CountWholeColumns()
-{
-    int count = 0;
-    for (int j = 1; j <= VtLP::Problem.NumVariables; ++j) {
-        const std::int16_t status = State.ColumnStatus(j);
-        if (State.IntegerColumn(j) == 1 && (status == kAtLower || status == kAtUpper)) ++count;
-    }
-    for (int i = 1; i <= Rows(); ++i)
-        if (State.IntegerColumn(State.BasisList(i)) == 1 && IsWholeNumber(State.BasicValues(i))) ++count;
-    return count;
 }
 
 struct Branching {
@@ -160,155 +23,264 @@ struct Branching {
     double Value = 0;
 };
 
-// The largest fraction, not the one nearest to a half; among equal ones the larger value.
-Branching FindBranching()
-{
-    Branching best;
-    double bestFraction = -EngineInfinity;
-    for (int i = 1; i <= Rows(); ++i) {
-        const int j = State.BasisList(i);
-        if (j > VtLP::Problem.NumVariables || State.IntegerColumn(j) != 1) continue;
-        const double x = State.BasicValues(i);
-        const double fraction = std::abs(x - Int(x));
-        const bool tie = std::abs(bestFraction - fraction) < EngineTolerance;
-        if (tie ? x > best.Value : fraction > bestFraction) {
-            best = {j, x};
-            bestFraction = fraction;
+class Search {
+public:
+    Search(LpResult& result, Simplex& simplex, Recorder* recorder)
+        : at_(result), tree_(result.Tree), simplex_(simplex), recorder_(recorder)
+    {
+        tree_.Nodes = Array1<SearchNode>(kNodeCapacity);
+    }
+
+    // False: a relaxation is unbounded.
+    bool Run()
+    {
+        while (!finished_) {
+            LetUserInterrupt();
+            const bool repaired = simplex_.DualSteps();
+            if (repaired && !simplex_.PrimalSteps()) return false;
+            SettleNode(repaired);
+            SelectNode();
+            GoOn();
+        }
+        return true;
+    }
+
+private:
+    [[nodiscard]] int Rows() const { return at_.Problem.NumConstraints; }
+    [[nodiscard]] double Value() const { return -at_.ObjectiveValue; }  // in the minimising sense
+    SearchNode& Current() { return tree_.Nodes(currentRecord_); }
+
+    // ---- jumps ----
+
+    void ApplyNode(const SearchNode& node)
+    {
+        const int j = std::abs(node.Variable);
+        const double bound = node.Bound;
+        const bool upper = node.Variable > 0;
+        double& current = upper ? at_.Basis.UpperBound(j) : at_.Basis.LowerBound(j);
+        if (upper ? current <= bound : current >= bound) return;
+        if (at_.Basis.ColumnStatus(j) == (upper ? kAtUpper : kAtLower))
+            simplex_.MoveRestingColumn(j, bound - current);
+        current = bound;
+    }
+
+    [[nodiscard]] const SearchNode& NodeNumbered(int number) const
+    {
+        int record = 1;
+        while (tree_.Nodes(record).Number != number)
+            ++record;
+        return tree_.Nodes(record);
+    }
+
+    // From the root, with the bounds of the node and of those above it, from the node up.
+    void JumpTo(int number)
+    {
+        at_.Basis = root_;
+        const int depth = static_cast<int>(std::bit_width(static_cast<unsigned>(number))) - 1;
+        for (int level = 1; level <= depth; ++level, number /= 2)
+            ApplyNode(NodeNumbered(number));
+    }
+
+    // ---- branching ----
+
+    // A basic value a hair below a whole number moves up to it, be its column an integer variable or not.
+    void SnapValues()
+    {
+        for (int i = 1; i <= Rows(); ++i) {
+            double& x = at_.Basis.BasicValues(i);
+            const double above = Int(x + EngineTolerance);
+            if (Int(x) != above) x = above;
         }
     }
-    return best;
-}
 
-void AddRecord(double bound, int variable, int number)
-{
-    const int record = ++Nodes.RecordCount;
-    Nodes.NodeBound(record) = ToInt16(bound);
-    Nodes.NodeVariable(record) = static_cast<std::int16_t>(variable);
-    Nodes.NodeNumber(record) = ToInt16(number);
-    Nodes.NodeParentValue(record) = -State.ObjectiveValue;
-    Nodes.NodeClosed(record) = 0;
-}
-
-void Branch(const Branching& branching)
-{
-    Nodes.NodeClosed(Nodes.CurrentRecord) = 1;
-    if (Nodes.CurrentNode == 1) SaveRoot();
-    const double x = branching.Value;
-    AddRecord(Int(x), branching.Column, 2 * Nodes.CurrentNode);
-    AddRecord(Int(x + 1), -branching.Column, 2 * Nodes.CurrentNode + 1);
-}
-
-bool PromisesGain()
-{
-    return -State.ObjectiveValue < Nodes.Incumbent - kLeastGain ||
-           std::abs(State.ObjectiveValue) >= EngineInfinity;
-}
-
-void TakeWholeSolution()
-{
-    const double value = -State.ObjectiveValue;
-    if (value < Nodes.Incumbent || (value == Nodes.Incumbent && Nodes.IncumbentNode == 0)) {
-        Nodes.NodeClosed(Nodes.IncumbentIndex) = 1;
-        Nodes.Incumbent = value;
-        Nodes.IncumbentIndex = Nodes.CurrentRecord;
-        Nodes.IncumbentNode = Nodes.CurrentNode;
+    [[nodiscard]] int CountWholeColumns() const
+    {
+        int count = 0;
+        for (int j = 1; j <= at_.Problem.NumVariables; ++j) {
+            const std::int16_t status = at_.Basis.ColumnStatus(j);
+            if (at_.IntegerColumn(j) == 1 && (status == kAtLower || status == kAtUpper)) ++count;
+        }
+        for (int i = 1; i <= Rows(); ++i)
+            if (at_.IntegerColumn(at_.Basis.BasisList(i)) == 1 && IsWholeNumber(at_.Basis.BasicValues(i)))
+                ++count;
+        return count;
     }
-    Nodes.NodeClosed(Nodes.CurrentRecord) = 1;
-    for (int record = 2; record <= Nodes.RecordCount; ++record)
-        if (Nodes.NodeParentValue(record) > value) Nodes.NodeClosed(record) = 1;
-}
 
-void SettleNode()
-{
-    SnapValues();
-    if (CountWholeColumns() == State.IntegerCount && State.RunStatus != kNoEntering)
-        State.RunStatus = kIntegral;
-    const Branching branching = FindBranching();
-    if (State.RunStatus != kNoEntering) ComputeObjective();
-    if (State.RunStatus == kIntegral)
-        TakeWholeSolution();
-    else if (State.RunStatus == kRunning && PromisesGain())
-        Branch(branching);
-    else
-        Nodes.NodeClosed(Nodes.CurrentRecord) = 1;
-}
-
-// The open record with the largest node number. Without one the current record stays.
-void SelectNode()
-{
-    Nodes.CurrentNode = 1;
-    for (int record = 1; record <= Nodes.RecordCount; ++record) {
-        if (Nodes.NodeClosed(record) == 1 || Nodes.NodeNumber(record) <= Nodes.CurrentNode) continue;
-        Nodes.CurrentNode = Nodes.NodeNumber(record);
-        Nodes.CurrentRecord = record;
+    // The largest fraction, not the one nearest to a half; among equal ones the larger value.
+    [[nodiscard]] Branching FindBranching() const
+    {
+        Branching best;
+        double bestFraction = -EngineInfinity;
+        for (int i = 1; i <= Rows(); ++i) {
+            const int j = at_.Basis.BasisList(i);
+            if (j > at_.Problem.NumVariables || at_.IntegerColumn(j) != 1) continue;
+            const double x = at_.Basis.BasicValues(i);
+            const double fraction = std::abs(x - Int(x));
+            const bool tie = std::abs(bestFraction - fraction) < EngineTolerance;
+            if (tie ? x > best.Value : fraction > bestFraction) {
+                best = {j, x};
+                bestFraction = fraction;
+            }
+        }
+        return best;
     }
-}
 
-void FinishSearch()
-{
-    Nodes.Finished = true;
-    Nodes.CurrentRecord = Nodes.IncumbentIndex;
-    Nodes.CurrentNode = Nodes.IncumbentNode;
-    if (Nodes.IncumbentNode != 1) JumpTo(Nodes.IncumbentNode);
-}
+    void AddNode(double bound, int variable, int number)
+    {
+        SearchNode& node = tree_.Nodes(++tree_.RecordCount);
+        node = {};
+        node.Bound = ToInt16(bound);
+        node.Variable = static_cast<std::int16_t>(variable);
+        node.Number = ToInt16(number);
+        node.ParentValue = Value();
+    }
 
-// With all nodes closed and no whole solution nothing is done: the search goes round on the same state.
-void GoOn()
-{
-    if (Nodes.CurrentNode > 1)
-        JumpTo(Nodes.CurrentNode);
-    else if (Nodes.IncumbentNode > 0)
-        FinishSearch();
-}
+    void Branch(const Branching& branching)
+    {
+        Current().Closed = true;
+        Current().BranchingColumn = branching.Column;
+        Current().BranchingValue = branching.Value;
+        if (currentNode_ == 1) root_ = at_.Basis;
+        AddNode(Int(branching.Value), branching.Column, 2 * currentNode_);
+        AddNode(Int(branching.Value + 1), -branching.Column, 2 * currentNode_ + 1);
+    }
+
+    [[nodiscard]] bool PromisesGain() const
+    {
+        return Value() < tree_.Incumbent - kLeastGain || std::abs(Value()) >= EngineInfinity;
+    }
+
+    void TakeWholeSolution()
+    {
+        const double value = Value();
+        if (value < tree_.Incumbent || (value == tree_.Incumbent && tree_.IncumbentNode == 0)) {
+            tree_.Nodes(tree_.IncumbentIndex).Closed = true;
+            tree_.Incumbent = value;
+            tree_.IncumbentIndex = currentRecord_;
+            tree_.IncumbentNode = currentNode_;
+            Current().TookOver = true;
+        }
+        Current().Closed = true;
+        for (int record = 2; record <= tree_.RecordCount; ++record) {
+            SearchNode& node = tree_.Nodes(record);
+            if (!(node.ParentValue > value)) continue;
+            if (node.Became == Fate::Open && node.Visit == 0) node.Became = Fate::PassedOver;
+            node.Closed = true;
+        }
+    }
+
+    // An exhausted tree is gone round without end; the records keep what they told the first time.
+    void Visit(bool repaired)
+    {
+        SearchNode& node = Current();
+        node.Visit = ++tree_.Visits;
+        node.InPhaseOne = at_.SolvePhase == 1;
+        if (repaired) node.Value = Value();
+        if (recorder_ != nullptr) recorder_->Settled(at_, currentRecord_);
+    }
+
+    void Mark(Fate fate)
+    {
+        if (!tree_.Exhausted) Current().Became = fate;
+    }
+
+    void SettleNode(bool repaired)
+    {
+        SnapValues();
+        const bool whole = repaired && CountWholeColumns() == at_.IntegerCount;
+        const Branching branching = FindBranching();
+        if (repaired) simplex_.ComputeObjective();
+        if (!tree_.Exhausted) Visit(repaired);
+        if (whole) {
+            Mark(Fate::Whole);
+            TakeWholeSolution();
+        } else if (repaired && PromisesGain()) {
+            Mark(Fate::Branched);
+            Branch(branching);
+        } else {
+            Mark(!repaired                   ? Fate::NoPlan
+                 : Value() < tree_.Incumbent ? Fate::NotBetterByGain
+                                             : Fate::NotBetter);
+            Current().Closed = true;
+        }
+    }
+
+    // The open record with the largest node number. Without one the current record stays.
+    void SelectNode()
+    {
+        currentNode_ = 1;
+        for (int record = 1; record <= tree_.RecordCount; ++record) {
+            const SearchNode& node = tree_.Nodes(record);
+            if (node.Closed || node.Number <= currentNode_) continue;
+            currentNode_ = node.Number;
+            currentRecord_ = record;
+        }
+    }
+
+    // With all nodes closed and no whole solution nothing is done: the search goes round on the same state.
+    void GoOn()
+    {
+        if (currentNode_ > 1) {
+            JumpTo(currentNode_);
+        } else if (tree_.IncumbentNode > 0) {
+            finished_ = true;
+            if (tree_.IncumbentNode != 1) JumpTo(tree_.IncumbentNode);
+        } else {
+            tree_.Exhausted = true;
+        }
+    }
+
+    LpResult& at_;
+    SearchTree& tree_;
+    Simplex& simplex_;
+    Recorder* recorder_;
+    BasisState root_;
+    int currentNode_ = 1;
+    int currentRecord_ = 0;
+    bool finished_ = false;
+};
 
 // ---- types ----
 
-void MakeAllInteger(bool binary)
+void MakeAllInteger(LpResult& at, bool binary)
 {
-    State.IntegerCount = VtLP::Problem.NumVariables;
-    for (int j = 1; j <= VtLP::Problem.NumVariables; ++j) {
-        State.IntegerColumn(j) = 1;
-        if (binary) State.UpperBound(j) = 1;
+    at.IntegerCount = at.Problem.NumVariables;
+    for (int j = 1; j <= at.Problem.NumVariables; ++j) {
+        at.IntegerColumn(j) = 1;
+        if (binary) at.Basis.UpperBound(j) = 1;
     }
 }
 
 // Names are compared in capitals with the names as they are stored: one with small letters is never found.
-void MakeInteger(const std::string& name, bool binary)
+void MakeInteger(LpResult& at, const std::string& name, bool binary)
 {
     const std::string capitals = UpperCase(name);
-    for (int j = 1; j <= VtLP::Problem.NumVariables; ++j) {
-        if (VtLP::Problem.LpVariableNames(j) != capitals) continue;
-        if (State.IntegerColumn(j) != 1) ++State.IntegerCount;
-        State.IntegerColumn(j) = 1;
-        State.UpperBound(j) = binary ? 1 : EngineInfinity;
+    for (int j = 1; j <= at.Problem.NumVariables; ++j) {
+        if (at.Problem.LpVariableNames(j) != capitals) continue;
+        if (at.IntegerColumn(j) != 1) ++at.IntegerCount;
+        at.IntegerColumn(j) = 1;
+        at.Basis.UpperBound(j) = binary ? 1 : EngineInfinity;
         return;
     }
 }
 
 }  // namespace
 
-void ReadIntegerTypes()
+void ReadIntegerTypes(LpResult& at)
 {
-    const std::string& word = VtLP::Problem.LpLines(VtLP::TypeLine());
-    if (word == "DBI") MakeAllInteger(true);
-    if (word == "DIN") MakeAllInteger(false);
-    if (word == "BIN" || word == "INT") VtLP::ForEachListedName(MakeInteger);
+    const std::string& word = at.Problem.LpLines(VtLP::TypeLine(at.Problem));
+    if (word == "DBI") MakeAllInteger(at, true);
+    if (word == "DIN") MakeAllInteger(at, false);
+    if (word == "BIN" || word == "INT")
+        VtLP::ForEachListedName(
+            at.Problem, [&at](const std::string& name, bool binary) { MakeInteger(at, name, binary); });
 }
 
-bool SearchIntegers()
+bool SearchIntegers(LpResult& at, Simplex& simplex, Recorder* recorder)
 {
-    Nodes = {};
-    Nodes.Finished = State.IntegerCount == 0;
-    while (!Nodes.Finished) {
-        LetUserInterrupt();
-        DualSteps();
-        if (State.RunStatus != kNoEntering && !PrimalSteps()) return false;
-        SettleNode();
-        SelectNode();
-        GoOn();
-    }
-    DualSteps();
-    return PrimalSteps();
+    if (at.IntegerCount > 0 && !Search(at, simplex, recorder).Run()) return false;
+    simplex.DualSteps();
+    return simplex.PrimalSteps();
 }
 
 }  // namespace LP_Engine

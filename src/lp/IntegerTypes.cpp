@@ -37,17 +37,18 @@ int WriteNames(int line, const std::vector<bool>& chosen)
 
 }  // namespace
 
-int TypeLine()
+int TypeLine(const LpProblem& problem)
 {
-    return kObjectiveLine + Problem.NumConstraints + 1;
+    return kObjectiveLine + problem.NumConstraints + 1;
 }
 
-void ForEachListedName(const std::function<void(const std::string& name, bool binary)>& visit)
+void ForEachListedName(const LpProblem& problem,
+                       const std::function<void(const std::string& name, bool binary)>& visit)
 {
-    int line = TypeLine();
-    bool binary = Problem.LpLines(line) == kBinaryList;
-    for (++line; !Problem.LpLines(line).empty(); ++line) {
-        const std::string& text = Problem.LpLines(line);
+    int line = TypeLine(problem);
+    bool binary = problem.LpLines(line) == kBinaryList;
+    for (++line; !problem.LpLines(line).empty(); ++line) {
+        const std::string& text = problem.LpLines(line);
         if (IsListWord(text))
             binary = text == kBinaryList;
         else
@@ -66,7 +67,7 @@ IntegerChoice StoredIntegerChoice()
     if (word == kAllGeneral) choice.Kind = IntegerKind::AllGeneral;
     if (IsListWord(word))
         ForEachListedName(
-            [&choice](const std::string& name, bool binary) { MarkListed(choice, name, binary); });
+            Problem, [&choice](const std::string& name, bool binary) { MarkListed(choice, name, binary); });
     return choice;
 }
 

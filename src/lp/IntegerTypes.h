@@ -13,13 +13,16 @@
 #include <string>
 #include <vector>
 
+#include "lp/VtLP.h"
+
 namespace VtLP {
 
 // The line with the word.
-int TypeLine();
+int TypeLine(const LpProblem& problem = Problem);
 
 // Runs over the names of the lists; `binary` tells the kind of the list.
-void ForEachListedName(const std::function<void(const std::string& name, bool binary)>& visit);
+void ForEachListedName(const LpProblem& problem,
+                       const std::function<void(const std::string& name, bool binary)>& visit);
 
 enum class IntegerKind { Multiple, AllBinary, AllGeneral };
 

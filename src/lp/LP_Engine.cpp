@@ -1,77 +1,63 @@
 #include "lp/LP_Engine.h"
 
-#include <string_view>
-
-#include "desktop/dialogs.h"
 #include "lp/IntegerSearch.h"
-#include "lp/LpReport.h"
-#include "lp/VtLP.h"
-#include "shell/menus.h"
-#include "shell/session.h"
+#include "lp/Simplex.h"
 
 namespace LP_Engine {
+
+LpResult Result;
+
 namespace {
 
-constexpr int kBoundedColumns = 100;  // whatever the number of variables: the screen's limit
-
-void MakeTables()
+bool SomeValueIsNegative(const LpResult& at)
 {
-    using VtLP::ColumnCapacity;
-    using VtLP::RowCapacity;
-    State = {};
-    State.CostVector = State.ReducedCosts = Array1<double>(ColumnCapacity);
-    State.UpperBound = State.LowerBound = Array1<double>(ColumnCapacity);
-    State.ColumnStatus = State.ColumnKind = State.IntegerColumn = Array1<std::int16_t>(ColumnCapacity);
-    State.RightHandSide = State.BasicValues = Array1<double>(RowCapacity);
-    State.PriceVector = State.DualVector = Array1<double>(RowCapacity);
-    State.WorkColumn = State.PivotColumn = Array1<double>(RowCapacity);
-    State.BasisList = State.ConstraintColumn = Array1<std::int16_t>(RowCapacity);
-    for (int j = 1; j <= kBoundedColumns; ++j)
-        State.UpperBound(j) = EngineInfinity;
-}
-
-bool SomeValueIsNegative()
-{
-    for (int i = 1; i <= VtLP::Problem.NumConstraints; ++i)
-        if (State.BasicValues(i) < 0) return true;
+    for (int i = 1; i <= at.Problem.NumConstraints; ++i)
+        if (at.Basis.BasicValues(i) < 0) return true;
     return false;
 }
 
 // False: unbounded.
-bool SolveLinear()
+bool SolveLinear(LpResult& at, Simplex& simplex)
 {
-    DualSteps();
-    if (SomeValueIsNegative()) {
-        State.SolvePhase = 1;
+    simplex.DualSteps();
+    if (SomeValueIsNegative(at)) {
+        at.SolvePhase = 1;
         return true;
     }
-    return PrimalSteps();
+    return simplex.PrimalSteps();
 }
 
-void TellNoSolution(std::string_view message)
+Outcome Run(LpResult& at, Recorder* recorder)
 {
-    Menus.EnablePrinting(false);
-    MsgBox(message, "Solution", Icon::Information);
+    Simplex simplex(at, recorder);
+    simplex.MakeTables();
+    if (at.Integer) ReadIntegerTypes(at);
+    simplex.BuildColumns();
+    const bool bounded = at.Integer ? SearchIntegers(at, simplex, recorder) : SolveLinear(at, simplex);
+    if (!bounded) return Outcome::Unbounded;
+    if (at.SolvePhase == 1) return Outcome::Infeasible;
+    simplex.ComputeObjective();
+    return Outcome::Optimal;
 }
 
 }  // namespace
 
-void Solve()
+// A search that fills its tables, or that the user breaks off, keeps what it found so far: here the error is
+// an outcome, which the command raises again.
+LpResult Solve(const VtLP::LpProblem& problem, bool minimize, bool integer, Recorder* recorder)
 {
-    MakeTables();
-    const bool integer = Session.IntegerProblem == 1;
-    if (integer) ReadIntegerTypes();
-    BuildColumns();
-    const bool bounded = integer ? SearchIntegers() : SolveLinear();
-    if (!bounded) {
-        TellNoSolution("Problem is Unbounded.");
-    } else if (State.SolvePhase == 1) {
-        TellNoSolution("No Feasible Solution");
-    } else {
-        State.Solved = true;
-        Menus.EnablePrinting(true);
-        ShowLpReport();
+    LpResult at;
+    at.Solved = true;
+    at.Problem = problem;
+    at.Minimize = minimize;
+    at.Integer = integer;
+    try {
+        at.End = Run(at, recorder);
+    } catch (const RuntimeError& error) {
+        at.Error = error.Number();
+        at.End = error.Number() == ErrorNumber::UserInterrupt ? Outcome::Interrupted : Outcome::OutOfRoom;
     }
+    return at;
 }
 
 }  // namespace LP_Engine

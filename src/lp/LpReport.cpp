@@ -1,26 +1,19 @@
 #include "lp/LpReport.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
-#include "basic/error.h"
 #include "basic/format.h"
-#include "lp/LP_Engine.h"
+#include "lp/LpFigures.h"
 #include "lp/Ranges.h"
-#include "lp/VtLP.h"
-#include "shell/session.h"
-#include "shell/solution.h"
-#include "tableau/Criterion.h"
 
 namespace {
 
+using LP_Engine::LpResult;
 using LP_Engine::Range;
-using LP_Engine::State;
-using LP_Engine::ZeroRounded;
-using VtLP::Problem;
 
-constexpr int kLongestName = 14;
-constexpr int kPatternDigits = 13;  // in front of the point and behind it, all in all
+constexpr std::size_t kLongestName = 14;
 constexpr int kNumberWidth = 15;
 constexpr int kNameWidth = 14;  // of the solution tables
 constexpr int kValueColumn = 22;
@@ -29,80 +22,6 @@ constexpr std::string_view kConstraintMargin = "         ";
 constexpr std::string_view kRangeMargin = "     ";
 constexpr std::string_view kNoLowerLimit = " No Lower Limit";
 constexpr std::string_view kNoUpperLimit = " No Upper Limit";
-
-bool IsInteger()
-{
-    return Session.IntegerProblem == 1;
-}
-
-// ---- figures ----
-
-struct Figures {
-    std::string Pattern;
-    Array1<std::int16_t> BasicRowOf;
-};
-
-void CutNames()
-{
-    for (int j = 1; j <= Problem.NumVariables; ++j) {
-        std::string& name = Problem.LpVariableNames(j);
-        if (name.size() > kLongestName) name.resize(kLongestName);
-    }
-}
-
-std::string ReportPattern()
-{
-    const int decimals = Problem.LpDecimalPlaces;
-    if (decimals > kPatternDigits) Raise(ErrorNumber::InvalidProcedureCall);
-    return std::string(static_cast<std::size_t>(kPatternDigits - decimals), '#') + "0." +
-           std::string(static_cast<std::size_t>(decimals), '0');
-}
-
-Figures StartReport()
-{
-    CutNames();
-    Figures figures{ReportPattern(), LP_Engine::BasicRows()};
-    LP_Engine::ComputeObjective();
-    return figures;
-}
-
-double BasicValue(int row)
-{
-    return std::max(State.BasicValues(row), 0.0);
-}
-
-double VariableValue(const Figures& figures, int variable)
-{
-    const int row = figures.BasicRowOf(variable);
-    if (row > 0) return ZeroRounded(BasicValue(row));
-    const bool atLower = State.ColumnStatus(variable) == LP_Engine::kAtLower;
-    return ZeroRounded(atLower ? State.LowerBound(variable) : State.UpperBound(variable));
-}
-
-double ReducedCost(int variable)
-{
-    return std::abs(State.ReducedCosts(variable));
-}
-
-// The slack, surplus or artificial that stands first among the logical columns of the constraint.
-int LogicalColumn(int constraint)
-{
-    int column = Problem.NumVariables + constraint;
-    for (int i = 1; i < constraint; ++i)
-        if (Problem.LpRelations(i) == VtLP::kGreater) ++column;
-    return column;
-}
-
-double SlackOrSurplus(const Figures& figures, int constraint)
-{
-    const int row = figures.BasicRowOf(LogicalColumn(constraint));
-    return row > 0 ? ZeroRounded(BasicValue(row)) : 0.0;
-}
-
-double DualPrice(int constraint)
-{
-    return ZeroRounded(State.DualVector(constraint));
-}
 
 // ---- lines ----
 
@@ -117,11 +36,6 @@ std::string Centred(const std::string& name, int width)
 {
     const int margin = (width - static_cast<int>(name.size())) / 2;
     return " " + Blanks(std::max(margin, 0)) + Trimmed(name);
-}
-
-std::string Number(const Figures& figures, double value, int width)
-{
-    return FlushRight(Format(value, figures.Pattern), width);
 }
 
 // What differs between the screen and the full report: field widths, and where the next field begins.
@@ -156,75 +70,120 @@ constexpr Layout kFull{.ValueWidth = 15,
                        .CurrentGap = 2,
                        .PadsIntegerLines = true};
 
-std::string ObjectiveLine(const Figures& figures)
-{
-    const double value = MinimizeFlag == 1 ? -State.ObjectiveValue : State.ObjectiveValue;
-    return "Objective Function Value = " + Number(figures, value, kNumberWidth);
-}
+// The lines that stand on the screen and in the full report alike.
+class Lines {
+public:
+    Lines(const LpResult& result, const Layout& layout)
+        : result_(result),
+          layout_(layout),
+          pattern_(LP_Engine::ReportPattern(result.Problem)),
+          figures_(LP_Engine::FiguresOf(result)),
+          reducedCosts_(result.ReducedCosts)
+    {
+    }
 
-// A line of the tables of variables and constraints; the price is left out for an integer program.
-std::string TableLine(const Figures& figures, const Layout& layout, const std::string& start, double value,
-                      double price)
-{
-    std::string line = PaddedTo(start, kValueColumn) + Number(figures, value, layout.ValueWidth);
-    if (!IsInteger() || layout.PadsIntegerLines) line = PaddedTo(line, layout.ValueEnd);
-    if (!IsInteger()) line += Number(figures, price, layout.PriceWidth);
-    return line;
-}
+    [[nodiscard]] bool IsInteger() const { return result_.Integer; }
+    [[nodiscard]] int Variables() const { return result_.Problem.NumVariables; }
+    [[nodiscard]] int Constraints() const { return result_.Problem.NumConstraints; }
 
-std::string VariableLine(const Figures& figures, const Layout& layout, int variable)
-{
-    return TableLine(figures, layout, Centred(Problem.LpVariableNames(variable), kNameWidth),
-                     VariableValue(figures, variable), ReducedCost(variable));
-}
+    [[nodiscard]] std::string Objective() const
+    {
+        return "Objective Function Value = " + Number(figures_.Objective, kNumberWidth);
+    }
 
-std::string ConstraintLine(const Figures& figures, const Layout& layout, int constraint)
-{
-    return TableLine(figures, layout, std::string(kConstraintMargin) + std::to_string(constraint),
-                     SlackOrSurplus(figures, constraint), DualPrice(constraint));
-}
+    [[nodiscard]] std::string Variable(int j) const
+    {
+        return TableLine(Centred(Name(j), kNameWidth), figures_.Values(j), std::abs(reducedCosts_(j)));
+    }
 
-std::string RangeLine(const Figures& figures, const Layout& layout, const std::string& start,
-                      const Range& range)
-{
-    std::string line = start;
-    line += range.Lower ? Number(figures, *range.Lower, kNumberWidth) : std::string(kNoLowerLimit);
-    line += Blanks(layout.LowerGap) + Number(figures, range.Current, layout.CurrentWidth);
-    line += Blanks(layout.CurrentGap);
-    line += range.Upper ? Number(figures, *range.Upper, kNumberWidth) : std::string(kNoUpperLimit);
-    return line;
-}
+    [[nodiscard]] std::string Constraint(int i) const
+    {
+        return TableLine(std::string(kConstraintMargin) + std::to_string(i), figures_.Slacks(i),
+                         figures_.Prices(i));
+    }
 
-std::string ObjectiveRangeLine(const Figures& figures, const Layout& layout, int variable)
-{
-    const std::string name = Centred(Problem.LpVariableNames(variable), kRangeNameWidth);
-    return RangeLine(figures, layout, PaddedTo(name, layout.RangeNameFill) + Blanks(layout.RangeNameGap),
-                     LP_Engine::ObjectiveRange(variable, figures.BasicRowOf(variable)));
-}
+    void MakeTableau() { tableau_ = LP_Engine::Tableau(result_); }
 
-std::string RightHandSideLine(const Figures& figures, const Layout& layout, int constraint)
-{
-    constexpr int kGap = 8;
-    const std::string number = std::string(kRangeMargin) + Format(std::to_string(constraint), "@@@");
-    return RangeLine(figures, layout, number + Blanks(kGap), LP_Engine::RightHandSideRange(constraint));
-}
+    // These need the tableau; the variables in order.
+    std::string ObjectiveRange(int j)
+    {
+        const std::string name = Centred(Name(j), kRangeNameWidth);
+        return RangeLine(
+            PaddedTo(name, layout_.RangeNameFill) + Blanks(layout_.RangeNameGap),
+            LP_Engine::ObjectiveRange(result_, tableau_, j, figures_.BasicRowOf(j), reducedCosts_));
+    }
+
+    [[nodiscard]] std::string RightHandSide(int i) const
+    {
+        constexpr int kGap = 8;
+        const std::string number = std::string(kRangeMargin) + Format(std::to_string(i), "@@@");
+        return RangeLine(number + Blanks(kGap), LP_Engine::RightHandSideRange(result_, tableau_, i));
+    }
+
+    // The screen's ranges stand before those on paper, and what they cut stays cut.
+    void CutReducedCosts()
+    {
+        bool some = false;
+        for (int j = 1; j <= Variables(); ++j)
+            some = some || result_.Basis.ColumnKind(j) > 0;
+        for (int j = 1; some && j <= result_.NumColumns; ++j)
+            reducedCosts_(j) = std::min(reducedCosts_(j), 0.0);
+    }
+
+private:
+    [[nodiscard]] std::string Name(int j) const
+    {
+        return result_.Problem.LpVariableNames(j).substr(0, kLongestName);
+    }
+
+    [[nodiscard]] std::string Number(double value, int width) const
+    {
+        return FlushRight(Format(value, pattern_), width);
+    }
+
+    // A line of the tables of variables and constraints; the price is left out for an integer program.
+    [[nodiscard]] std::string TableLine(const std::string& start, double value, double price) const
+    {
+        std::string line = PaddedTo(start, kValueColumn) + Number(value, layout_.ValueWidth);
+        if (!IsInteger() || layout_.PadsIntegerLines) line = PaddedTo(line, layout_.ValueEnd);
+        if (!IsInteger()) line += Number(price, layout_.PriceWidth);
+        return line;
+    }
+
+    [[nodiscard]] std::string RangeLine(const std::string& start, const Range& range) const
+    {
+        std::string line = start;
+        line += range.Lower ? Number(*range.Lower, kNumberWidth) : std::string(kNoLowerLimit);
+        line += Blanks(layout_.LowerGap) + Number(range.Current, layout_.CurrentWidth);
+        line += Blanks(layout_.CurrentGap);
+        line += range.Upper ? Number(*range.Upper, kNumberWidth) : std::string(kNoUpperLimit);
+        return line;
+    }
+
+    const LpResult& result_;
+    const Layout& layout_;
+    std::string pattern_;
+    LP_Engine::Figures figures_;
+    Array1<double> reducedCosts_;
+    Array2<double> tableau_;
+};
 
 // ---- headings ----
 
-void VariableHeading(ReportChannel& out)
+void VariableHeading(ReportChannel& out, bool integer)
 {
-    out.Line(IsInteger() ? "      Variable             Value"
-                         : "      Variable             Value             Reduced Costs   ");
-    out.Line(IsInteger() ? "   --------------     ---------------  "
-                         : "   --------------     ---------------      ------------------ ");
+    out.Line(integer ? "      Variable             Value"
+                     : "      Variable             Value             Reduced Costs   ");
+    out.Line(integer ? "   --------------     ---------------  "
+                     : "   --------------     ---------------      ------------------ ");
 }
 
-void ConstraintHeading(ReportChannel& out)
+void ConstraintHeading(ReportChannel& out, bool integer)
 {
-    out.Line(IsInteger() ? "     Constraint        Slack/Surplus"
-                         : "     Constraint        Slack/Surplus           Dual Prices    ");
-    out.Line(IsInteger() ? "   --------------     --------------- "
-                         : "   --------------     ---------------      ------------------");
+    out.Line(integer ? "     Constraint        Slack/Surplus"
+                     : "     Constraint        Slack/Surplus           Dual Prices    ");
+    out.Line(integer ? "   --------------     --------------- "
+                     : "   --------------     ---------------      ------------------");
 }
 
 void ObjectiveRangeHeading(ReportChannel& out)
@@ -245,35 +204,36 @@ void RightHandSideHeading(ReportChannel& out)
 
 // ---- the screen ----
 
-void ShowTables(ReportChannel& page, const Figures& figures)
+void ShowTables(ReportChannel& page, const Lines& lines)
 {
     constexpr int kCloseTables = 12;  // with more lines than these the tables stand further apart
-    page.Line(ObjectiveLine(figures));
+    page.Line(lines.Objective());
     page.Line();
-    VariableHeading(page);
-    for (int j = 1; j <= Problem.NumVariables; ++j)
-        page.Line(VariableLine(figures, kScreen, j));
+    VariableHeading(page, lines.IsInteger());
+    for (int j = 1; j <= lines.Variables(); ++j)
+        page.Line(lines.Variable(j));
     page.Line();
-    if (Problem.NumVariables + Problem.NumConstraints > kCloseTables) {
+    if (lines.Variables() + lines.Constraints() > kCloseTables) {
         page.Line();
         page.Line();
     }
-    ConstraintHeading(page);
-    for (int i = 1; i <= Problem.NumConstraints; ++i)
-        page.Line(ConstraintLine(figures, kScreen, i));
+    ConstraintHeading(page, lines.IsInteger());
+    for (int i = 1; i <= lines.Constraints(); ++i)
+        page.Line(lines.Constraint(i));
 }
 
-void ShowRanges(ReportChannel& page, const Figures& figures)
+void ShowRanges(ReportChannel& page, Lines& lines)
 {
+    lines.MakeTableau();
     page.Line();
     page.Line();
     ObjectiveRangeHeading(page);
-    for (int j = 1; j <= Problem.NumVariables; ++j)
-        page.Line(ObjectiveRangeLine(figures, kScreen, j));
+    for (int j = 1; j <= lines.Variables(); ++j)
+        page.Line(lines.ObjectiveRange(j));
     page.Line();
     RightHandSideHeading(page);
-    for (int i = 1; i <= Problem.NumConstraints; ++i)
-        page.Line(RightHandSideLine(figures, kScreen, i));
+    for (int i = 1; i <= lines.Constraints(); ++i)
+        page.Line(lines.RightHandSide(i));
 }
 
 // ---- the full report ----
@@ -281,7 +241,11 @@ void ShowRanges(ReportChannel& page, const Figures& figures)
 // Counts lines to break pages; the count is the report's own and not that of the lines on paper.
 class FullReport {
 public:
-    explicit FullReport(ReportChannel& out) : out_(out), figures_(StartReport()) {}
+    FullReport(ReportChannel& out, const LpResult& result)
+        : out_(out), problem_(result.Problem), report_(result, kFull)
+    {
+        report_.CutReducedCosts();
+    }
 
     void Write()
     {
@@ -290,8 +254,9 @@ public:
         Variables();
         BreakTables();
         Constraints();
-        if (IsInteger()) return;
+        if (report_.IsInteger()) return;
         NewPage();
+        report_.MakeTableau();
         ObjectiveRanges();
         BreakTables();
         RightHandSides();
@@ -320,14 +285,14 @@ private:
     void Echo()
     {
         constexpr std::size_t kObjectivePiece = 80;
-        out_.Line(IsInteger() ? "INTEGER LINEAR PROGRAMMING PROBLEM" : "LINEAR PROGRAMMING PROBLEM");
+        out_.Line(report_.IsInteger() ? "INTEGER LINEAR PROGRAMMING PROBLEM" : "LINEAR PROGRAMMING PROBLEM");
         out_.Line();
-        lines_ = Pieces({}, Problem.LpObjectiveLine, kObjectivePiece) + 3;
+        lines_ = Pieces({}, problem_.LpObjectiveLine, kObjectivePiece) + 3;
         out_.Line();
         out_.Line("     S.T.");
         out_.Line();
         lines_ += 2;
-        for (int i = 1; i <= Problem.NumConstraints; ++i)
+        for (int i = 1; i <= problem_.NumConstraints; ++i)
             EchoConstraint(i);
     }
 
@@ -336,9 +301,9 @@ private:
         constexpr std::size_t kConstraintPiece = 68;
         const std::string number = Format(std::to_string(constraint), "@@@");
         const int pieces = Pieces(std::string(kRangeMargin) + number + ")  ",
-                                  Problem.LpLines(VtLP::kObjectiveLine + constraint), kConstraintPiece);
+                                  problem_.LpLines(VtLP::kObjectiveLine + constraint), kConstraintPiece);
         lines_ += pieces + 1;
-        if (constraint >= Problem.NumConstraints || lines_ + pieces + 1 <= kPageLines) return;
+        if (constraint >= problem_.NumConstraints || lines_ + pieces + 1 <= kPageLines) return;
         NewPage();
         out_.Line("CONSTRAINTS (continued)");
         out_.Line("=======================");
@@ -350,9 +315,9 @@ private:
     {
         out_.Line("OPTIMAL SOLUTION");
         out_.Line();
-        out_.Line(ObjectiveLine(figures_));
+        out_.Line(report_.Objective());
         out_.Line();
-        VariableHeading(out_);
+        VariableHeading(out_, report_.IsInteger());
         lines_ = 6;
     }
 
@@ -365,10 +330,10 @@ private:
     void Variables()
     {
         StartVariables();
-        for (int j = 1; j <= Problem.NumVariables; ++j) {
-            out_.Line(VariableLine(figures_, kFull, j));
+        for (int j = 1; j <= problem_.NumVariables; ++j) {
+            out_.Line(report_.Variable(j));
             ++lines_;
-            if (!TurnsPage(j, Problem.NumVariables, 1)) continue;
+            if (!TurnsPage(j, problem_.NumVariables, 1)) continue;
             NewPage();
             StartVariables();
         }
@@ -377,7 +342,7 @@ private:
     void BreakTables()
     {
         constexpr int kLongTables = 40;
-        if (Problem.NumVariables + Problem.NumConstraints >= kLongTables) {
+        if (problem_.NumVariables + problem_.NumConstraints >= kLongTables) {
             NewPage();
             lines_ = 0;
         } else {
@@ -389,14 +354,14 @@ private:
 
     void Constraints()
     {
-        ConstraintHeading(out_);
+        ConstraintHeading(out_, report_.IsInteger());
         lines_ += 2;
-        for (int i = 1; i <= Problem.NumConstraints; ++i) {
-            out_.Line(ConstraintLine(figures_, kFull, i));
+        for (int i = 1; i <= problem_.NumConstraints; ++i) {
+            out_.Line(report_.Constraint(i));
             ++lines_;
-            if (!TurnsPage(i, Problem.NumConstraints, 1)) continue;
+            if (!TurnsPage(i, problem_.NumConstraints, 1)) continue;
             NewPage();
-            ConstraintHeading(out_);
+            ConstraintHeading(out_, report_.IsInteger());
             lines_ = 2;
         }
     }
@@ -405,10 +370,10 @@ private:
     {
         ObjectiveRangeHeading(out_);
         lines_ = 4;
-        for (int j = 1; j <= Problem.NumVariables; ++j) {
-            out_.Line(ObjectiveRangeLine(figures_, kFull, j));
+        for (int j = 1; j <= problem_.NumVariables; ++j) {
+            out_.Line(report_.ObjectiveRange(j));
             ++lines_;
-            if (!TurnsPage(j, Problem.NumVariables, 0)) continue;
+            if (!TurnsPage(j, problem_.NumVariables, 0)) continue;
             NewPage();
             ObjectiveRangeHeading(out_);
             lines_ = 4;
@@ -420,36 +385,32 @@ private:
     {
         RightHandSideHeading(out_);
         lines_ += 4;
-        for (int i = 1; i <= Problem.NumConstraints; ++i) {
-            out_.Line(RightHandSideLine(figures_, kFull, i));
+        for (int i = 1; i <= problem_.NumConstraints; ++i) {
+            out_.Line(report_.RightHandSide(i));
             ++lines_;
-            if (i >= Problem.NumConstraints || lines_ + 1 <= kPageLines) continue;
+            if (i >= problem_.NumConstraints || lines_ + 1 <= kPageLines) continue;
             RightHandSideHeading(out_);
             lines_ = 4;
         }
     }
 
     ReportChannel& out_;
-    Figures figures_;
+    const VtLP::LpProblem& problem_;
+    Lines report_;
     int lines_ = 0;
 };
 
 }  // namespace
 
-void ShowLpReport()
+void ShowLpReport(ReportChannel& page, const LpResult& result)
 {
-    const Figures figures = StartReport();
-    BeginSolution("Optimal Solution");
-    SolutionChannel page;
-    ShowTables(page, figures);
-    if (!IsInteger()) {
-        LP_Engine::BuildTableau();
-        ShowRanges(page, figures);
-    }
-    ShowSolution();
+    Lines lines(result, kScreen);
+    page.Line("Optimal Solution");
+    ShowTables(page, lines);
+    if (!result.Integer) ShowRanges(page, lines);
 }
 
-void WriteLpReport(ReportChannel& out)
+void WriteLpReport(ReportChannel& out, const LpResult& result)
 {
-    if (State.Solved) FullReport(out).Write();
+    if (result.End == LP_Engine::Outcome::Optimal && result.Solved) FullReport(out, result).Write();
 }

@@ -3,23 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "lp/LP_Engine.h"
-#include "lp/VtLP.h"
-#include "tableau/Criterion.h"
-
 namespace LP_Engine {
 namespace {
 
 constexpr double RangeInfinity = 1e15;
 
-int Rows()
+Range NonbasicRange(bool minimize, double c, double d)
 {
-    return VtLP::Problem.NumConstraints;
-}
-
-Range NonbasicRange(double c, double d)
-{
-    if (MinimizeFlag == 1) return {ZeroRounded(d - c), ZeroRounded(-c), std::nullopt};
+    if (minimize) return {ZeroRounded(d - c), ZeroRounded(-c), std::nullopt};
     return {std::nullopt, ZeroRounded(c), ZeroRounded(-d + c)};
 }
 
@@ -29,14 +20,13 @@ struct Allowance {
     double Decrease = -RangeInfinity;
 };
 
-Allowance AllowanceOf(int basicRow)
+Allowance AllowanceOf(const LpResult& result, const double* row, Array1<double>& reducedCosts)
 {
     Allowance allowed;
-    const double* row = VtLP::Problem.LpCoefficients.Row(basicRow);
-    for (int k = 1; k <= State.NumColumns; ++k) {
-        double& d = State.ReducedCosts(k);
+    for (int k = 1; k <= result.NumColumns; ++k) {
+        double& d = reducedCosts(k);
         if (d > 0) d = 0;
-        const std::int16_t kind = State.ColumnKind(k);
+        const std::int16_t kind = result.Basis.ColumnKind(k);
         if (kind >= 0 || kind == -kArtificial) continue;
         if (row[k] < -RangeTolerance)
             allowed.Increase = std::min(allowed.Increase, d / row[k]);
@@ -46,11 +36,10 @@ Allowance AllowanceOf(int basicRow)
     return allowed;
 }
 
-Range BasicRange(double c, const Allowance& allowed)
+Range BasicRange(bool minimize, double c, const Allowance& allowed)
 {
     std::optional<double> down;
     std::optional<double> up;
-    const bool minimize = MinimizeFlag == 1;
     if (allowed.Decrease != -RangeInfinity)
         down = ZeroRounded(minimize ? -allowed.Decrease - c : allowed.Decrease + c);
     if (allowed.Increase != RangeInfinity)
@@ -66,47 +55,51 @@ double ZeroRounded(double value)
     return std::abs(value) < RangeTolerance ? 0.0 : value;
 }
 
-Array1<std::int16_t> BasicRows()
+Array1<std::int16_t> BasicRows(const LpResult& result)
 {
-    Array1<std::int16_t> rows(VtLP::ColumnCapacity);
-    for (int r = 1; r <= Rows(); ++r)
-        rows(State.BasisList(r)) = static_cast<std::int16_t>(r);
+    Array1<std::int16_t> rows(result.NumColumns);
+    for (int r = 1; r <= result.Problem.NumConstraints; ++r)
+        rows(result.Basis.BasisList(r)) = static_cast<std::int16_t>(r);
     return rows;
 }
 
-void BuildTableau()
+Array2<double> Tableau(const LpResult& result)
 {
-    const int columns = State.NumColumns;
-    Array2<double>& coefficients = VtLP::Problem.LpCoefficients;
-    Array2<double> block(VtLP::RowCapacity, VtLP::ColumnCapacity);
-    for (int i = 1; i <= Rows(); ++i)
-        std::copy_n(coefficients.Row(i) + 1, columns, block.Row(i));
-    State.Factors.SolveBlock(1, columns, block);
-    for (int i = 1; i <= Rows(); ++i)
-        std::copy_n(block.Row(i), columns, coefficients.Row(i) + 1);
+    const int rows = result.Problem.NumConstraints;
+    const int columns = result.NumColumns;
+    Array2<double> block(rows, columns);
+    for (int i = 1; i <= rows; ++i)
+        std::copy_n(result.Coefficients.Row(i) + 1, columns, block.Row(i));
+    BasisFactors factors = result.Basis.Factors;
+    factors.SolveBlock(1, columns, block);
+    for (int i = 1; i <= rows; ++i)
+        std::copy_backward(block.Row(i), block.Row(i) + columns, block.Row(i) + columns + 1);
+    return block;
 }
 
-Range ObjectiveRange(int variable, int basicRow)
+Range ObjectiveRange(const LpResult& result, const Array2<double>& tableau, int variable, int basicRow,
+                     Array1<double>& reducedCosts)
 {
-    const double c = VtLP::Problem.LpCoefficients(0, variable);
-    if (State.ColumnKind(variable) < 0) return NonbasicRange(c, State.ReducedCosts(variable));
-    return BasicRange(c, AllowanceOf(basicRow));
+    const double c = result.Coefficients(0, variable);
+    if (result.Basis.ColumnKind(variable) < 0)
+        return NonbasicRange(result.Minimize, c, reducedCosts(variable));
+    return BasicRange(result.Minimize, c, AllowanceOf(result, tableau.Row(basicRow), reducedCosts));
 }
 
-Range RightHandSideRange(int constraint)
+Range RightHandSideRange(const LpResult& result, const Array2<double>& tableau, int constraint)
 {
-    const int column = State.ConstraintColumn(constraint);
+    const int column = result.ConstraintColumn(constraint);
     double first = RangeInfinity;
     double second = -RangeInfinity;
-    for (int r = 1; r <= Rows(); ++r) {
-        const double x = std::max(State.BasicValues(r), 0.0);
-        const double a = VtLP::Problem.LpCoefficients(r, column);
+    for (int r = 1; r <= result.Problem.NumConstraints; ++r) {
+        const double x = std::max(result.Basis.BasicValues(r), 0.0);
+        const double a = tableau(r, column);
         if (a > RangeTolerance)
             first = std::min(first, x / a);
         else if (a < -RangeTolerance)
             second = std::max(second, x / a);
     }
-    const double b = VtLP::Problem.LpCoefficients(constraint, 0);
+    const double b = result.Coefficients(constraint, 0);
     Range range{std::nullopt, ZeroRounded(b), std::nullopt};
     if (first < RangeInfinity) range.Lower = ZeroRounded(b - first);
     if (-second < RangeInfinity) range.Upper = ZeroRounded(b - second);

@@ -1,12 +1,11 @@
-// Sensitivity of an optimal linear program: reduced costs, dual prices, and how far a coefficient of the
-// objective or a right-hand side may move before another basis becomes optimal. All figures come from the
-// state that LP_Engine leaves.
+// Sensitivity of an optimal linear program: how far a coefficient of the objective or a right-hand side may
+// move before another basis becomes optimal. All figures come from the result of the engine.
 #pragma once
 
-#include <cstdint>
 #include <optional>
+#include <vector>
 
-#include "basic/array.h"
+#include "lp/LP_Engine.h"
 
 namespace LP_Engine {
 
@@ -23,13 +22,15 @@ struct Range {
 };
 
 // The position of each basic column, 0 for the others. Index: column.
-Array1<std::int16_t> BasicRows();
+Array1<std::int16_t> BasicRows(const LpResult& result);
 
-// Writes the simplex tableau over the rows 1 to M of the coefficients, all columns.
-void BuildTableau();
+// The simplex tableau: rows by position from 1, columns 1 to NumColumns.
+Array2<double> Tableau(const LpResult& result);
 
-// These need the tableau. The range of a basic variable cuts reduced costs above zero to zero for good.
-Range ObjectiveRange(int variable, int basicRow);
-Range RightHandSideRange(int constraint);
+// Reading the range of a basic variable cuts the reduced costs above zero to zero, for the variables behind
+// it: what one report has cut stays so for the next.
+Range ObjectiveRange(const LpResult& result, const Array2<double>& tableau, int variable, int basicRow,
+                     Array1<double>& reducedCosts);
+Range RightHandSideRange(const LpResult& result, const Array2<double>& tableau, int constraint);
 
 }  // namespace LP_Engine

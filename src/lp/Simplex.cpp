@@ -1,40 +1,16 @@
-// The steps of the simplex method. Which of several optimal bases is found depends on the order of every
-// comparison and sum here.
+// Which of several optimal bases is found depends on the order of every comparison and sum here.
+#include "lp/Simplex.h"
+
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "basic/number.h"
 #include "desktop/screen.h"
-#include "lp/LP_Engine.h"
-#include "lp/VtLP.h"
-#include "shell/menus.h"
-#include "tableau/Criterion.h"
 
 namespace LP_Engine {
-
-using VtLP::ColumnCapacity;
-using VtLP::RowCapacity;
-
-EngineState State;
-
 namespace {
 
-VtLP::LpProblem& Model()
-{
-    return VtLP::Problem;
-}
-
-int Rows()
-{
-    return Model().NumConstraints;
-}
-
-// Scratch of a run: made once, so that no step allocates.
-Array1<double> columnEntries(RowCapacity);
-Array1<double> basicCosts(RowCapacity);
-Array2<double> candidateBlock(RowCapacity, ColumnCapacity);
-Array1<std::int16_t> candidates(ColumnCapacity);
+constexpr int kBoundedColumns = 100;  // whatever the number of variables: the screen's limit
 
 bool IsOutsideBounds(std::int16_t status)
 {
@@ -51,467 +27,484 @@ double CutToZero(double value)
     return std::abs(value) < EngineTolerance ? 0.0 : value;
 }
 
-// ---- columns ----
-
-void AddLogicalColumn(int column, int row, const char* name, std::int16_t kind, double coefficient)
+int CountColumns(const VtLP::LpProblem& problem)
 {
-    Model().LpVariableNames(column) = std::string(name) + " " + std::to_string(row);
-    Model().LpCoefficients(row, column) = coefficient;
-    State.ColumnKind(column) = kind;
-    State.UpperBound(column) = EngineInfinity;
-}
-
-void StartBasic(int column, int row)
-{
-    State.ColumnStatus(column) = kBasic;
-    State.ConstraintColumn(row) = static_cast<std::int16_t>(column);
-    State.BasisList(row) = static_cast<std::int16_t>(column);
-}
-
-void AddSlack(int column, int row)
-{
-    AddLogicalColumn(column, row, "Slack", kSlack, 1);
-    StartBasic(column, row);
-}
-
-void AddSurplus(int column, int row)
-{
-    AddLogicalColumn(column, row, "Splus", -kSurplus, -1);
-    State.ColumnStatus(column) = kAtLower;
-}
-
-void AddArtificial(int column, int row)
-{
-    AddLogicalColumn(column, row, "Equal", kArtificial, 1);
-    Model().LpCoefficients(0, column) = -1;
-    StartBasic(column, row);
-    ++State.ArtificialCount;
-}
-
-void BuildDecisionColumns()
-{
-    for (int j = 1; j <= Model().NumVariables; ++j) {
-        State.ColumnStatus(j) = kAtLower;
-        State.ColumnKind(j) = -kDecision;
-        if (MinimizeFlag == 1) Model().LpCoefficients(0, j) = -Model().LpCoefficients(0, j);
-    }
-}
-
-// The last column of all.
-int BuildLogicalColumns()
-{
-    int column = Model().NumVariables;
-    for (int i = 1; i <= Rows(); ++i) {
-        const std::int16_t relation = Model().LpRelations(i);
-        if (relation == VtLP::kLess) {
-            AddSlack(++column, i);
-        } else {
-            if (relation == VtLP::kGreater) AddSurplus(++column, i);
-            AddArtificial(++column, i);
-        }
-        State.RightHandSide(i) = Model().LpCoefficients(i, 0);
-    }
-    return column;
-}
-
-void SetInitialValues()
-{
-    for (int i = 1; i <= Rows(); ++i) {
-        double value = State.RightHandSide(i);
-        for (int j = 1; j <= Model().NumVariables; ++j) {
-            const double bound =
-                State.ColumnStatus(j) == kAtUpper ? State.UpperBound(j) : State.LowerBound(j);
-            value -= Model().LpCoefficients(i, j) * bound;
-        }
-        State.BasicValues(i) = value;
-    }
-}
-
-// Artificials that have left, and those that are basic at zero.
-void CountClearedArtificials()
-{
-    int count = 0;
-    for (int j = Model().NumVariables + 1; j <= State.NumColumns; ++j)
-        if (State.ColumnKind(j) == kRetired && RestsAtBound(State.ColumnStatus(j))) ++count;
-    for (int i = 1; i <= Rows(); ++i)
-        if (State.ColumnKind(State.BasisList(i)) == kArtificial && State.BasicValues(i) < EngineTolerance)
-            ++count;
-    State.ClearedArtificials = count;
-}
-
-// ---- pricing ----
-
-void SetPhaseCosts()
-{
-    const double* objective = Model().LpCoefficients.Row(0);
-    double* costs = State.CostVector.Data();
-    State.SolvePhase = State.ClearedArtificials < State.ArtificialCount ? 1 : 2;
-    for (int j = 1; j <= State.NumColumns; ++j) {
-        if (State.SolvePhase == 1)
-            costs[j] = State.ColumnKind.Data()[j] == kArtificial ? -1 : 0;
-        else
-            costs[j] = objective[j];
-    }
-}
-
-void SolvePrices()
-{
-    for (int i = 1; i <= Rows(); ++i)
-        basicCosts(i) = State.CostVector(State.BasisList(i));
-    State.Factors.SolveTransposed(basicCosts.Data(), State.PriceVector.Data());
-    State.Factors.MultiplyTransposed(State.PriceVector.Data(), State.DualVector.Data());
-}
-
-void PriceColumns()
-{
-    double* reduced = State.ReducedCosts.Data();
-    std::copy_n(State.CostVector.Data() + 1, State.NumColumns, reduced + 1);
-    for (int i = 1; i <= Rows(); ++i) {
-        const double dual = State.DualVector(i);
-        const double* row = Model().LpCoefficients.Row(i);
-        if (dual == 0) continue;
-        for (int j = 1; j <= State.NumColumns; ++j)
-            reduced[j] -= dual * row[j];
-    }
-    for (int j = 1; j <= State.NumColumns; ++j)
-        if (State.ColumnStatus.Data()[j] == kBasic || State.ColumnKind.Data()[j] == kRetired) reduced[j] = 0;
-}
-
-// The largest gain enters; among equal ones that with the larger objective coefficient, else the first.
-void ChooseEntering()
-{
-    const double* objective = Model().LpCoefficients.Row(0);
-    State.LargestReducedCost = -EngineInfinity;
-    State.EnteringColumn = 0;
-    for (int j = 1; j <= State.NumColumns; ++j) {
-        const std::int16_t status = State.ColumnStatus.Data()[j];
-        if (!RestsAtBound(status)) continue;
-        const double reduced = State.ReducedCosts.Data()[j];
-        const double gain = status == kAtLower ? reduced : -reduced;
-        const bool tie = gain == State.LargestReducedCost;
-        if (gain > State.LargestReducedCost || (tie && objective[j] > objective[State.EnteringColumn])) {
-            State.LargestReducedCost = gain;
-            State.EnteringColumn = j;
-            State.Direction = status == kAtLower ? 1 : -1;
-        }
-    }
-}
-
-void Price()
-{
-    SetPhaseCosts();
-    SolvePrices();
-    PriceColumns();
-    ChooseEntering();
-}
-
-// ---- the primal step ----
-
-// How far the entering column may go before the basic column of a row reaches one of its bounds.
-struct RowLimit {
-    double Ratio = 0;
-    int Kind = kBoundFlip;  // kBoundFlip: never
-};
-
-RowLimit LimitOf(int row)
-{
-    const int j = State.BasisList(row);
-    const double x = State.BasicValues(row);
-    const double entry = State.PivotColumn(row);
-    const double falling = State.Direction == 1 ? entry : -entry;  // positive: the value goes down
-    if (falling > EngineTolerance) {
-        const double ratio = Divide(x - State.LowerBound(j), entry);
-        return {State.Direction == 1 ? ratio : -ratio, kToLower};
-    }
-    if (-falling > EngineTolerance) {
-        const double ratio = Divide(x - State.UpperBound(j), entry);
-        return {State.Direction == 1 ? ratio : -ratio, kToUpper};
-    }
-    return {};
-}
-
-bool IsClearedArtificial(int row)
-{
-    return State.ClearedArtificials == State.ArtificialCount &&
-           State.ColumnKind(State.BasisList(row)) == kArtificial && State.BasicValues(row) < EngineTolerance;
-}
-
-void TakeLimit(int row, const RowLimit& limit)
-{
-    if (limit.Kind == kBoundFlip) return;
-    const bool artificialTie = limit.Kind == kToLower && limit.Ratio == State.Step &&
-                               State.ColumnKind(State.BasisList(row)) == kArtificial;
-    if (!(limit.Ratio < State.Step) && !artificialTie) return;
-    State.Step = limit.Ratio;
-    State.LeavingRow = row;
-    State.LeavingKind = limit.Kind;
-}
-
-// An artificial that is basic at zero once all are cleared leaves at the first chance, with no step.
-void ChooseLeaving()
-{
-    State.Step = State.UpperBound(State.EnteringColumn) - State.LowerBound(State.EnteringColumn);
-    State.LeavingKind = kBoundFlip;
-    for (int i = 1; i <= Rows(); ++i) {
-        if (!IsClearedArtificial(i)) {
-            TakeLimit(i, LimitOf(i));
-        } else if (std::abs(State.PivotColumn(i)) > EngineTolerance) {
-            State.Step = 0;
-            State.LeavingRow = i;
-            State.LeavingKind = kToLower;
-            return;
-        }
-    }
-}
-
-// No entry of the column is above zero, and nothing bounds the column itself.
-bool IsUnbounded()
-{
-    if (State.Direction != 1 || State.UpperBound(State.EnteringColumn) != EngineInfinity) return false;
-    double largest = 0;
-    for (int i = 1; i <= Rows(); ++i)
-        largest = std::max(largest, State.PivotColumn(i));
-    if (largest == 0) return true;
-    const char* print = "mnuSolutionPrinttoPrinter";
-    if (!Menus.Item(print).Enabled) Menus.EnablePrinting(true);
-    return false;
-}
-
-// False: the objective grows without end.
-bool RatioTest()
-{
-    TransformColumn(State.EnteringColumn);
-    if (IsUnbounded()) return false;
-    ChooseLeaving();
-    return true;
-}
-
-// ---- the dual step ----
-
-void MarkBoundViolations()
-{
-    for (int i = 1; i <= Rows(); ++i) {
-        const int j = State.BasisList(i);
-        const double x = State.BasicValues(i);
-        const bool below = x < State.LowerBound(j);
-        const bool above = x > State.UpperBound(j);
-        if (IsOutsideBounds(State.ColumnStatus(j)) && !below && !above) State.ColumnStatus(j) = kBasic;
-        if (below)
-            State.ColumnStatus(j) = kBelowLower;
-        else if (above)
-            State.ColumnStatus(j) = kAboveUpper;
-    }
-}
-
-// The test and the stored step differ in sign above an upper bound, so that such a row gives way to any row
-// below its lower bound.
-void PickInfeasibleRow()
-{
-    State.LeavingRow = 0;
-    State.InfeasibleStep = EngineInfinity;
-    for (int i = 1; i <= Rows(); ++i) {
-        const int j = State.BasisList(i);
-        const double x = State.BasicValues(i);
-        const std::int16_t status = State.ColumnStatus(j);
-        if (status == kBelowLower && x - State.LowerBound(j) < State.InfeasibleStep) {
-            State.LeavingRow = i;
-            State.InfeasibleStep = x - State.LowerBound(j);
-            State.LeavingKind = kToLower;
-        } else if (status == kAboveUpper && State.UpperBound(j) - x < State.InfeasibleStep) {
-            State.LeavingRow = i;
-            State.InfeasibleStep = x - State.UpperBound(j);
-            State.LeavingKind = kToUpper;
-        }
-    }
-}
-
-// The side on which the basic column of the leaving row lies outside of its bounds.
-int ViolatedSide()
-{
-    const int j = State.BasisList(State.LeavingRow);
-    const double x = State.BasicValues(State.LeavingRow);
-    if (x < State.LowerBound(j)) return kToLower;
-    return x > State.UpperBound(j) ? kToUpper : State.LeavingKind;
-}
-
-void DualStepLength()
-{
-    const int j = State.EnteringColumn;
-    TransformColumn(j);
-    const bool fromLower = State.ColumnStatus(j) == kAtLower;
-    State.Step = State.UpperBound(j) - State.LowerBound(j);
-    State.Direction = fromLower ? 1 : -1;
-    State.LeavingKind = kBoundFlip;
-    const double quotient = Divide(State.InfeasibleStep, State.PivotColumn(State.LeavingRow));
-    if (!(quotient < State.Step)) return;
-    State.Step = fromLower ? quotient : -quotient;
-    State.LeavingKind = ViolatedSide();
-}
-
-// The columns that may enter, side by side in the block: all that are nonbasic and not retired.
-int GatherCandidates()
-{
-    int count = 0;
-    for (int j = 1; j <= State.NumColumns; ++j)
-        if (State.ColumnKind(j) < 0) candidates(count++) = static_cast<std::int16_t>(j);
-    for (int i = 1; i <= Rows(); ++i) {
-        const double* row = Model().LpCoefficients.Row(i);
-        double* entries = candidateBlock.Row(i);
-        for (int k = 0; k < count; ++k)
-            entries[k] = row[candidates.Data()[k]];
-    }
+    int count = problem.NumVariables;
+    for (int i = 1; i <= problem.NumConstraints; ++i)
+        count += problem.LpRelations(i) == VtLP::kGreater ? 2 : 1;
     return count;
 }
 
 // The ratio of a column with the entry `a` in the leaving row; EngineInfinity when it may not enter.
-double DualRatio(double a, std::int16_t status, double reduced)
+double DualRatio(int kind, double a, std::int16_t status, double reduced)
 {
-    const bool below = State.LeavingKind == kToLower;
+    const bool below = kind == kToLower;
     if (a < -EngineTolerance && status == (below ? kAtLower : kAtUpper)) return -reduced / a;
     if (a > EngineTolerance && status == (below ? kAtUpper : kAtLower)) return reduced / a;
     return EngineInfinity;
 }
 
-// The smallest ratio enters, the first of equal ones.
-void DualRatioTest()
+}  // namespace
+
+// How far the entering column may go before the basic column of a row reaches one of its bounds.
+struct Simplex::RowLimit {
+    double Ratio = 0;
+    int Kind = kBoundFlip;  // kBoundFlip: never
+};
+
+// ---- columns ----
+
+void Simplex::MakeTables()
 {
-    const int count = GatherCandidates();
-    State.Factors.SolveBlock(State.LeavingRow, count, candidateBlock);
-    const double* entries = candidateBlock.Row(State.LeavingRow);
-    double best = EngineInfinity;
-    State.EnteringColumn = 0;
-    for (int k = 0; k < count; ++k) {
-        const int j = candidates(k);
-        const double ratio = DualRatio(entries[k], State.ColumnStatus(j), State.ReducedCosts(j));
-        if (ratio < best) {
-            best = ratio;
-            State.EnteringColumn = j;
+    const int columns = CountColumns(at_.Problem);
+    if (columns > VtLP::ColumnCapacity) Raise(ErrorNumber::SubscriptOutOfRange);
+    const int rows = Rows();
+    at_.NumColumns = static_cast<std::int16_t>(columns);
+    at_.Coefficients = Array2<double>(rows, columns);
+    at_.CostVector = at_.ReducedCosts = Array1<double>(columns);
+    at_.IntegerColumn = Array1<std::int16_t>(columns);
+    at_.ConstraintColumn = Array1<std::int16_t>(rows);
+    at_.DualVector = Array1<double>(rows);
+    at_.Basis.UpperBound = at_.Basis.LowerBound = Array1<double>(columns);
+    at_.Basis.ColumnStatus = at_.Basis.ColumnKind = Array1<std::int16_t>(columns);
+    at_.Basis.BasisList = Array1<std::int16_t>(rows);
+    at_.Basis.BasicValues = Array1<double>(rows);
+    priceVector_ = basicCosts_ = columnEntries_ = workColumn_ = pivotColumn_ = Array1<double>(rows);
+    for (int j = 1; j <= std::min(kBoundedColumns, columns); ++j)
+        at_.Basis.UpperBound(j) = EngineInfinity;
+}
+
+void Simplex::AddLogicalColumn(int column, int row, std::int16_t kind, double coefficient)
+{
+    at_.Coefficients(row, column) = coefficient;
+    at_.Basis.ColumnKind(column) = kind;
+    at_.Basis.UpperBound(column) = EngineInfinity;
+}
+
+void Simplex::StartBasic(int column, int row)
+{
+    at_.Basis.ColumnStatus(column) = kBasic;
+    at_.ConstraintColumn(row) = static_cast<std::int16_t>(column);
+    at_.Basis.BasisList(row) = static_cast<std::int16_t>(column);
+}
+
+void Simplex::AddArtificial(int column, int row)
+{
+    AddLogicalColumn(column, row, kArtificial, 1);
+    at_.Coefficients(0, column) = -1;
+    StartBasic(column, row);
+    ++at_.ArtificialCount;
+}
+
+void Simplex::BuildDecisionColumns()
+{
+    const int n = Variables();
+    for (int i = 0; i <= Rows(); ++i)
+        std::copy_n(at_.Problem.LpCoefficients.Row(i), n + 1, at_.Coefficients.Row(i));
+    for (int j = 1; j <= n; ++j) {
+        at_.Basis.ColumnStatus(j) = kAtLower;
+        at_.Basis.ColumnKind(j) = -kDecision;
+        if (at_.Minimize) at_.Coefficients(0, j) = -at_.Coefficients(0, j);
+    }
+}
+
+void Simplex::BuildLogicalColumns()
+{
+    int column = Variables();
+    for (int i = 1; i <= Rows(); ++i) {
+        const std::int16_t relation = at_.Problem.LpRelations(i);
+        if (relation == VtLP::kLess) {
+            AddLogicalColumn(++column, i, kSlack, 1);
+            StartBasic(column, i);
+            continue;
+        }
+        if (relation == VtLP::kGreater) {
+            AddLogicalColumn(++column, i, -kSurplus, -1);
+            at_.Basis.ColumnStatus(column) = kAtLower;
+        }
+        AddArtificial(++column, i);
+    }
+}
+
+void Simplex::SetInitialValues()
+{
+    const BasisState& basis = at_.Basis;
+    for (int i = 1; i <= Rows(); ++i) {
+        double value = at_.Coefficients(i, 0);
+        for (int j = 1; j <= Variables(); ++j) {
+            const double bound =
+                basis.ColumnStatus(j) == kAtUpper ? basis.UpperBound(j) : basis.LowerBound(j);
+            value -= at_.Coefficients(i, j) * bound;
+        }
+        at_.Basis.BasicValues(i) = value;
+    }
+}
+
+// Artificials that have left, and those that are basic at zero.
+void Simplex::CountClearedArtificials()
+{
+    const BasisState& basis = at_.Basis;
+    int count = 0;
+    for (int j = Variables() + 1; j <= at_.NumColumns; ++j)
+        if (basis.ColumnKind(j) == kRetired && RestsAtBound(basis.ColumnStatus(j))) ++count;
+    for (int i = 1; i <= Rows(); ++i)
+        if (basis.ColumnKind(basis.BasisList(i)) == kArtificial && basis.BasicValues(i) < EngineTolerance)
+            ++count;
+    at_.ClearedArtificials = count;
+}
+
+void Simplex::BuildColumns()
+{
+    BuildDecisionColumns();
+    BuildLogicalColumns();
+    SetInitialValues();
+    at_.Basis.Factors.Reset(Rows(), Rows());
+    CountClearedArtificials();
+    if (recorder_ != nullptr) recorder_->Started(at_);
+}
+
+// ---- pricing ----
+
+void Simplex::SetPhaseCosts()
+{
+    const double* objective = at_.Coefficients.Row(0);
+    double* costs = at_.CostVector.Data();
+    at_.SolvePhase = at_.ClearedArtificials < at_.ArtificialCount ? 1 : 2;
+    for (int j = 1; j <= at_.NumColumns; ++j) {
+        if (at_.SolvePhase == 1)
+            costs[j] = at_.Basis.ColumnKind.Data()[j] == kArtificial ? -1 : 0;
+        else
+            costs[j] = objective[j];
+    }
+}
+
+void Simplex::SolvePrices()
+{
+    for (int i = 1; i <= Rows(); ++i)
+        basicCosts_(i) = at_.CostVector(at_.Basis.BasisList(i));
+    at_.Basis.Factors.SolveTransposed(basicCosts_.Data(), priceVector_.Data());
+    at_.Basis.Factors.MultiplyTransposed(priceVector_.Data(), at_.DualVector.Data());
+}
+
+void Simplex::PriceColumns()
+{
+    double* reduced = at_.ReducedCosts.Data();
+    std::copy_n(at_.CostVector.Data() + 1, at_.NumColumns, reduced + 1);
+    for (int i = 1; i <= Rows(); ++i) {
+        const double dual = at_.DualVector(i);
+        const double* row = at_.Coefficients.Row(i);
+        if (dual == 0) continue;
+        for (int j = 1; j <= at_.NumColumns; ++j)
+            reduced[j] -= dual * row[j];
+    }
+    const BasisState& basis = at_.Basis;
+    for (int j = 1; j <= at_.NumColumns; ++j)
+        if (basis.ColumnStatus.Data()[j] == kBasic || basis.ColumnKind.Data()[j] == kRetired) reduced[j] = 0;
+}
+
+// The largest gain enters; among equal ones that with the larger objective coefficient, else the first.
+Entering Simplex::ChooseEntering() const
+{
+    const double* objective = at_.Coefficients.Row(0);
+    Entering best{.Gain = -EngineInfinity};
+    for (int j = 1; j <= at_.NumColumns; ++j) {
+        const std::int16_t status = at_.Basis.ColumnStatus.Data()[j];
+        if (!RestsAtBound(status)) continue;
+        const double reduced = at_.ReducedCosts.Data()[j];
+        const double gain = status == kAtLower ? reduced : -reduced;
+        const bool tie = gain == best.Gain;
+        if (gain > best.Gain || (tie && objective[j] > objective[best.Column]))
+            best = {.Column = j, .Direction = status == kAtLower ? 1 : -1, .Gain = gain};
+    }
+    return best;
+}
+
+Entering Simplex::Price()
+{
+    SetPhaseCosts();
+    SolvePrices();
+    PriceColumns();
+    return ChooseEntering();
+}
+
+// ---- the primal step ----
+
+void Simplex::TransformColumn(int column)
+{
+    for (int i = 1; i <= Rows(); ++i)
+        columnEntries_(i) = at_.Coefficients(i, column);
+    at_.Basis.Factors.Multiply(columnEntries_.Data(), workColumn_.Data());
+    at_.Basis.Factors.Solve(workColumn_.Data(), pivotColumn_.Data());
+}
+
+Simplex::RowLimit Simplex::LimitOf(int row, int direction) const
+{
+    const int j = at_.Basis.BasisList(row);
+    const double x = at_.Basis.BasicValues(row);
+    const double entry = pivotColumn_(row);
+    const double falling = direction == 1 ? entry : -entry;  // positive: the value goes down
+    if (falling > EngineTolerance) {
+        const double ratio = Divide(x - at_.Basis.LowerBound(j), entry);
+        return {direction == 1 ? ratio : -ratio, kToLower};
+    }
+    if (-falling > EngineTolerance) {
+        const double ratio = Divide(x - at_.Basis.UpperBound(j), entry);
+        return {direction == 1 ? ratio : -ratio, kToUpper};
+    }
+    return {};
+}
+
+bool Simplex::IsClearedArtificial(int row) const
+{
+    return at_.ClearedArtificials == at_.ArtificialCount &&
+           at_.Basis.ColumnKind(at_.Basis.BasisList(row)) == kArtificial &&
+           at_.Basis.BasicValues(row) < EngineTolerance;
+}
+
+// Whether the row limits the step more than what was found so far; an artificial wins ties.
+bool Simplex::IsNearer(int row, const RowLimit& limit, double step) const
+{
+    if (limit.Kind == kBoundFlip) return false;
+    const bool artificialTie = limit.Kind == kToLower && limit.Ratio == step &&
+                               at_.Basis.ColumnKind(at_.Basis.BasisList(row)) == kArtificial;
+    return limit.Ratio < step || artificialTie;
+}
+
+// An artificial that is basic at zero once all are cleared leaves at the first chance, with no step.
+Leaving Simplex::ChooseLeaving(const Entering& entering) const
+{
+    Leaving leaving{.Step = at_.Basis.UpperBound(entering.Column) - at_.Basis.LowerBound(entering.Column)};
+    for (int i = 1; i <= Rows(); ++i) {
+        if (!IsClearedArtificial(i)) {
+            const RowLimit limit = LimitOf(i, entering.Direction);
+            if (IsNearer(i, limit, leaving.Step)) leaving = {i, limit.Kind, limit.Ratio};
+        } else if (std::abs(pivotColumn_(i)) > EngineTolerance) {
+            return {i, kToLower, 0};
         }
     }
-    if (State.EnteringColumn == 0)
-        State.RunStatus = kNoEntering;
-    else
-        DualStepLength();
+    return leaving;
+}
+
+// No entry of the column is above zero, and nothing bounds the column itself.
+bool Simplex::IsUnbounded(const Entering& entering) const
+{
+    if (entering.Direction != 1 || at_.Basis.UpperBound(entering.Column) != EngineInfinity) return false;
+    double largest = 0;
+    for (int i = 1; i <= Rows(); ++i)
+        largest = std::max(largest, pivotColumn_(i));
+    return largest == 0;
+}
+
+// ---- the dual step ----
+
+void Simplex::MarkBoundViolations()
+{
+    BasisState& basis = at_.Basis;
+    for (int i = 1; i <= Rows(); ++i) {
+        const int j = basis.BasisList(i);
+        const double x = basis.BasicValues(i);
+        const bool below = x < basis.LowerBound(j);
+        const bool above = x > basis.UpperBound(j);
+        if (IsOutsideBounds(basis.ColumnStatus(j)) && !below && !above) basis.ColumnStatus(j) = kBasic;
+        if (below)
+            basis.ColumnStatus(j) = kBelowLower;
+        else if (above)
+            basis.ColumnStatus(j) = kAboveUpper;
+    }
+}
+
+// The test and the stored step differ in sign above an upper bound, so that such a row gives way to any row
+// below its lower bound.
+BoundViolation Simplex::PickInfeasibleRow() const
+{
+    const BasisState& basis = at_.Basis;
+    BoundViolation worst;
+    for (int i = 1; i <= Rows(); ++i) {
+        const int j = basis.BasisList(i);
+        const double x = basis.BasicValues(i);
+        const std::int16_t status = basis.ColumnStatus(j);
+        if (status == kBelowLower && x - basis.LowerBound(j) < worst.Step)
+            worst = {i, kToLower, x - basis.LowerBound(j)};
+        else if (status == kAboveUpper && basis.UpperBound(j) - x < worst.Step)
+            worst = {i, kToUpper, x - basis.UpperBound(j)};
+    }
+    return worst;
+}
+
+// The side on which the basic column of the row lies outside of its bounds.
+int Simplex::ViolatedSide(int row) const
+{
+    const int j = at_.Basis.BasisList(row);
+    const double x = at_.Basis.BasicValues(row);
+    if (x < at_.Basis.LowerBound(j)) return kToLower;
+    return x > at_.Basis.UpperBound(j) ? kToUpper : kBoundFlip;
+}
+
+Pivot Simplex::DualStep(int column, const BoundViolation& violation)
+{
+    TransformColumn(column);
+    const bool fromLower = at_.Basis.ColumnStatus(column) == kAtLower;
+    Pivot pivot{
+        .Dual = true,
+        .In = {.Column = column, .Direction = fromLower ? 1 : -1},
+        .Out = {.Row = violation.Row, .Step = at_.Basis.UpperBound(column) - at_.Basis.LowerBound(column)},
+        .Column = &pivotColumn_};
+    const double quotient = Divide(violation.Step, pivotColumn_(violation.Row));
+    if (!(quotient < pivot.Out.Step)) return pivot;
+    pivot.Out.Step = fromLower ? quotient : -quotient;
+    pivot.Out.Kind = ViolatedSide(violation.Row);
+    return pivot;
+}
+
+// The columns that may enter, side by side in the block: all that are nonbasic and not retired.
+int Simplex::GatherCandidates()
+{
+    if (candidateBlock_.Stride() == 0) candidateBlock_ = Array2<double>(Rows(), at_.NumColumns);
+    candidates_.clear();
+    for (int j = 1; j <= at_.NumColumns; ++j)
+        if (at_.Basis.ColumnKind(j) < 0) candidates_.push_back(j);
+    for (int i = 1; i <= Rows(); ++i) {
+        const double* row = at_.Coefficients.Row(i);
+        double* entries = candidateBlock_.Row(i);
+        for (const int j : candidates_)
+            *entries++ = row[j];
+    }
+    return static_cast<int>(candidates_.size());
+}
+
+// The smallest ratio enters, the first of equal ones; 0 when there is none.
+int Simplex::DualRatioTest(const BoundViolation& violation)
+{
+    const int count = GatherCandidates();
+    at_.Basis.Factors.SolveBlock(violation.Row, count, candidateBlock_);
+    const double* entries = candidateBlock_.Row(violation.Row);
+    double best = EngineInfinity;
+    int entering = 0;
+    for (const int j : candidates_) {
+        const double ratio =
+            DualRatio(violation.Kind, *entries++, at_.Basis.ColumnStatus(j), at_.ReducedCosts(j));
+        if (ratio < best) {
+            best = ratio;
+            entering = j;
+        }
+    }
+    return entering;
 }
 
 // ---- the pivot ----
 
-void ChangeStatus()
+void Simplex::ChangeStatus(const Entering& entering, const Leaving& leaving)
 {
-    const int entering = State.EnteringColumn;
-    if (State.LeavingKind == kBoundFlip) {
-        State.ColumnStatus(entering) = static_cast<std::int16_t>(State.Direction);
+    BasisState& basis = at_.Basis;
+    if (leaving.Kind == kBoundFlip) {
+        basis.ColumnStatus(entering.Column) = static_cast<std::int16_t>(entering.Direction);
         return;
     }
-    State.ColumnStatus(entering) = kBasic;
-    const int leaving = State.BasisList(State.LeavingRow);
-    State.ColumnStatus(leaving) = State.LeavingKind == kToLower ? kAtLower : kAtUpper;
+    basis.ColumnStatus(entering.Column) = kBasic;
+    basis.ColumnStatus(basis.BasisList(leaving.Row)) = leaving.Kind == kToLower ? kAtLower : kAtUpper;
 }
 
-void ChangeValues()
+void Simplex::ChangeValues(double step)
 {
-    const double step = State.Direction * State.Step;
     for (int i = 1; i <= Rows(); ++i) {
-        const double x = State.BasicValues(i) - step * State.PivotColumn(i);
+        const double x = at_.Basis.BasicValues(i) - step * pivotColumn_(i);
         if (!std::isfinite(x)) Raise(ErrorNumber::Overflow);
-        State.BasicValues(i) = CutToZero(x);
+        at_.Basis.BasicValues(i) = CutToZero(x);
     }
 }
 
-void ChangeKinds()
+void Simplex::ChangeKinds(int entering, int leavingRow)
 {
-    std::int16_t& entering = State.ColumnKind(State.EnteringColumn);
-    entering = static_cast<std::int16_t>(std::abs(entering));
-    std::int16_t& leaving = State.ColumnKind(State.BasisList(State.LeavingRow));
-    leaving = leaving == kArtificial ? kRetired : static_cast<std::int16_t>(-leaving);
+    std::int16_t& in = at_.Basis.ColumnKind(entering);
+    in = static_cast<std::int16_t>(std::abs(in));
+    std::int16_t& out = at_.Basis.ColumnKind(at_.Basis.BasisList(leavingRow));
+    out = out == kArtificial ? kRetired : static_cast<std::int16_t>(-out);
 }
 
 // The positions behind the leaving one move up; the entering column takes the last.
-void ShiftBasis()
+void Simplex::ShiftBasis(const Entering& entering, const Leaving& leaving)
 {
+    BasisState& basis = at_.Basis;
     const int last = Rows();
-    for (int r = State.LeavingRow; r < last; ++r) {
-        State.BasisList(r) = State.BasisList(r + 1);
-        State.BasicValues(r) = State.BasicValues(r + 1);
+    for (int r = leaving.Row; r < last; ++r) {
+        basis.BasisList(r) = basis.BasisList(r + 1);
+        basis.BasicValues(r) = basis.BasicValues(r + 1);
     }
-    const int entering = State.EnteringColumn;
-    State.BasisList(last) = static_cast<std::int16_t>(entering);
-    State.BasicValues(last) = State.Direction == 1 ? State.LowerBound(entering) + State.Step
-                                                   : State.UpperBound(entering) - State.Step;
+    basis.BasisList(last) = static_cast<std::int16_t>(entering.Column);
+    basis.BasicValues(last) = entering.Direction == 1 ? basis.LowerBound(entering.Column) + leaving.Step
+                                                      : basis.UpperBound(entering.Column) - leaving.Step;
 }
 
-void UpdateBasis()
+void Simplex::UpdateBasis(const Pivot& pivot)
 {
-    ChangeStatus();
-    ChangeValues();
-    if (State.LeavingKind == kBoundFlip) return;
-    ChangeKinds();
-    ShiftBasis();
+    if (recorder_ != nullptr) recorder_->Turns(at_, pivot);
+    ChangeStatus(pivot.In, pivot.Out);
+    ChangeValues(pivot.In.Direction * pivot.Out.Step);
+    if (pivot.Out.Kind == kBoundFlip) return;
+    ChangeKinds(pivot.In.Column, pivot.Out.Row);
+    ShiftBasis(pivot.In, pivot.Out);
     CountClearedArtificials();
-    State.Factors.ReplaceColumn(State.LeavingRow, State.WorkColumn.Data());
+    at_.Basis.Factors.ReplaceColumn(pivot.Out.Row, workColumn_.Data());
 }
 
-}  // namespace
+// ---- runs of steps ----
 
-void BuildColumns()
+bool Simplex::DualSteps()
 {
-    BuildDecisionColumns();
-    State.NumColumns = ToInt16(BuildLogicalColumns());
-    SetInitialValues();
-    State.Factors.Reset(Rows(), RowCapacity);
-    CountClearedArtificials();
-}
-
-void TransformColumn(int column)
-{
-    for (int i = 1; i <= Rows(); ++i)
-        columnEntries(i) = Model().LpCoefficients(i, column);
-    State.Factors.Multiply(columnEntries.Data(), State.WorkColumn.Data());
-    State.Factors.Solve(State.WorkColumn.Data(), State.PivotColumn.Data());
-}
-
-void DualSteps()
-{
-    State.RunStatus = kRunning;
     MarkBoundViolations();
-    PickInfeasibleRow();
-    while (State.LeavingRow != 0 && State.RunStatus != kNoEntering) {
+    for (BoundViolation violation = PickInfeasibleRow(); violation.Row != 0;
+         violation = PickInfeasibleRow()) {
         LetUserInterrupt();
         SetPhaseCosts();
         SolvePrices();
         PriceColumns();
-        DualRatioTest();
-        if (State.RunStatus != kNoEntering) UpdateBasis();
+        const int entering = DualRatioTest(violation);
+        if (entering == 0) {
+            if (recorder_ != nullptr) recorder_->NoEntering(at_, violation);
+            MarkBoundViolations();
+            return false;
+        }
+        UpdateBasis(DualStep(entering, violation));
         MarkBoundViolations();
-        PickInfeasibleRow();
     }
-}
-
-bool PrimalSteps()
-{
-    Price();
-    while (State.LargestReducedCost >= PricingThreshold) {
-        LetUserInterrupt();
-        ++State.PivotCount;
-        if (!RatioTest()) return false;
-        UpdateBasis();
-        Price();
-    }
-    State.RunStatus = kRunning;
     return true;
 }
 
-void ComputeObjective()
+bool Simplex::PrimalSteps()
+{
+    Entering entering = Price();
+    while (entering.Gain >= PricingThreshold) {
+        LetUserInterrupt();
+        ++at_.PivotCount;
+        TransformColumn(entering.Column);
+        if (IsUnbounded(entering)) {
+            if (recorder_ != nullptr) recorder_->Unlimited(at_, entering);
+            return false;
+        }
+        UpdateBasis({.In = entering, .Out = ChooseLeaving(entering), .Column = &pivotColumn_});
+        entering = Price();
+    }
+    return true;
+}
+
+void Simplex::MoveRestingColumn(int column, double change)
+{
+    TransformColumn(column);
+    for (int i = 1; i <= Rows(); ++i)
+        at_.Basis.BasicValues(i) = CutToZero(at_.Basis.BasicValues(i) - pivotColumn_(i) * change);
+}
+
+void Simplex::ComputeObjective()
 {
     double sum = 0;
     for (int i = 1; i <= Rows(); ++i)
-        sum += State.BasicValues(i) * State.CostVector(State.BasisList(i));
-    for (int j = 1; j <= State.NumColumns; ++j) {
-        const std::int16_t status = State.ColumnStatus(j);
-        if (status == kAtLower) sum += State.CostVector(j) * State.LowerBound(j);
-        if (status == kAtUpper) sum += State.CostVector(j) * State.UpperBound(j);
+        sum += at_.Basis.BasicValues(i) * at_.CostVector(at_.Basis.BasisList(i));
+    for (int j = 1; j <= at_.NumColumns; ++j) {
+        const std::int16_t status = at_.Basis.ColumnStatus(j);
+        if (status == kAtLower) sum += at_.CostVector(j) * at_.Basis.LowerBound(j);
+        if (status == kAtUpper) sum += at_.CostVector(j) * at_.Basis.UpperBound(j);
     }
-    State.ObjectiveValue = sum;
+    at_.ObjectiveValue = sum;
 }
 
 }  // namespace LP_Engine

@@ -1,13 +1,13 @@
 // The linear program at hand and its three forms:
 //
 //   the grids     of `frmLPproblem`, which the user edits: Grid(0) names and objective, Grid(1) constraints
-//   the model     LpCoefficients and what stands around it, which the engine reads and uses up
+//   the model     LpCoefficients and what stands around it, which the engine reads
 //   the text      LpLines, one string a line in ordinary algebra ("MAX 3X1+2X2", "1X1+1X2<10"): the problem
 //                 file, the echo of the printed report and, behind the constraints, the integer types
 //
 // GridToModel writes model and text from the grids, ParseLpLines the model from the text, ModelToGrid the
-// grids from the model. The grids are the reference: a solve changes the model for good, so that every
-// solve, save and print of a linear program begins with GridToModel.
+// grids from the model. The grids are the reference: every solve, save and print of a linear program begins
+// with GridToModel.
 #pragma once
 
 #include <cstdint>

@@ -8,6 +8,7 @@
 #include "shell/checks.h"
 #include "shell/commands.h"
 #include "shell/session.h"
+#include "tableau/Criterion.h"
 
 namespace {
 
@@ -48,11 +49,28 @@ bool Prepare()
     return true;
 }
 
-// A solve uses the problem up, and the report needs what it leaves behind.
-void SolveAgain()
+// What the ends without a report say: a search that is broken off, or that ran out of room, says nothing.
+SolveOutcome Told(LP_Engine::Outcome end)
 {
-    VtLP::GridToModel();
-    LP_Engine::Solve();
+    if (end == LP_Engine::Outcome::Optimal) return {};
+    if (end == LP_Engine::Outcome::Infeasible) return {.Solved = false, .Before = {{"No Feasible Solution"}}};
+    if (end == LP_Engine::Outcome::Unbounded) return {.Solved = false, .Before = {{"Problem is Unbounded."}}};
+    return {.Solved = false};
+}
+
+SolveOutcome Solve()
+{
+    LP_Engine::Result = LP_Engine::Solve(VtLP::Problem, MinimizeFlag == 1, Session.IntegerProblem == 1);
+    return Told(LP_Engine::Result.End);
+}
+
+// The solve before printing may be broken off like any other; the command tells it.
+void WriteReport(ReportChannel& out)
+{
+    const LP_Engine::LpResult& result = LP_Engine::Result;
+    if (result.End == LP_Engine::Outcome::Interrupted || result.End == LP_Engine::Outcome::OutOfRoom)
+        Raise(result.Error);
+    WriteLpReport(out, result);
 }
 
 void EditCommand(int item)
@@ -71,16 +89,15 @@ ModuleRoutines CommonRoutines()
             .Display = VtLP::ModelToGrid,
             .Check = CheckLinearProgram,
             .Prepare = Prepare,
-            .SolveAndShow = LP_Engine::Solve,
-            .ShellShowsSolving = true,
+            .Solve = Solve,
+            .Page = [](ReportChannel& page) { ShowLpReport(page, LP_Engine::Result); },
             .FirstEditItem = 3,
             .LastEditItem = 7,
-            .SolveDisablesEditItems = true,
             .EditItems = {"Add Constraints", "Delete Constraint", "Add Variables", "Delete Variable",
                           "Change Optimization Type"},
             .EditCommand = EditCommand,
             .FinishEdit = [](TopMenu) { VtLP::FinishEdit(); },
-            .Reports = {WriteLpReport},
+            .Reports = {WriteReport},
             .Write = Write,
             .Read = Read};
 }
@@ -88,7 +105,8 @@ ModuleRoutines CommonRoutines()
 ModuleRoutines LinearRoutines()
 {
     ModuleRoutines routines = CommonRoutines();
-    routines.BeforeReport = SolveAgain;
+    routines.BeforeReport = VtLP::GridToModel;
+    routines.SolvesBeforeReport = true;
     return routines;
 }
 

@@ -346,6 +346,7 @@ void RunReports(ReportChannel& channel)
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
     if (routines.BeforeReport) routines.BeforeReport();
+    if (routines.SolvesBeforeReport && !SolveAndShow(routines)) Menus.EnablePrinting(false);
     for (const auto& report : routines.Reports)
         report(channel);
 }

@@ -96,6 +96,7 @@ struct ModuleRoutines {
 
     // The full report, routine after routine. BeforeReport may be missing.
     std::function<void()> BeforeReport = {};
+    bool SolvesBeforeReport = false;  // solves once more behind it, and shows the page anew
     std::vector<std::function<void(ReportChannel&)>> Reports = {};
 
     // What stands beside the report, from the records of the problem and of its last result; computed when it

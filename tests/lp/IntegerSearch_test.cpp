@@ -15,7 +15,8 @@
 
 namespace {
 
-using LP_Engine::State;
+using LP_Engine::Outcome;
+using LP_Engine::Result;
 using testing::ElementsAre;
 
 // A user who breaks off what has not ended after half a second.
@@ -38,12 +39,9 @@ protected:
     ErrorNumber ErrorOf(const Lp& lp, const std::vector<std::string>& types)
     {
         screen.asked = 0;
-        try {
-            SolveInteger(lp, types);
-        } catch (const RuntimeError& error) {
-            return error.Number();
-        }
-        return kNoError;
+        SolveInteger(lp, types);
+        const bool broken = Result.End == Outcome::Interrupted || Result.End == Outcome::OutOfRoom;
+        return broken ? Result.Error : kNoError;
     }
 
     static constexpr ErrorNumber kNoError = ErrorNumber::AlreadyLoaded;  // none of the engine's
@@ -93,10 +91,10 @@ TEST_F(IntegerSearch, CoversTheTownsWithTwoStations)
 TEST_F(IntegerSearch, TheWordsForAllVariablesMakeAllWhole)
 {
     SolveInteger(kTables, {"DIN"});
-    EXPECT_EQ(State.IntegerCount, 2);
-    EXPECT_EQ(State.UpperBound(3), LP_Engine::EngineInfinity);  // the first slack
+    EXPECT_EQ(Result.IntegerCount, 2);
+    EXPECT_EQ(Result.Basis.UpperBound(3), LP_Engine::EngineInfinity);  // the first slack
     SolveInteger(kTables, {"DBI"});
-    EXPECT_EQ(State.IntegerCount, 2);
+    EXPECT_EQ(Result.IntegerCount, 2);
     EXPECT_THAT(Values(), ElementsAre(1, 1));
 }
 
@@ -104,7 +102,7 @@ TEST_F(IntegerSearch, TheWordsForAllVariablesMakeAllWhole)
 TEST_F(IntegerSearch, AListMakesItsVariablesWholeAndNoOther)
 {
     SolveInteger(kTables, {"INT", "X1", ""});
-    EXPECT_EQ(State.IntegerCount, 1);
+    EXPECT_EQ(Result.IntegerCount, 1);
     EXPECT_NEAR(Values()[0], 4, 1e-9);
     EXPECT_NEAR(Values()[1], 1.8, 1e-9);
 }
@@ -112,7 +110,7 @@ TEST_F(IntegerSearch, AListMakesItsVariablesWholeAndNoOther)
 TEST_F(IntegerSearch, AListMaySwitchItsKindBothWays)
 {
     SolveInteger(kTables, {"BIN", "X1", "INT", "X2", ""});
-    EXPECT_EQ(State.IntegerCount, 2);
+    EXPECT_EQ(Result.IntegerCount, 2);
     EXPECT_THAT(Values(), ElementsAre(1, 5));
     SolveInteger(kTables, {"INT", "X2", "BIN", "X1", ""});
     EXPECT_THAT(Values(), ElementsAre(1, 5));
@@ -121,14 +119,14 @@ TEST_F(IntegerSearch, AListMaySwitchItsKindBothWays)
 TEST_F(IntegerSearch, ANameThatIsListedTwiceCountsOnceWithItsLastKind)
 {
     SolveInteger(kTables, {"BIN", "X1", "INT", "X1", ""});
-    EXPECT_EQ(State.IntegerCount, 1);
+    EXPECT_EQ(Result.IntegerCount, 1);
     EXPECT_EQ(Values()[0], 4);
 }
 
 TEST_F(IntegerSearch, NamesAreReadInCapitalsAndUnknownOnesPassedOver)
 {
     SolveInteger(kTables, {"INT", "x1", "Q", ""});
-    EXPECT_EQ(State.IntegerCount, 1);
+    EXPECT_EQ(Result.IntegerCount, 1);
 }
 
 TEST_F(IntegerSearch, AStoredNameWithSmallLettersIsNeverFound)
@@ -137,9 +135,8 @@ TEST_F(IntegerSearch, AStoredNameWithSmallLettersIsNeverFound)
     VtLP::Problem.LpVariableNames(1) = "desk";
     VtLP::Problem.LpLines(5) = "INT";
     VtLP::Problem.LpLines(6) = "desk";
-    Session.IntegerProblem = 1;
-    LP_Engine::Solve();
-    EXPECT_EQ(State.IntegerCount, 0);
+    SolveModel(true);
+    EXPECT_EQ(Result.IntegerCount, 0);
     EXPECT_NEAR(Objective(), 41.25, 1e-9);
 }
 
@@ -157,7 +154,7 @@ TEST_F(IntegerSearch, AnIntegerProgramHasNoTypeLinesOfALinearOne)
 {
     SetProblem(kTables);
     VtLP::Problem.LpLines(5) = "DIN";
-    LP_Engine::Solve();
+    SolveModel();
     EXPECT_NEAR(Objective(), 41.25, 1e-9);
 }
 
@@ -223,7 +220,7 @@ TEST_F(IntegerSearch, AWholeRelaxationNeedsNoBranch)
 {
     SolveInteger({false, {3, 5}, {{{1, 0}, '<', 4}, {{0, 2}, '<', 12}, {{3, 2}, '<', 18}}}, {"DIN"});
     EXPECT_THAT(Values(), ElementsAre(2, 6));
-    EXPECT_EQ(State.UpperBound(1), LP_Engine::EngineInfinity);
+    EXPECT_EQ(Result.Basis.UpperBound(1), LP_Engine::EngineInfinity);
 }
 
 // Both are 1/2 above a whole number: 7.5 is branched on first, and its upper branch is taken first. x >= 8
@@ -232,8 +229,8 @@ TEST_F(IntegerSearch, AmongEqualFractionsTheLargerValueIsBranchedOn)
 {
     SolveInteger({false, {1, 10}, {{{2, 0}, '<', 5}, {{0, 2}, '<', 15}}}, {"DIN"});
     EXPECT_THAT(Values(), ElementsAre(2, 7));
-    EXPECT_EQ(State.UpperBound(1), 2);
-    EXPECT_EQ(State.UpperBound(2), 7);
+    EXPECT_EQ(Result.Basis.UpperBound(1), 2);
+    EXPECT_EQ(Result.Basis.UpperBound(2), 7);
 }
 
 // 0.9 and 3.5: the larger fraction is branched on, though 0.5 is further from a whole number. With x >= 1
@@ -244,18 +241,29 @@ TEST_F(IntegerSearch, TheLargestFractionIsBranchedOnFirst)
     EXPECT_THAT(Values(), ElementsAre(0, 3));
 }
 
-// The upper branch is searched first and gives 10 (x = 1); with x at 0 it would be 10.9, a gain of less
-// than 1.
-TEST_F(IntegerSearch, AGainOfOneOrLessIsCutOff)
+// 10x + 2y <= 20 and 2y <= 3: relaxed it is (1.7, 1.5), and x is branched on. x >= 2 gives the whole (2, 0),
+// worth 1. x <= 1 promises (1, 1.5), behind which (1, 1) lies.
+Lp PromiseOf(double y)
 {
-    const auto withGain = [](double gain) {
-        // x is 1/2 in the relaxation; y is free to take its place in the lower branch only.
-        return Lp{false, {10, 10 + gain}, {{{2, 2}, '<', 3}, {{1, 0}, '<', 1}, {{0, 1}, '<', 1}}};
-    };
-    for (const double gain : {0.0, 0.5}) {
-        SolveInteger(withGain(gain), {"DIN"});
-        EXPECT_GE(Objective(), 10 + gain - 1);
-    }
+    return {false, {.5, y}, {{{10, 2}, '<', 20}, {{0, 2}, '<', 3}}};
+}
+
+// 0.5 + 1.5 = 2 is a gain of exactly 1: not enough, though (1, 1) would be worth 1.5.
+TEST_F(IntegerSearch, ANodeThatPromisesAGainOfOneIsCutOff)
+{
+    SolveInteger(PromiseOf(1), {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(2, 0));
+    EXPECT_EQ(Objective(), 1);
+    EXPECT_EQ(Result.Tree.Nodes(2).Became, LP_Engine::Fate::NotBetterByGain);
+}
+
+// 0.5 + 1.5 * 1.02 = 2.03 is more.
+TEST_F(IntegerSearch, ANodeThatPromisesAGainOfMoreThanOneIsSearched)
+{
+    SolveInteger(PromiseOf(1.02), {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(1, 1));
+    EXPECT_NEAR(Objective(), 1.52, 1e-9);
+    EXPECT_EQ(Result.Tree.Nodes(2).Became, LP_Engine::Fate::Branched);
 }
 
 TEST_F(IntegerSearch, ValuesAHairBelowAWholeNumberMoveUpToIt)
@@ -271,13 +279,13 @@ TEST_F(IntegerSearch, ValuesAHairBelowAWholeNumberMoveUpToIt)
 TEST_F(IntegerSearch, AnUnboundedRelaxationIsTold)
 {
     SolveInteger({false, {1, 1}, {{{1, -1}, '<', 4}}}, {"DIN"});
-    EXPECT_EQ(desktop.dialogs.Last().Text, "Problem is Unbounded.");
+    EXPECT_EQ(Result.End, Outcome::Unbounded);
 }
 
 TEST_F(IntegerSearch, ARootWithoutAFeasiblePointIsTold)
 {
     SolveInteger({false, {1}, {{{1}, '<', 4}, {{1}, '>', 6}}}, {"DIN"});
-    EXPECT_EQ(desktop.dialogs.Last().Text, "No Feasible Solution");
+    EXPECT_EQ(Result.End, Outcome::Infeasible);
 }
 
 // 2x = 1 has no whole solution: the tree is exhausted, and the search goes round until it is broken off.
@@ -361,9 +369,8 @@ protected:
         int missed = 0;
         for (int round = 0; round < 600; ++round) {
             const Lp lp = RandomKnapsacks(random, binary);
-            desktop.dialogs.messages.clear();
             if (ErrorOf(lp, {binary ? "DBI" : "DIN"}) != kNoError) continue;
-            if (!desktop.dialogs.messages.empty()) continue;  // bounds of basic columns stop no ray
+            if (Result.End != Outcome::Optimal) continue;  // bounds of basic columns stop no ray
             ++solved;
             const std::vector<double> values = Values();
             for (const double value : values)

@@ -37,10 +37,17 @@ protected:
             Problem.LpLines(++i) = line;
     }
 
+    static Lines Screen()
+    {
+        SolutionPage page;
+        ShowLpReport(page, LP_Engine::Result);
+        return SolutionLines();
+    }
+
     static Lines File()
     {
         TextFileChannel channel;
-        WriteLpReport(channel);
+        WriteLpReport(channel, LP_Engine::Result);
         Lines lines;
         std::string line;
         for (const char c : channel.Text()) {
@@ -59,7 +66,7 @@ protected:
         desktop.printer.pages.clear();
         desktop.printer.Begin("Courier New", 12);
         PrinterChannel channel;
-        WriteLpReport(channel);
+        WriteLpReport(channel, LP_Engine::Result);
         desktop.printer.EndDoc();
         return desktop.printer.pages;
     }
@@ -72,7 +79,7 @@ const Lp kDoors{false, {3, 5}, {{{1, 0}, '<', 4}, {{0, 2}, '<', 12}, {{3, 2}, '<
 TEST_F(LpReport, OfALinearProgramOnTheScreen)
 {
     Solve(kDoors);
-    EXPECT_THAT(SolutionLines(),
+    EXPECT_THAT(Screen(),
                 ElementsAre("Optimal Solution",                                                       //
                             "Objective Function Value =          36.000",                             //
                             "",                                                                       //
@@ -108,7 +115,7 @@ TEST_F(LpReport, OfALinearProgramInFull)
 {
     SetProblem(kDoors);
     SetText("MAX 3X1+5X2", {"1X1<4", "2X2<12", "3X1+2X2<18"});
-    LP_Engine::Solve();
+    SolveModel();
     EXPECT_THAT(File(),
                 ElementsAre("LINEAR PROGRAMMING PROBLEM",                                             //
                             "",                                                                       //
@@ -155,52 +162,51 @@ TEST_F(LpReport, OfALinearProgramInFull)
 
 TEST_F(LpReport, OfAnIntegerProgramHasValuesOnly)
 {
-    Session.IntegerProblem = 1;
     SetProblem({false, {8, 5}, {{{1, 1}, '<', 6}, {{9, 5}, '<', 45}}});
     SetText("MAX 8X1+5X2", {"1X1+1X2<6", "9X1+5X2<45", "DIN"});
-    LP_Engine::Solve();
-    EXPECT_THAT(SolutionLines(), ElementsAre("Optimal Solution",                            //
-                                             "Objective Function Value =          40.000",  //
-                                             "",                                            //
-                                             "      Variable             Value",            //
-                                             "   --------------     ---------------  ",     //
-                                             "       X1                      5.000",        //
-                                             "       X2                      0.000",        //
-                                             "",                                            //
-                                             "     Constraint        Slack/Surplus",        //
-                                             "   --------------     --------------- ",      //
-                                             "         1                     1.000",        //
-                                             "         2                     0.000"));      //
-    EXPECT_THAT(File(), ElementsAre("INTEGER LINEAR PROGRAMMING PROBLEM",                   //
-                                    "",                                                     //
-                                    "MAX 8X1+5X2",                                          //
-                                    "",                                                     //
-                                    "     S.T.",                                            //
-                                    "",                                                     //
-                                    "       1)  1X1+1X2<6",                                 //
-                                    "       2)  9X1+5X2<45",                                //
-                                    "\f",                                                   //
-                                    "OPTIMAL SOLUTION",                                     //
-                                    "",                                                     //
-                                    "Objective Function Value =          40.000",           //
-                                    "",                                                     //
-                                    "      Variable             Value",                     //
-                                    "   --------------     ---------------  ",              //
-                                    "       X1                       5.000      ",          //
-                                    "       X2                       0.000      ",          //
-                                    "",                                                     //
-                                    "",                                                     //
-                                    "     Constraint        Slack/Surplus",                 //
-                                    "   --------------     --------------- ",               //
-                                    "         1                      1.000      ",          //
-                                    "         2                      0.000      "));        //
+    SolveModel(true);
+    EXPECT_THAT(Screen(), ElementsAre("Optimal Solution",                             //
+                                      "Objective Function Value =          40.000",   //
+                                      "",                                             //
+                                      "      Variable             Value",             //
+                                      "   --------------     ---------------  ",      //
+                                      "       X1                      5.000",         //
+                                      "       X2                      0.000",         //
+                                      "",                                             //
+                                      "     Constraint        Slack/Surplus",         //
+                                      "   --------------     --------------- ",       //
+                                      "         1                     1.000",         //
+                                      "         2                     0.000"));       //
+    EXPECT_THAT(File(), ElementsAre("INTEGER LINEAR PROGRAMMING PROBLEM",             //
+                                    "",                                               //
+                                    "MAX 8X1+5X2",                                    //
+                                    "",                                               //
+                                    "     S.T.",                                      //
+                                    "",                                               //
+                                    "       1)  1X1+1X2<6",                           //
+                                    "       2)  9X1+5X2<45",                          //
+                                    "\f",                                             //
+                                    "OPTIMAL SOLUTION",                               //
+                                    "",                                               //
+                                    "Objective Function Value =          40.000",     //
+                                    "",                                               //
+                                    "      Variable             Value",               //
+                                    "   --------------     ---------------  ",        //
+                                    "       X1                       5.000      ",    //
+                                    "       X2                       0.000      ",    //
+                                    "",                                               //
+                                    "",                                               //
+                                    "     Constraint        Slack/Surplus",           //
+                                    "   --------------     --------------- ",         //
+                                    "         1                      1.000      ",    //
+                                    "         2                      0.000      "));  //
 }
 
 // min 5x + 2y, x + y >= 1, x + y = 1: the surplus of row 1 comes before row 2's artificial.
 TEST_F(LpReport, AMinimisationShowsCostsAndPricesInItsOwnSense)
 {
     Solve({true, {5, 2}, {{{1, 1}, '>', 1}, {{0, 1}, '<', 3}}});
-    const Lines& lines = SolutionLines();
+    const Lines& lines = Screen();
     EXPECT_EQ(lines[1], "Objective Function Value =           2.000");
     EXPECT_EQ(lines[5], "       X1                      0.000                  3.000");
     EXPECT_EQ(lines[10], "         1                     0.000                 -2.000");
@@ -212,7 +218,7 @@ TEST_F(LpReport, AMinimisationShowsCostsAndPricesInItsOwnSense)
 TEST_F(LpReport, ASurplusIsFoundBehindTheColumnsOfTheRowsBeforeIt)
 {
     Solve({true, {1, 1}, {{{1, 0}, '>', 2}, {{1, 1}, '>', 1}, {{0, 1}, '=', 4}, {{1, 0}, '<', 9}}});
-    const Lines& lines = SolutionLines();
+    const Lines& lines = Screen();
     EXPECT_EQ(lines[10].substr(0, 36), "         1                     0.000");
     EXPECT_EQ(lines[11].substr(0, 36), "         2                     5.000");
     EXPECT_EQ(lines[12].substr(0, 36), "         3                     0.000");
@@ -223,20 +229,21 @@ TEST_F(LpReport, TheMostDecimalsOfAnyNumberAreThoseOfAll)
 {
     SetProblem(kDoors);
     Problem.LpDecimalPlaces = 5;
-    LP_Engine::Solve();
-    EXPECT_EQ(SolutionLines()[1], "Objective Function Value =        36.00000");
+    SolveModel();
+    EXPECT_EQ(Screen()[1], "Objective Function Value =        36.00000");
     SetProblem(kDoors);
     Problem.LpDecimalPlaces = 13;
-    LP_Engine::Solve();
-    EXPECT_EQ(SolutionLines()[1], "Objective Function Value = 36.000000000000");  // cut at the field's end
-    EXPECT_EQ(SolutionLines()[5].substr(22, 14), "2.000000000000");
+    SolveModel();
+    EXPECT_EQ(Screen()[1], "Objective Function Value = 36.000000000000");  // cut at the field's end
+    EXPECT_EQ(Screen()[5].substr(22, 14), "2.000000000000");
 }
 
 TEST_F(LpReport, MoreThanThirteenDecimalsAreARunTimeError)
 {
     SetProblem(kDoors);
     Problem.LpDecimalPlaces = 14;
-    EXPECT_THROW(LP_Engine::Solve(), RuntimeError);
+    SolveModel();
+    EXPECT_THROW(Screen(), RuntimeError);
 }
 
 TEST_F(LpReport, NamesAreCentredAndCutToFourteenCharacters)
@@ -244,9 +251,9 @@ TEST_F(LpReport, NamesAreCentredAndCutToFourteenCharacters)
     SetProblem(kDoors);
     Problem.LpVariableNames(1) = "ABCDEFGHIJKLMNOP";
     Problem.LpVariableNames(2) = "ABCDEFGHIJKLM";
-    LP_Engine::Solve();
-    const Lines& lines = SolutionLines();
-    EXPECT_EQ(Problem.LpVariableNames(1), "ABCDEFGHIJKLMN");
+    SolveModel();
+    const Lines& lines = Screen();
+    EXPECT_EQ(Problem.LpVariableNames(1), "ABCDEFGHIJKLMNOP");
     EXPECT_EQ(lines[5], " ABCDEFGHIJKLMN                2.000                  0.000");
     EXPECT_EQ(lines[6], " ABCDEFGHIJKLM                 6.000                  0.000");
     EXPECT_EQ(lines[19], " ABCDEFGHIJKLMN           0.000             3.000             7.500");
@@ -261,9 +268,9 @@ TEST_F(LpReport, OddNamesStandLeftOfTheMiddle)
     SetProblem(kDoors);
     Problem.LpVariableNames(1) = "A";
     Problem.LpVariableNames(2) = "ABC";
-    LP_Engine::Solve();
-    EXPECT_EQ(SolutionLines()[5].substr(0, 10), "       A  ");
-    EXPECT_EQ(SolutionLines()[6].substr(0, 10), "      ABC ");
+    SolveModel();
+    EXPECT_EQ(Screen()[5].substr(0, 10), "       A  ");
+    EXPECT_EQ(Screen()[6].substr(0, 10), "      ABC ");
 }
 
 // ---- distances and pages ----
@@ -293,9 +300,9 @@ constexpr const char* kConstraintHeading = "     Constraint        Slack/Surplus
 TEST_F(LpReport, TablesOfMoreThanTwelveLinesStandFurtherApart)
 {
     Solve(Bounds(6, 6));
-    EXPECT_EQ(Find(SolutionLines(), kConstraintHeading), 5 + 6 + 1);
+    EXPECT_EQ(Find(Screen(), kConstraintHeading), 5 + 6 + 1);
     Solve(Bounds(7, 6));
-    EXPECT_EQ(Find(SolutionLines(), kConstraintHeading), 5 + 7 + 3);
+    EXPECT_EQ(Find(Screen(), kConstraintHeading), 5 + 7 + 3);
 }
 
 TEST_F(LpReport, TablesOfFortyLinesAndMoreBeginOnPagesOfTheirOwn)
@@ -358,7 +365,7 @@ protected:
     {
         SetProblem(Bounds(1, static_cast<int>(constraints.size())));
         SetText(objective, constraints);
-        LP_Engine::Solve();
+        SolveModel();
         return Pages().front();
     }
 };

@@ -6,30 +6,27 @@
 #include <random>
 
 #include "lp/LP_Engine.h"
-#include "lp/VtLP.h"
 #include "lp/lp_problem.h"
-#include "shell/menus.h"
-#include "shell/session.h"
 #include "support/fake_desktop.h"
 
 namespace {
 
 using LP_Engine::Range;
-using LP_Engine::State;
+using LP_Engine::Result;
 
 constexpr double kNear = 1e-6;
 
 class Ranges : public testing::Test {
 protected:
-    Ranges()
-    {
-        Session = {};
-        Menus.Reset();
-    }
-
     static Range OfObjective(int variable)
     {
-        return LP_Engine::ObjectiveRange(variable, LP_Engine::BasicRows()(variable));
+        return LP_Engine::ObjectiveRange(Result, LP_Engine::Tableau(Result), variable,
+                                         LP_Engine::BasicRows(Result)(variable), Result.ReducedCosts);
+    }
+
+    static Range OfRightHandSide(int constraint)
+    {
+        return LP_Engine::RightHandSideRange(Result, LP_Engine::Tableau(Result), constraint);
     }
 
     FakeDesktop desktop;
@@ -56,9 +53,9 @@ TEST_F(Ranges, OfTheDoorsAndWindows)
     Solve({false, {3, 5}, {{{1, 0}, '<', 4}, {{0, 2}, '<', 12}, {{3, 2}, '<', 18}}});
     ExpectRange(OfObjective(1), 0, 3, 7.5);
     ExpectRange(OfObjective(2), 2, 5, kNoLimit);
-    ExpectRange(LP_Engine::RightHandSideRange(1), 2, 4, kNoLimit);
-    ExpectRange(LP_Engine::RightHandSideRange(2), 6, 12, 18);
-    ExpectRange(LP_Engine::RightHandSideRange(3), 12, 18, 24);
+    ExpectRange(OfRightHandSide(1), 2, 4, kNoLimit);
+    ExpectRange(OfRightHandSide(2), 6, 12, 18);
+    ExpectRange(OfRightHandSide(3), 12, 18, 24);
 }
 
 // The furniture mix with its published ranges: desks 56 to 80, tables up to 35, chairs 15 to 22.5; lumber
@@ -69,9 +66,9 @@ TEST_F(Ranges, OfTheFurnitureMix)
     ExpectRange(OfObjective(1), 56, 60, 80);
     ExpectRange(OfObjective(2), kNoLimit, 30, 35);
     ExpectRange(OfObjective(3), 15, 20, 22.5);
-    ExpectRange(LP_Engine::RightHandSideRange(1), 24, 48, kNoLimit);
-    ExpectRange(LP_Engine::RightHandSideRange(2), 16, 20, 24);
-    ExpectRange(LP_Engine::RightHandSideRange(3), 20.0 / 3, 8, 10);
+    ExpectRange(OfRightHandSide(1), 24, 48, kNoLimit);
+    ExpectRange(OfRightHandSide(2), 16, 20, 24);
+    ExpectRange(OfRightHandSide(3), 20.0 / 3, 8, 10);
 }
 
 // The diet, a minimisation with ">" rows: the first food is out of it down to 22.5, calories may rise to 750.
@@ -87,17 +84,17 @@ TEST_F(Ranges, OfTheDiet)
     ExpectRange(OfObjective(2), 15, 20, 20 + 55.0 / 3);
     ExpectRange(OfObjective(3), 0, 30, 40);
     ExpectRange(OfObjective(4), 30, 80, kNoLimit);
-    ExpectRange(LP_Engine::RightHandSideRange(1), kNoLimit, 500, 750);
-    ExpectRange(LP_Engine::RightHandSideRange(2), 22.0 / 7, 6, 10);
-    ExpectRange(LP_Engine::RightHandSideRange(3), 6, 10, kNoLimit);
-    ExpectRange(LP_Engine::RightHandSideRange(4), kNoLimit, 8, 13);
+    ExpectRange(OfRightHandSide(1), kNoLimit, 500, 750);
+    ExpectRange(OfRightHandSide(2), 22.0 / 7, 6, 10);
+    ExpectRange(OfRightHandSide(3), 6, 10, kNoLimit);
+    ExpectRange(OfRightHandSide(4), kNoLimit, 8, 13);
 }
 
 // max 5x + 8y, x + y <= 1: x stays out with a reduced cost of -3 until its coefficient is 8.
 TEST_F(Ranges, ANonbasicVariableOfAMaximisationHasNoLowerLimit)
 {
     Solve({false, {5, 8}, {{{1, 1}, '<', 1}}});
-    EXPECT_EQ(State.ReducedCosts(1), -3);
+    EXPECT_EQ(Result.ReducedCosts(1), -3);
     ExpectRange(OfObjective(1), kNoLimit, 5, 8);
 }
 
@@ -105,7 +102,7 @@ TEST_F(Ranges, ANonbasicVariableOfAMaximisationHasNoLowerLimit)
 TEST_F(Ranges, ANonbasicVariableOfAMinimisationHasNoUpperLimit)
 {
     Solve({true, {5, 2}, {{{1, 1}, '>', 1}}});
-    EXPECT_EQ(State.ReducedCosts(1), -3);
+    EXPECT_EQ(Result.ReducedCosts(1), -3);
     ExpectRange(OfObjective(1), 2, 5, kNoLimit);
 }
 
@@ -119,15 +116,15 @@ TEST_F(Ranges, ABasicVariableWithoutARivalHasNoLimits)
 TEST_F(Ranges, ABasicValueOfZeroLimitsTheRangeToTheRightHandSide)
 {
     Solve({false, {1}, {{{1}, '<', 0}}});
-    ExpectRange(LP_Engine::RightHandSideRange(1), 0, 0, kNoLimit);
+    ExpectRange(OfRightHandSide(1), 0, 0, kNoLimit);
 }
 
 TEST_F(Ranges, AReducedCostJustAboveZeroIsCutForGood)
 {
     Solve({false, {5, 8}, {{{1, 1}, '<', 1}}});
-    State.ReducedCosts(1) = 5e-8;
+    Result.ReducedCosts(1) = 5e-8;
     OfObjective(2);
-    EXPECT_EQ(State.ReducedCosts(1), 0);
+    EXPECT_EQ(Result.ReducedCosts(1), 0);
 }
 
 TEST_F(Ranges, ValuesBelowTheToleranceAreZero)
@@ -144,28 +141,30 @@ TEST_F(Ranges, TableauEntriesBelowTheToleranceLimitNothing)
     constexpr double kBelow = 0.99e-4;
     constexpr double kAbove = 1.01e-4;
     Solve({false, {0.0001, 8}, {{{0.0002, 1}, '<', 1}}});
-    double* tableau = VtLP::Problem.LpCoefficients.Row(1);
-    State.ReducedCosts(1) = -kAbove;
-    tableau[1] = kAbove;
-    ExpectRange(OfObjective(2), 7, 8, kNoLimit);
-    tableau[1] = kBelow;
-    ExpectRange(OfObjective(2), 0, 8, kNoLimit);  // by the slack alone
-    tableau[1] = -kBelow;
-    ExpectRange(OfObjective(2), 0, 8, kNoLimit);
-    tableau[1] = -kAbove;
-    ExpectRange(OfObjective(2), 0, 8, 9);
-    tableau[3] = kBelow;
-    ExpectRange(OfObjective(2), kNoLimit, 8, 9);
+    Array2<double> tableau = LP_Engine::Tableau(Result);
+    const auto ofSecond = [&tableau] {
+        return LP_Engine::ObjectiveRange(Result, tableau, 2, 1, Result.ReducedCosts);
+    };
+    Result.ReducedCosts(1) = -kAbove;
+    tableau(1, 1) = kAbove;
+    ExpectRange(ofSecond(), 7, 8, kNoLimit);
+    tableau(1, 1) = kBelow;
+    ExpectRange(ofSecond(), 0, 8, kNoLimit);  // by the slack alone
+    tableau(1, 1) = -kBelow;
+    ExpectRange(ofSecond(), 0, 8, kNoLimit);
+    tableau(1, 1) = -kAbove;
+    ExpectRange(ofSecond(), 0, 8, 9);
+    tableau(1, 3) = kBelow;
+    ExpectRange(ofSecond(), kNoLimit, 8, 9);
 }
 
 TEST_F(Ranges, TheTableauHasUnitColumnsForTheBasis)
 {
     Solve({false, {60, 30, 20}, {{{8, 6, 1}, '<', 48}, {{4, 2, 1.5}, '<', 20}, {{2, 1.5, .5}, '<', 8}}});
+    const Array2<double> tableau = LP_Engine::Tableau(Result);
     for (int r = 1; r <= 3; ++r)
         for (int i = 1; i <= 3; ++i)
-            EXPECT_NEAR(VtLP::Problem.LpCoefficients(i, State.BasisList(r)), i == r ? 1 : 0, 1e-9);
-    EXPECT_EQ(VtLP::Problem.LpCoefficients(2, 0), 20);  // right-hand sides and objective stay
-    EXPECT_EQ(VtLP::Problem.LpCoefficients(0, 1), 60);
+            EXPECT_NEAR(tableau(i, Result.Basis.BasisList(r)), i == r ? 1 : 0, 1e-9);
 }
 
 // ---- solving again at the ends of the ranges ----
@@ -248,14 +247,13 @@ TEST_F(Ranges, RightHandSidesAtTheirLimitsKeepThePriceAndBeyondThemDoNot)
         const double sense = lp.Minimize ? -1 : 1;
         for (std::size_t i = 0; i < lp.Rows.size(); ++i) {
             Solve(lp);
-            const double price = sense * State.DualVector(static_cast<int>(i) + 1);
-            const Range range = LP_Engine::RightHandSideRange(static_cast<int>(i) + 1);
+            const double price = sense * Result.DualVector(static_cast<int>(i) + 1);
+            const Range range = OfRightHandSide(static_cast<int>(i) + 1);
             const auto follows = [&](double b) {
                 Lp moved = lp;
                 moved.Rows[i].RightHandSide = b;
-                desktop.dialogs.messages.clear();
                 Solve(moved);
-                if (!desktop.dialogs.messages.empty()) return false;
+                if (Result.End != LP_Engine::Outcome::Optimal) return false;
                 const double expected = objective + price * (b - lp.Rows[i].RightHandSide);
                 return std::abs(Objective() - expected) < 1e-7 * (1 + std::abs(expected));
             };

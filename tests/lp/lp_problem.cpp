@@ -6,7 +6,6 @@
 
 #include "lp/LP_Engine.h"
 #include "lp/VtLP.h"
-#include "shell/session.h"
 #include "tableau/Criterion.h"
 
 void SetProblem(const Lp& lp)
@@ -31,11 +30,15 @@ void SetProblem(const Lp& lp)
     }
 }
 
+void SolveModel(bool integer)
+{
+    LP_Engine::Result = LP_Engine::Solve(VtLP::Problem, MinimizeFlag == 1, integer);
+}
+
 void Solve(const Lp& lp)
 {
     SetProblem(lp);
-    Session.IntegerProblem = 0;
-    LP_Engine::Solve();
+    SolveModel();
 }
 
 void SolveInteger(const Lp& lp, const std::vector<std::string>& typeLines)
@@ -44,28 +47,27 @@ void SolveInteger(const Lp& lp, const std::vector<std::string>& typeLines)
     int line = VtLP::kObjectiveLine + VtLP::Problem.NumConstraints;
     for (const std::string& text : typeLines)
         VtLP::Problem.LpLines(++line) = text;
-    Session.IntegerProblem = 1;
-    LP_Engine::Solve();
-    Session.IntegerProblem = 0;
+    SolveModel(true);
 }
 
 std::vector<double> Values()
 {
-    const LP_Engine::EngineState& state = LP_Engine::State;
+    const LP_Engine::BasisState& basis = LP_Engine::Result.Basis;
     std::vector<double> values;
     values.reserve(static_cast<std::size_t>(VtLP::Problem.NumVariables));
     for (int j = 1; j <= VtLP::Problem.NumVariables; ++j)
-        values.push_back(state.ColumnStatus(j) == LP_Engine::kAtUpper ? state.UpperBound(j)
-                                                                      : state.LowerBound(j));
+        values.push_back(basis.ColumnStatus(j) == LP_Engine::kAtUpper ? basis.UpperBound(j)
+                                                                      : basis.LowerBound(j));
     for (int r = 1; r <= VtLP::Problem.NumConstraints; ++r)
-        if (state.BasisList(r) <= VtLP::Problem.NumVariables)
-            values[static_cast<std::size_t>(state.BasisList(r)) - 1] = state.BasicValues(r);
+        if (basis.BasisList(r) <= VtLP::Problem.NumVariables)
+            values[static_cast<std::size_t>(basis.BasisList(r)) - 1] = basis.BasicValues(r);
     return values;
 }
 
 double Objective()
 {
-    return MinimizeFlag == 1 ? -LP_Engine::State.ObjectiveValue : LP_Engine::State.ObjectiveValue;
+    const LP_Engine::LpResult& result = LP_Engine::Result;
+    return result.Minimize ? -result.ObjectiveValue : result.ObjectiveValue;
 }
 
 double Activity(const LpRow& row, const std::vector<double>& values)

@@ -20,6 +20,9 @@ struct Lp {
 // Into the model of VtLP, with the names X1, X2, ...
 void SetProblem(const Lp& lp);
 
+// What stands in the model of VtLP, into LP_Engine::Result.
+void SolveModel(bool integer = false);
+
 // And solved: a linear program, or one whose variables are as the type lines tell ("DIN", or "BIN", "X1",
 // ...).
 void Solve(const Lp& lp);
