@@ -55,7 +55,7 @@ SolveOutcome Told(LP_Engine::Outcome end)
     if (end == LP_Engine::Outcome::Optimal) return {};
     if (end == LP_Engine::Outcome::Infeasible) return {.Solved = false, .Before = {{"No Feasible Solution"}}};
     if (end == LP_Engine::Outcome::Unbounded) return {.Solved = false, .Before = {{"Problem is Unbounded."}}};
-    return {.Solved = false};
+    return {.Solved = false, .BrokenOff = true};
 }
 
 SolveOutcome Solve()

@@ -259,7 +259,6 @@ void LeaveSolving(const ModuleRoutines& routines, const std::string& indicator, 
     if (end != SolveEnd::Report) ShowMenusWithoutReport(routines);
     if (end == SolveEnd::Report || (end == SolveEnd::WithoutReport && routines.PrintsWithoutReport))
         Menus.EnablePrinting(true);
-    desktop::TheForms().FocusMenu();
 }
 
 bool Prepared(const ModuleRoutines& routines)
@@ -270,15 +269,15 @@ bool Prepared(const ModuleRoutines& routines)
     return true;
 }
 
-// The engine, its page and its boxes. False: there is no page.
-bool SolveAndShow(const ModuleRoutines& routines)
+// The engine, its page and its boxes.
+SolveOutcome SolveAndShow(const ModuleRoutines& routines)
 {
     desktop::TheScreen().SetPointer(Pointer::Hourglass);
     const SolveOutcome outcome = routines.Solve();
     ShowNotices(outcome.Before);
     if (outcome.Solved) ShowPage(routines, outcome.Caption);
     ShowNotices(outcome.After);
-    return outcome.Solved;
+    return outcome;
 }
 
 void SolveOnItsOwnRoad(const ModuleRoutines& routines)
@@ -329,14 +328,17 @@ void SolveProblem()
     const std::string indicator = desktop::TheScreen().Indicator();
     SolveEnd end = SolveEnd::None;
     bool failed = false;
+    bool brokenOff = false;
     Trap(
         [&] {
             if (!Prepared(routines)) return;
-            end = SolveEnd::WithoutReport;
-            if (SolveAndShow(routines)) end = SolveEnd::Report;
+            const SolveOutcome outcome = SolveAndShow(routines);
+            end = outcome.Solved ? SolveEnd::Report : SolveEnd::WithoutReport;
+            brokenOff = outcome.BrokenOff;
         },
         [&failed](const RuntimeError&) { failed = true; });
     LeaveSolving(routines, indicator, failed ? SolveEnd::None : end);
+    if (!failed && !brokenOff) desktop::TheForms().FocusMenu();
     // The problem is still on screen, or there is none.
     if (!failed && end == SolveEnd::None) Menus.SetEnabled(EditItemName(0), false);
     TheLastSolve.Set(end);
@@ -346,7 +348,7 @@ void RunReports(ReportChannel& channel)
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
     if (routines.BeforeReport) routines.BeforeReport();
-    if (routines.SolvesBeforeReport && !SolveAndShow(routines)) Menus.EnablePrinting(false);
+    if (routines.SolvesBeforeReport && !SolveAndShow(routines).Solved) Menus.EnablePrinting(false);
     for (const auto& report : routines.Reports)
         report(channel);
 }

@@ -33,6 +33,7 @@ struct SolveOutcome {
     std::string Caption = "Solution";  // title of the window that shows it
     std::vector<Notice> Before = {};   // boxes before the page, or instead of it
     std::vector<Notice> After = {};    // boxes over the page
+    bool BrokenOff = false;            // by the user, or out of room: the cell at work keeps the focus
 };
 
 // When "Solving Problem . . ." stays in the indicator behind a solve, until something else is shown there.
