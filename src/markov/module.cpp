@@ -1,7 +1,10 @@
 #include "markov/module.h"
 
 #include "markov/Markov.h"
+#include "markov/MarkovMeaning.h"
+#include "markov/MarkovPicture.h"
 #include "markov/MarkovReport.h"
+#include "markov/MarkovSteps.h"
 #include "shell/checks.h"
 
 namespace Markov {
@@ -46,6 +49,9 @@ const ModuleRoutines& MarkovProcesses()
         .Solve = Markov::SolveProblem,
         .Page = Markov::WriteReport,
         .Reports = {Markov::WriteReport},
+        .Pictures = [] { return Markov::Pictures(Markov::Problem, Markov::Result); },
+        .Steps = [] { return Markov::Steps(Markov::Problem, Markov::Result); },
+        .Meaning = [] { return Markov::Meaning(Markov::Problem, Markov::Result); },
         .Write = Markov::Write,
         .Read = Markov::Read,
     };

@@ -1,6 +1,8 @@
 // Transition matrices for the Markov tests.
 #pragma once
 
+#include <cmath>
+#include <random>
 #include <vector>
 
 #include "markov/Markov.h"
@@ -44,6 +46,32 @@ inline Rows Absorbing(int leaving, int absorbing)
         else
             for (std::size_t j = first; j < n; ++j)
                 rows[i][j] = 1.0 / absorbing;
+    }
+    return rows;
+}
+
+// A chain of 1 to 10 states: dense or thin, now and then with states that are never left, with rows of two
+// decimals.
+inline Rows RandomChain(std::mt19937& random)
+{
+    const std::size_t n = 1 + random() % 10;
+    const unsigned thin = random() % 4;
+    Rows rows(n, std::vector<double>(n, 0.0));
+    for (std::size_t i = 0; i < n; ++i) {
+        int left = 100;
+        if (random() % 6 == 0) {
+            rows[i][i] = 1;
+            continue;
+        }
+        for (std::size_t j = 0; j < n && left > 0; ++j) {
+            if (random() % 4 < thin) continue;
+            const int part =
+                static_cast<int>(random() % static_cast<unsigned>(left + 1)) / (thin == 0 ? 3 : 1);
+            rows[i][j] = part / 100.0;
+            left -= part;
+        }
+        const std::size_t rest = random() % n;
+        rows[i][rest] = (std::round(rows[i][rest] * 100) + left) / 100.0;
     }
     return rows;
 }
