@@ -99,19 +99,44 @@ int MostMoved(const Array1<double>& before, const Array1<double>& after)
     return most;
 }
 
-std::vector<std::string> Products(const ChainShape& shape, const Array1<double>& before,
-                                  const Array1<double>& after)
+using Texts = std::vector<std::string>;
+
+Texts ShareTexts(const Array1<double>& row)
 {
-    std::vector<std::string> lines;
-    for (const int to : AllStates(shape.States())) {
-        std::string sum;
+    Texts texts;
+    for (int state = 1; state <= row.Upper(); ++state)
+        texts.push_back(ShareText(row(state)));
+    return texts;
+}
+
+// For each state the arcs into it, as factors with a place for the share in front.
+struct ArcsInto {
+    std::vector<std::size_t> From;
+    Texts Factors;
+};
+
+std::vector<ArcsInto> ArcsOf(const ChainShape& shape)
+{
+    std::vector<ArcsInto> arcs(static_cast<std::size_t>(shape.States()));
+    for (const int to : AllStates(shape.States()))
         for (const int from : AllStates(shape.States())) {
             if (!(shape.Chance(from, to) > 0)) continue;
-            sum += (sum.empty() ? "" : " + ") + ShareText(before(from)) + " x " +
-                   ShareText(shape.Chance(from, to));
+            ArcsInto& into = arcs[static_cast<std::size_t>(to) - 1];
+            into.From.push_back(static_cast<std::size_t>(from) - 1);
+            into.Factors.push_back(" x " + ShareText(shape.Chance(from, to)));
         }
-        lines.push_back("state " + FlushRight(std::to_string(to), 2) + ": " +
-                        (sum.empty() ? "nothing" : sum) + " = " + ShareText(after(to)));
+    return arcs;
+}
+
+Texts Products(const std::vector<ArcsInto>& arcs, const Texts& before, const Texts& after)
+{
+    Texts lines;
+    for (std::size_t to = 0; to < arcs.size(); ++to) {
+        std::string line = "state " + FlushRight(std::to_string(to + 1), 2) + ": ";
+        for (std::size_t i = 0; i < arcs[to].From.size(); ++i)
+            line += (i == 0 ? "" : " + ") + before[arcs[to].From[i]] + arcs[to].Factors[i];
+        if (arcs[to].From.empty()) line += "nothing";
+        lines.push_back(line + " = " + after[to]);
     }
     return lines;
 }
@@ -128,7 +153,7 @@ std::string WhyOf(const Course& course, int number, int most, double change)
     return why;
 }
 
-Step RepetitionStep(const ChainShape& shape, const Course& course, int number)
+Step RepetitionStep(const std::vector<ArcsInto>& arcs, const Course& course, int number)
 {
     const Array1<double>& before = course.Rows[static_cast<std::size_t>(number) - 1];
     const Array1<double>& after = course.Rows[static_cast<std::size_t>(number)];
@@ -138,9 +163,9 @@ Step RepetitionStep(const ChainShape& shape, const Course& course, int number)
                                            : "From state " + std::to_string(course.Start) + ", step " +
                                                  std::to_string(number),
               .Why = WhyOf(course, number, most, change),
-              .Arithmetic = Products(shape, before, after),
+              .Arithmetic = Products(arcs, ShareTexts(before), ShareTexts(after)),
               .Picture = "Course"};
-    step.Figures.push_back(StateHeads(AllStates(shape.States())));
+    step.Figures.push_back(StateHeads(AllStates(after.Upper())));
     if (number == 1) step.Figures.push_back(RowLine("before", before));
     step.Figures.push_back(RowLine("after", after));
     step.Figures.push_back(ChangeLine(before, after));
@@ -257,9 +282,10 @@ std::vector<Step> Steps(const MarkovProblem& problem, const MarkovResult& result
     steps.push_back(Classification(shape, result));
     const std::vector<Course> courses = CoursesOf(problem);
     if (courses.empty()) return steps;
+    const std::vector<ArcsInto> arcs = ArcsOf(shape);
     for (const Course& course : courses)
         for (int number = 1; number <= course.Steps(); ++number)
-            steps.push_back(RepetitionStep(shape, course, number));
+            steps.push_back(RepetitionStep(arcs, course, number));
     if (!result.AbsorbingList.empty()) AddCheck(shape, result, steps);
     steps.push_back(Proof(shape, courses));
     return picture::Kept(std::move(steps));
