@@ -1,5 +1,6 @@
 #include "picture/words.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "basic/format.h"
@@ -38,6 +39,26 @@ std::string Listed(const std::vector<std::string>& names, std::size_t most)
     for (std::size_t i = 1; i < told.size(); ++i)
         list += (i + 1 == told.size() ? " and " : ", ") + told[i];
     return list;
+}
+
+std::vector<std::string> Aligned(const std::vector<std::vector<std::string>>& rows)
+{
+    std::vector<std::size_t> widths;
+    for (const auto& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()));
+        for (std::size_t i = 0; i < row.size(); ++i)
+            widths[i] = std::max(widths[i], row[i].size());
+    }
+    std::vector<std::string> lines;
+    for (const auto& row : rows) {
+        std::string line;
+        for (std::size_t i = 0; i < row.size(); ++i) {
+            const std::string blanks(widths[i] - row[i].size(), ' ');
+            line += i == 0 ? row[i] + (row.size() > 1 ? blanks : "") : "  " + blanks + row[i];
+        }
+        lines.push_back(std::move(line));
+    }
+    return lines;
 }
 
 std::string Percent(std::string_view chance)

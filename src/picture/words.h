@@ -15,6 +15,10 @@ std::string_view OneOrMany(int count, std::string_view one, std::string_view man
 // "A", "A and B", "A, B and C"; "none" for none. Above `most` names the rest is counted: "A, B and 5 more".
 std::string Listed(const std::vector<std::string>& names, std::size_t most = 12);
 
+// Figures in columns for fixed pitch: the first column flush left, the others flush right, two blanks between
+// them. A row may have fewer cells than others.
+std::vector<std::string> Aligned(const std::vector<std::vector<std::string>>& rows);
+
 // "0.5155" as "51.55 %": the point is moved by two, no digit more and none less.
 std::string Percent(std::string_view chance);
 

@@ -5,6 +5,9 @@
 #include "tableau/AssnOut.h"
 #include "tableau/Criterion.h"
 #include "tableau/TableauEdit.h"
+#include "tableau/TableauMeaning.h"
+#include "tableau/TableauPicture.h"
+#include "tableau/TableauSteps.h"
 #include "tableau/VtTanda.h"
 #include "tableau/taengine.h"
 #include "tableau/transout.h"
@@ -101,6 +104,9 @@ ModuleRoutines TransportationRoutines()
     routines.CornerIsClosed = true;  // supplies and demands meet there
     routines.Solve = SolveTransportation;
     routines.Page = WriteTransportationPage;
+    routines.Pictures = [] { return TransportationPictures(Problem, Result); };
+    routines.Steps = [] { return TransportationSteps(Problem, Result); };
+    routines.Meaning = [] { return TransportationMeaning(Problem, Result); };
     routines.SubmenuCaption = "&Add/Delete Origins or Destinations";
     routines.LowerItems = {"Add an Origin", "Add a Destination", "Delete an Origin", "Delete a Destination"};
     routines.Reports = {PrintProblemStatement, PrintSuppliesAndDemands, PrintTransportationCosts,
@@ -113,6 +119,9 @@ ModuleRoutines AssignmentRoutines()
     ModuleRoutines routines = TableauRoutines();
     routines.Solve = SolveAssignment;
     routines.Page = WriteAssignment;
+    routines.Pictures = [] { return AssignmentPictures(Problem, Result); };
+    routines.Steps = [] { return AssignmentSteps(Problem, Result); };
+    routines.Meaning = [] { return AssignmentMeaning(Problem, Result); };
     routines.SubmenuCaption = "&Add/Delete Agents or Tasks";
     routines.LowerItems = {"Add an Agent", "Add a Task", "Delete an Agent", "Delete a Task"};
     routines.Reports = {PrintProblemStatement, PrintAssignmentCosts, WriteAssignment};
