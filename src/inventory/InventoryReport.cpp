@@ -2,7 +2,6 @@
 
 #include "basic/format.h"
 #include "inventory/VtInvent.h"
-#include "shell/solution.h"
 
 namespace VtInvent {
 namespace {
@@ -12,15 +11,6 @@ constexpr std::string_view kQuantityPattern = "###,###,###,###.00";
 constexpr std::string_view kCostPattern = "##,###,###.00";
 constexpr std::string_view kValuePattern = "###,###,###.00";  // also of the larger costs
 constexpr std::string_view kYearPattern = "#,###,###.00";
-
-// What differs between the two places of the policy.
-struct PolicyStyle {
-    bool Spaced;  // an empty line behind each line, and not only behind the last of a list
-    std::string_view SinglePeriodPattern;
-    std::string_view StockoutPattern;
-};
-constexpr PolicyStyle kScreen{false, "#######.0000", "0.0000"};
-constexpr PolicyStyle kFull{true, "######0.0000", "#.0000"};
 
 std::string Value(std::string_view text, double value, std::string_view pattern)
 {
@@ -49,23 +39,23 @@ bool DemandVaries()
 
 // ---- the policy ----
 
+// In full each line has an empty one behind it, on screen only the last of the list.
 class PolicyList {
 public:
-    PolicyList(ReportChannel& out, const PolicyStyle& style) : out_(out), style_(style) {}
+    explicit PolicyList(ReportChannel& out) : out_(out) {}
 
     void Line(const std::string& text)
     {
         out_.Line(text);
-        if (style_.Spaced) out_.Line();
+        if (!out_.OnScreen()) out_.Line();
     }
     void End()
     {
-        if (!style_.Spaced) out_.Line();
+        if (out_.OnScreen()) out_.Line();
     }
 
 private:
     ReportChannel& out_;
-    const PolicyStyle& style_;
 };
 
 void OrderQuantity(ReportChannel& out)
@@ -76,12 +66,13 @@ void OrderQuantity(ReportChannel& out)
     out.Line();
 }
 
-void SinglePeriodPolicy(ReportChannel& out, const PolicyStyle& style)
+void SinglePeriodPolicy(ReportChannel& out)
 {
-    PolicyList list(out, style);
+    const std::string_view pattern = out.OnScreen() ? "#######.0000" : "######0.0000";
+    PolicyList list(out);
     const double surplus = Result.CriticalRatio;
-    list.Line(Value("    PROBABILITY OF SURPLUS         ", surplus, style.SinglePeriodPattern));
-    list.Line(Value("    PROBABILITY OF STOCKOUT        ", 1 - surplus, style.SinglePeriodPattern));
+    list.Line(Value("    PROBABILITY OF SURPLUS         ", surplus, pattern));
+    list.Line(Value("    PROBABILITY OF STOCKOUT        ", 1 - surplus, pattern));
     list.End();
 }
 
@@ -129,42 +120,30 @@ void NegativePointNote(ReportChannel& out)
     out.Line();
 }
 
-void SafetyStock(PolicyList& list, const PolicyStyle& style)
+void SafetyStock(PolicyList& list, std::string_view stockoutPattern)
 {
     constexpr int kProbabilityWidth = 12;
-    if (!DemandVaries()) {
-        Result.SafetyStock = 0;
-        Result.SafetyStockCost = 0;
-    }
-    const double probability = DemandVaries() ? Problem.StockoutProbability.Value() : 0;
-    list.Line(Value("    SAFETY STOCK                   ", Result.SafetyStock, kValuePattern));
-    list.Line(Cost("    ANNUAL SAFETY STOCK COST       ", Result.SafetyStockCost, kValuePattern));
+    const double stock = DemandVaries() ? Result.SafetyStock : 0;
+    const double cost = DemandVaries() ? Result.SafetyStockCost : 0;
+    const double probability = DemandVaries() ? Result.StockoutProbability.Value() : 0;
+    list.Line(Value("    SAFETY STOCK                   ", stock, kValuePattern));
+    list.Line(Cost("    ANNUAL SAFETY STOCK COST       ", cost, kValuePattern));
     list.Line(Value("    EXPECTED STOCKOUTS PER YEAR    ", probability * Result.OrdersPerYear, kYearPattern));
     list.Line("    PROBABILITY OF A STOCKOUT PER CYCLE    " +
-              FlushRight(Format(probability, style.StockoutPattern), kProbabilityWidth));
+              FlushRight(Format(probability, stockoutPattern), kProbabilityWidth));
 }
 
-void Policy(ReportChannel& out, const PolicyStyle& style)
+void Policy(ReportChannel& out)
 {
     OrderQuantity(out);
-    if (IsModel(kSinglePeriod)) return SinglePeriodPolicy(out, style);
-    PolicyList list(out, style);
+    if (IsModel(kSinglePeriod)) return SinglePeriodPolicy(out);
+    PolicyList list(out);
     AnnualCosts(list);
     StockLevels(list);
     Cycles(list);
     list.End();
     NegativePointNote(out);
-    if (IsModel(kReorderPoint)) SafetyStock(list, style);
-}
-
-void ShowPolicy()
-{
-    BeginSolution("                           INVENTORY POLICY");
-    SolutionChannel page;
-    page.Line("                           ****************");
-    page.Line();
-    Policy(page, kScreen);
-    ShowSolution();
+    if (IsModel(kReorderPoint)) SafetyStock(list, out.OnScreen() ? "0.0000" : "#.0000");
 }
 
 // ---- the data ----
@@ -309,10 +288,12 @@ void DemandAndCostData(ReportChannel& out)
 
 }  // namespace
 
-void SolveAndShow()
+void WritePage(ReportChannel& out)
 {
-    Solve();
-    ShowPolicy();
+    out.Line("                           INVENTORY POLICY");
+    out.Line("                           ****************");
+    out.Line();
+    Policy(out);
 }
 
 void WriteReport(ReportChannel& out)
@@ -327,7 +308,7 @@ void WriteReport(ReportChannel& out)
     out.Line("                   INVENTORY POLICY");
     out.Line("                   ****************");
     TwoEmptyLines(out);
-    Policy(out, kFull);
+    Policy(out);
 }
 
 }  // namespace VtInvent

@@ -5,7 +5,7 @@
 
 namespace VtInvent {
 
-void SolveAndShow();
+void WritePage(ReportChannel& out);
 void WriteReport(ReportChannel& out);
 
 }  // namespace VtInvent

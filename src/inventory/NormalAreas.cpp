@@ -3,7 +3,7 @@
 // other tables: a policy worked out with it must come out the same again.
 #include <array>
 
-#include "inventory/VtInvent.h"
+#include "inventory/InventoryPolicy.h"
 
 namespace VtInvent {
 namespace {
@@ -50,14 +50,16 @@ constexpr std::array<int, kRows> kAreas{
 
 }  // namespace
 
-Array1<double> NormalAreaTable(kRows);
-
-void FillNormalAreaTable()
+const Array1<double>& NormalAreaTable()
 {
-    NormalAreaTable.Fill(0);
-    int row = 0;
-    for (const int area : kAreas)
-        NormalAreaTable(++row) = area / kUnit;
+    static const Array1<double> table = [] {
+        Array1<double> areas(kRows);
+        int row = 0;
+        for (const int area : kAreas)
+            areas(++row) = area / kUnit;
+        return areas;
+    }();
+    return table;
 }
 
 }  // namespace VtInvent

@@ -1,6 +1,7 @@
 #include "inventory/VtInvent.h"
 
 #include "desktop/desktop.h"
+#include "inventory/InventoryPolicy.h"
 #include "shell/modelform.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -117,6 +118,18 @@ void ReturnToProblem()
 bool HasModel()
 {
     return CurrentModel() != nullptr;
+}
+
+void SolveProblem()
+{
+    Result = {};
+    Result = Solve(Problem);
+    if (Problem.ModelKind == kReorderPoint) {
+        // The measure that was not given is read like a given one when the method is changed.
+        Problem.StockoutProbability = Result.StockoutProbability;
+        Problem.AllowedStockouts = Result.AllowedStockouts;
+    }
+    if (Problem.ModelKind != kSinglePeriod) Problem.ReorderPoint = Result.ReorderPoint;
 }
 
 void ShowModelCaption()

@@ -64,10 +64,19 @@ struct InventoryProblem {
     Array1<Variant> CategoryMinimum{kCategoryRows};
     Array1<std::string> CategoryUnitCostText{kCategoryRows};  // beside the values in the file
     Array1<std::string> CategoryMinimumText{kCategoryRows};
-    double ReorderMark = 0;  // has a place in the file and no use
+    double ReorderMark = 0;   // has a place in the file and no use
+    double ReorderPoint = 0;  // of the last policy that has one; stands in the file
+};
+
+// What a look into the table of normal areas found.
+struct AreaLookup {
+    double Area = 0;  // looked for, under the curve between 0 and z
+    int Row = 0;      // the first one that reaches it; 0: none does
+    double Z = 0;
 };
 
 struct InventoryResult {
+    bool Solved = false;
     double OrderQuantity = 0;
     double AnnualHoldingCost = 0;
     double AnnualOrderingCost = 0;
@@ -77,12 +86,16 @@ struct InventoryResult {
     double MaximumInventory = 0;
     double AverageInventory = 0;
     double MaximumBackorders = 0;
-    double ReorderPoint = 0;  // stands in the file as well
+    double ReorderPoint = 0;
     double OrdersPerYear = 0;
     double CycleTimeDays = 0;
     double SafetyStock = 0;
     double SafetyStockCost = 0;
+    Variant StockoutProbability;  // per cycle, as given or as derived from the allowed stockouts
+    Variant AllowedStockouts;     // per year
     double CriticalRatio = 0;
+    AreaLookup Lookup;     // of the safety factor, or of the factor of a single period
+    int BestCategory = 0;  // 0: none
     Array1<double> CategoryHolding{kCategoryRows};  // cost per unit and year
     Array1<double> CategoryQuantity{kCategoryRows};
     Array1<double> CategoryPurchase{kCategoryRows};
@@ -147,18 +160,10 @@ void KeepWorkingDays(std::string_view text);
 void KeepHoldingCost(std::string_view percent, std::string_view unitCost);
 void KeepFirstMinimum(std::string_view text);
 
-// ---- engine ----
+// ---- solving ----
 
-// Reads Problem, leaves Result; a probabilistic order quantity also leaves the derived one of
-// StockoutProbability and AllowedStockouts in Problem. Run-time errors where a division or a root fails, as
-// with a production rate not above the demand.
-void Solve();
-
-// Row i, 1 to 310: the area under the standard normal curve between 0 and (i - 1) / 100. Row 0 is 0.
-extern Array1<double> NormalAreaTable;
-void FillNormalAreaTable();
-
-// Sets SafetyStock from StockoutProbability and DemandStdDev; needs the table.
-void SafetyFactorLookup();
+// The engine on the problem; leaves the result, and in the problem what a later solve or the file shows of
+// it. Run-time errors of the engine leave a result that is not solved.
+void SolveProblem();
 
 }  // namespace VtInvent

@@ -30,7 +30,7 @@ void Write(RecordWriter& file)
                 p.HoldingCostMethod.Value(),
                 EntryText(p.HoldingCostMethod),
                 p.ReorderMark,
-                Result.ReorderPoint,
+                p.ReorderPoint,
                 p.ComputeReorderPoint,
                 p.CategoryCount.Value(),
                 EntryText(p.CategoryCount),
@@ -79,7 +79,7 @@ void ReadPolicyData(RecordReader& file)
     Problem.ProductionRate = ReadPair(file);
     Problem.HoldingCostMethod = ReadPair(file);
     Problem.ReorderMark = file.ReadDouble();
-    Result.ReorderPoint = file.ReadDouble();
+    Problem.ReorderPoint = file.ReadDouble();
     Problem.ComputeReorderPoint = file.ReadDouble();
     Problem.CategoryCount = ReadPair(file);
     Problem.UnderCost = ReadPair(file);
@@ -108,6 +108,12 @@ void Read(RecordReader& file)
     ShowModelCaption();
 }
 
+SolveOutcome Answer()
+{
+    SolveProblem();
+    return {};
+}
+
 }  // namespace
 }  // namespace VtInvent
 
@@ -117,9 +123,9 @@ const ModuleRoutines& Inventory()
         .Dimension = VtInvent::NewProblem,
         .Display = VtInvent::Display,
         .Prepare = VtInvent::HasModel,
-        .SolveAndShow = VtInvent::SolveAndShow,
+        .Solve = VtInvent::Answer,
+        .Page = VtInvent::WritePage,
         .ShellShowsSolving = true,
-        .ShellEnablesPrinting = true,
         .ReturnToProblem = VtInvent::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtInvent::WriteReport},

@@ -1,11 +1,17 @@
 #include "network/module.h"
 
 #include "basic/error.h"
+#include "desktop/desktop.h"
+#include "network/NetworkSolver.h"
 #include "network/netout.h"
 #include "network/vtshrtrt.h"
 #include "shell/checks.h"
+#include "shell/session.h"
 
 namespace Network {
+
+NetworkResult Result;
+
 namespace {
 
 constexpr double kThousand = 1000;
@@ -35,6 +41,26 @@ void Read(RecordReader& file)
     }
 }
 
+bool AskNodes()
+{
+    desktop::TheForms().ShowModal("frminputnodes");
+    return !Session.DialogCancelled;
+}
+
+SolveOutcome SolveRoute()
+{
+    Result = {};
+    Result = FindShortestRoute(Problem);
+    return RouteOutcome();
+}
+
+SolveOutcome SolveTree()
+{
+    Result = {};
+    Result = FindSpanningTree(Problem);
+    return TreeOutcome();
+}
+
 // What both modules have in common.
 ModuleRoutines NetworkRoutines()
 {
@@ -43,7 +69,6 @@ ModuleRoutines NetworkRoutines()
             .CommitCell = EnterCell,
             .Check = CheckTableau,
             .PrintsWithoutReport = true,
-            .SolveAndShow = SolveNetwork,
             .Write = Write,
             .Read = Read};
 }
@@ -51,6 +76,10 @@ ModuleRoutines NetworkRoutines()
 ModuleRoutines RouteRoutines()
 {
     ModuleRoutines routines = NetworkRoutines();
+    routines.Prepare = AskNodes;
+    routines.Solve = SolveRoute;
+    routines.Page = WriteRoute;
+    routines.Status = StatusStays::WithoutReport;
     routines.Reports = {PrintShortestRoute};
     return routines;
 }
@@ -58,8 +87,8 @@ ModuleRoutines RouteRoutines()
 ModuleRoutines TreeRoutines()
 {
     ModuleRoutines routines = NetworkRoutines();
-    routines.ShellShowsSolving = true;
-    routines.ShellEnablesPrinting = true;
+    routines.Solve = SolveTree;
+    routines.Page = WriteTree;
     routines.Reports = {PrintSpanningTree};
     return routines;
 }

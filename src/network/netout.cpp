@@ -1,10 +1,9 @@
 #include "network/netout.h"
 
-#include "basic/format.h"
-#include "desktop/desktop.h"
+#include <utility>
+
 #include "network/NetworkSolver.h"
 #include "network/vtshrtrt.h"
-#include "shell/solution.h"
 
 namespace Network {
 namespace {
@@ -27,29 +26,9 @@ std::string RouteStars(int start, int end)
 
 std::string RouteRow(int from, int to)
 {
-    constexpr LengthPatterns kPatterns = {"######0", "####0.0", "###0.00"};
+    constexpr DecimalPatterns kPatterns = {"######0", "####0.0", "###0.00"};
     return FlushRight(Format(from, "#0"), kRouteStartWidth) + FlushRight(Format(to, "#0"), kRouteEndWidth) +
            FlushRight(LengthText(Result.NodeDistance(from, to), kPatterns), kRouteLengthWidth);
-}
-
-void WriteRoute(ReportChannel& out)
-{
-    constexpr LengthPatterns kTotalPatterns = {"#######0", "#####0.0", "####0.00"};
-    const int start = Problem.StartNode;
-    const int end = Problem.EndNode;
-    out.Line("            THE SHORTEST ROUTE FROM NODE " + std::to_string(start) + " TO NODE " +
-             std::to_string(end));
-    out.Line("            " + RouteStars(start, end));
-    out.Line();
-    out.Line("            START NODE       END NODE       DISTANCE");
-    out.Line("            ----------       --------       --------");
-    for (auto from = Result.RoutePath.rbegin(); from != Result.RoutePath.rend(); ++from) {
-        const auto next = from + 1;
-        out.Line(RouteRow(*from, next == Result.RoutePath.rend() ? end : *next));
-    }
-    out.Line();
-    out.Line("                    TOTAL DISTANCE" +
-             FlushRight(LengthText(Result.NodeLabel(kDistance, end), kTotalPatterns), kRouteLengthWidth));
 }
 
 // ---- the tree ----
@@ -60,23 +39,8 @@ constexpr int kTreeLengthWidth = 13;
 
 std::string TreeLengthText(std::int32_t length)
 {
-    constexpr LengthPatterns kPatterns = {"########0", "######0.0", "#####0.00"};
+    constexpr DecimalPatterns kPatterns = {"########0", "######0.0", "#####0.00"};
     return FlushRight(LengthText(length, kPatterns), kTreeLengthWidth);
-}
-
-void WriteTree(ReportChannel& out)
-{
-    out.Line("                    MINIMAL SPANNING TREE");
-    out.Line("                    *********************");
-    out.Line();
-    out.Line("              START NODE   END NODE    DISTANCE");
-    out.Line("              ----------   --------    --------");
-    for (int k = 1; k < Problem.NumNodes; ++k)
-        out.Line(FlushRight(Format(Result.TreeArcs(kStart, k), "#0"), kTreeStartWidth) +
-                 FlushRight(Format(Result.TreeArcs(kEnd, k), "#0"), kTreeEndWidth) +
-                 TreeLengthText(Result.TreeArcs(kLength, k)));
-    out.Line();
-    out.Line("                    TOTAL LENGTH" + TreeLengthText(Result.TreeLength));
 }
 
 // ---- the full report ----
@@ -84,7 +48,7 @@ void WriteTree(ReportChannel& out)
 std::string ArcLine(int k)
 {
     constexpr int kWidth = 8;
-    constexpr LengthPatterns kPatterns = {"#######0", "#####0.0", "####0.00"};
+    constexpr DecimalPatterns kPatterns = {"#######0", "#####0.0", "####0.00"};
     return Format(k, "            @@") + Format(Problem.ArcTable(kStart, k), "        @@") +
            Format(Problem.ArcTable(kEnd, k), "          @@") + "    " +
            FlushRight(LengthText(Problem.ArcTable(kLength, k), kPatterns), kWidth);
@@ -102,6 +66,14 @@ void PrintDescription(ReportChannel& out)
         out.Line(ArcLine(k));
 }
 
+SolveOutcome OutcomeOf(const char* caption, Notice warning)
+{
+    if (Result.Reached) return {.Caption = caption};
+    warning.Title = "WARNING!";
+    warning.Sign = Icon::Critical;
+    return {.Solved = false, .Before = {std::move(warning)}};
+}
+
 void PrintWarning(ReportChannel& out)
 {
     out.Line("     WARNING");
@@ -110,27 +82,62 @@ void PrintWarning(ReportChannel& out)
 
 }  // namespace
 
-std::string LengthText(std::int32_t length, const LengthPatterns& patterns)
+std::string LengthText(std::int32_t length, const DecimalPatterns& patterns)
 {
     const double places = Problem.DecimalPlaces.Value();
     const std::string_view decimals = places < 2 ? patterns.OnePlace : patterns.TwoPlaces;
     return Format(length / kThousand, places < 1 ? patterns.Whole : decimals);
 }
 
-void ShowShortestRoute()
+SolveOutcome RouteOutcome()
 {
-    SolutionPage page;
-    WriteRoute(page);
-    desktop::TheForms().Loaded("frmSolution").SetCaption("Optimal Route");
-    ShowSolution();
+    return OutcomeOf(
+        "Optimal Route",
+        {.Text = "Please review the description of the network.  It is not possible to reach all "
+                 "nodes in the network."});
 }
 
-void ShowSpanningTree()
+SolveOutcome TreeOutcome()
 {
-    SolutionPage page;
-    WriteTree(page);
-    desktop::TheForms().Loaded("frmSolution").SetCaption("Optimal Solution");
-    ShowSolution();
+    return OutcomeOf(
+        "Optimal Solution",
+        {.Text = "Please review the description of the network.  A spanning tree does not exist for "
+                 "the network description you have provided."});
+}
+
+void WriteRoute(ReportChannel& out)
+{
+    constexpr DecimalPatterns kTotalPatterns = {"#######0", "#####0.0", "####0.00"};
+    const int start = Problem.StartNode;
+    const int end = Problem.EndNode;
+    out.Line("            THE SHORTEST ROUTE FROM NODE " + std::to_string(start) + " TO NODE " +
+             std::to_string(end));
+    out.Line("            " + RouteStars(start, end));
+    out.Line();
+    out.Line("            START NODE       END NODE       DISTANCE");
+    out.Line("            ----------       --------       --------");
+    for (auto from = Result.RoutePath.rbegin(); from != Result.RoutePath.rend(); ++from) {
+        const auto next = from + 1;
+        out.Line(RouteRow(*from, next == Result.RoutePath.rend() ? end : *next));
+    }
+    out.Line();
+    out.Line("                    TOTAL DISTANCE" +
+             FlushRight(LengthText(Result.NodeLabel(kDistance, end), kTotalPatterns), kRouteLengthWidth));
+}
+
+void WriteTree(ReportChannel& out)
+{
+    out.Line("                    MINIMAL SPANNING TREE");
+    out.Line("                    *********************");
+    out.Line();
+    out.Line("              START NODE   END NODE    DISTANCE");
+    out.Line("              ----------   --------    --------");
+    for (int k = 1; k < Problem.NumNodes; ++k)
+        out.Line(FlushRight(Format(Result.TreeArcs(kStart, k), "#0"), kTreeStartWidth) +
+                 FlushRight(Format(Result.TreeArcs(kEnd, k), "#0"), kTreeEndWidth) +
+                 TreeLengthText(Result.TreeArcs(kLength, k)));
+    out.Line();
+    out.Line("                    TOTAL LENGTH" + TreeLengthText(Result.TreeLength));
 }
 
 void PrintShortestRoute(ReportChannel& out)

@@ -4,26 +4,24 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
-#include "shell/report.h"
+#include "basic/format.h"
+#include "shell/module.h"
 
 namespace Network {
 
-void ShowShortestRoute();
-void ShowSpanningTree();
+// The page's caption, or a warning that not all nodes can be reached.
+SolveOutcome RouteOutcome();
+SolveOutcome TreeOutcome();
+
+// On screen.
+void WriteRoute(ReportChannel& out);
+void WriteTree(ReportChannel& out);
 
 void PrintShortestRoute(ReportChannel& out);
 void PrintSpanningTree(ReportChannel& out);
 
-// One pattern for each count of decimals.
-struct LengthPatterns {
-    std::string_view Whole;
-    std::string_view OnePlace;
-    std::string_view TwoPlaces;
-};
-
 // Thousandths under the pattern for the decimals of the problem.
-std::string LengthText(std::int32_t length, const LengthPatterns& patterns);
+std::string LengthText(std::int32_t length, const DecimalPatterns& patterns);
 
 }  // namespace Network

@@ -9,7 +9,6 @@
 #include "network/NetworkSolver.h"
 #include "network/netout.h"
 #include "shell/commands.h"
-#include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -79,7 +78,7 @@ SizeDialog SizeQuestions()
 void FillGrid(Grid& grid)
 {
     constexpr std::array kHeadings = {"Arc", "Start Node", "End Node", "Distance/Cost"};
-    constexpr LengthPatterns kPatterns = {"0", "    #####0.0", "    ####0.00"};
+    constexpr DecimalPatterns kPatterns = {"0", "    #####0.0", "    ####0.00"};
     grid.Resize(Problem.NumArcs + 1, static_cast<int>(kHeadings.size()));
     for (std::size_t column = 0; column < kHeadings.size(); ++column)
         grid.SetText(0, static_cast<int>(column), kHeadings.at(column));
@@ -92,63 +91,7 @@ void FillGrid(Grid& grid)
     }
 }
 
-// ---- the command ----
-
-void WarnUnreachable()
-{
-    MsgBox(std::string("Please review the description of the network.  ") +
-               (IsShortestRoute() ? "It is not possible to reach all nodes in the network."
-                                  : "A spanning tree does not exist for the network description you have "
-                                    "provided."),
-           "WARNING!");
-}
-
-void BeginSolving()
-{
-    Screen& screen = desktop::TheScreen();
-    screen.SetIndicator("Solving Problem . . .");
-    screen.Refresh();
-    Menus.SetEnabled(EditItemName(0), true);
-    screen.SetPointer(Pointer::Hourglass);
-}
-
-// The indicator keeps its text when no route was found.
-void EndSolving(const std::string& indicator)
-{
-    Screen& screen = desktop::TheScreen();
-    Menus.EnablePrinting(true);
-    if (Result.Reached) {
-        screen.SetIndicator(indicator);
-        screen.Refresh();
-    }
-    screen.SetPointer(Pointer::Normal);
-}
-
-void SolveRoute()
-{
-    desktop::TheForms().ShowModal("frminputnodes");
-    if (Session.DialogCancelled) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
-    const std::string indicator = desktop::TheScreen().Indicator();
-    BeginSolving();
-    FindShortestRoute();
-    if (Result.Reached)
-        ShowShortestRoute();
-    else
-        WarnUnreachable();
-    EndSolving(indicator);
-}
-
-void SolveTree()
-{
-    FindSpanningTree();
-    if (Result.Reached)
-        ShowSpanningTree();
-    else
-        WarnUnreachable();
-}
+// ---- the ends of the route ----
 
 struct NodeQuestion {
     std::string_view NotWhole;
@@ -236,14 +179,6 @@ int TakeNodes(const std::string& start, const std::string& end)
     Problem.EndNode = endNode;
     Session.DialogCancelled = false;
     return -1;
-}
-
-void SolveNetwork()
-{
-    if (IsShortestRoute())
-        SolveRoute();
-    else
-        SolveTree();
 }
 
 }  // namespace Network

@@ -1,5 +1,4 @@
-// Shortest route and minimal spanning tree: the arc table, its entry rules, the problem on its form and the
-// solve command.
+// Shortest route and minimal spanning tree: the arc table, its entry rules and the problem on its form.
 //
 // Lengths are kept as whole thousandths of the entered distance. Arcs have no direction.
 #pragma once
@@ -47,8 +46,5 @@ std::int32_t ToThousandths(double distance);
 
 // Which answer of `frminputnodes` is refused, after its message (0: start, 1: end); -1: both are stored.
 int TakeNodes(const std::string& start, const std::string& end);
-
-// Solves and shows the report, or warns that not all nodes can be reached.
-void SolveNetwork();
 
 }  // namespace Network

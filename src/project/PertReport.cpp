@@ -1,12 +1,10 @@
 #include "project/PertReport.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 
 #include "basic/format.h"
 #include "project/VtPert_CPM.h"
-#include "shell/solution.h"
 
 namespace VtPert_CPM {
 namespace {
@@ -50,16 +48,12 @@ void WriteHead(ReportChannel& out, const Head& head)
     out.Line(head.Rule);
 }
 
-// A pattern for each count of decimals.
-using Patterns = std::array<std::string_view, 3>;
+constexpr DecimalPatterns kTimePatterns = {"#####0", "###0.0", "##0.00"};
+constexpr DecimalPatterns kSchedulePatterns = {"########0", "######0.0", "#####0.00"};
 
-constexpr Patterns kTimePatterns = {"#####0", "###0.0", "##0.00"};
-constexpr Patterns kSchedulePatterns = {"########0", "######0.0", "#####0.00"};
-
-std::string TimeText(double time, const Patterns& patterns)
+std::string TimeText(double time, const DecimalPatterns& patterns)
 {
-    const double decimals = std::clamp(Problem.TimeDecimals.Value(), 0.0, 2.0);
-    return Format(time, patterns.at(static_cast<std::size_t>(decimals)));
+    return Format(time, patterns.For(TimePlaces(Problem)));
 }
 
 // ---- expected times ----
@@ -183,28 +177,25 @@ void ActivityList(ReportChannel& out)
     out.Line(HasThreeEstimates() ? kEstimatesListEnd : kKnownTimesList.Rule);
 }
 
-void ShowReport()
-{
-    SolutionChannel page;
-    if (HasThreeEstimates()) {
-        BeginSolution("               EXPECTED TIMES AND VARIANCES FOR ACTIVITIES");
-        Estimates(page, kEstimatesOnScreen);
-        page.Line(kScheduleTitle);
-    } else {
-        BeginSolution(kScheduleTitle);
-    }
-    Schedule(page, kScheduleOnScreen);
-    ProjectTotals(page);
-    SeveralPathsNote(page);
-    ShowSolution();
-}
-
 }  // namespace
 
-void SolvePert()
+int TimePlaces(const PertProblem& problem)
 {
-    Calculate();
-    ShowReport();
+    return static_cast<int>(std::clamp(problem.TimeDecimals.Value(), 0.0, 2.0));
+}
+
+void WritePertReport(ReportChannel& out)
+{
+    const bool onScreen = out.OnScreen();
+    if (HasThreeEstimates()) {
+        out.Line(onScreen ? "               EXPECTED TIMES AND VARIANCES FOR ACTIVITIES"
+                          : "                  EXPECTED TIMES AND VARIANCES FOR ACTIVITIES");
+        Estimates(out, onScreen ? kEstimatesOnScreen : kEstimatesPrinted);
+    }
+    out.Line(kScheduleTitle);
+    Schedule(out, onScreen ? kScheduleOnScreen : kSchedulePrinted);
+    ProjectTotals(out);
+    SeveralPathsNote(out);
 }
 
 void PrintPertReport(ReportChannel& out)
@@ -213,14 +204,7 @@ void PrintPertReport(ReportChannel& out)
     out.Line("PROJECT SCHEDULING WITH PERT/CPM");
     out.Line("********************************");
     ActivityList(out);
-    if (HasThreeEstimates()) {
-        out.Line("                  EXPECTED TIMES AND VARIANCES FOR ACTIVITIES");
-        Estimates(out, kEstimatesPrinted);
-    }
-    out.Line(kScheduleTitle);
-    Schedule(out, kSchedulePrinted);
-    ProjectTotals(out);
-    SeveralPathsNote(out);
+    WritePertReport(out);
 }
 
 }  // namespace VtPert_CPM

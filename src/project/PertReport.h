@@ -2,11 +2,14 @@
 // activity list.
 #pragma once
 
+#include "project/VtPert_CPM.h"
 #include "shell/report.h"
 
 namespace VtPert_CPM {
 
-void SolvePert();  // calculates and shows the report
+int TimePlaces(const PertProblem& problem);  // of the times: 0, 1 or 2
+
+void WritePertReport(ReportChannel& out);  // on screen
 void PrintPertReport(ReportChannel& out);
 
 }  // namespace VtPert_CPM

@@ -14,125 +14,105 @@ constexpr double kNoSlack = 0.00001;
 
 const std::string kYes = "YES";
 
-int Predecessor(int position, int activity)
+int Predecessor(const PertProblem& problem, int position, int activity)
 {
-    return ToInt32(Problem.PredTable(position, activity).Value());
-}
-
-void RaiseTimeDecimals(double places)
-{
-    Problem.TimeDecimals = std::max(Problem.TimeDecimals.Value(), places);
+    return ToInt32(problem.PredTable(position, activity).Value());
 }
 
 // The tolerances for no decimal and for one differ.
-void CountDecimals(double time)
+int DecimalsOf(double time)
 {
     constexpr double kWhole = 0.0001;
     constexpr double kOneDecimal = 0.00001;
-    if (std::abs(time - Int(time)) <= kWhole) return;
-    RaiseTimeDecimals(1);
-    if (std::abs(10 * time - Int(10 * time)) > kOneDecimal) RaiseTimeDecimals(2);
+    if (std::abs(time - Int(time)) <= kWhole) return 0;
+    return std::abs(10 * time - Int(10 * time)) > kOneDecimal ? 2 : 1;
 }
 
-void EstimateTimes()
-{
-    for (int i = 1; i <= Problem.NumActivities; ++i) {
-        const double a = Problem.OptimisticTime(i).Value();
-        const double m = Problem.ProbableTime(i).Value();
-        const double b = Problem.PessimisticTime(i).Value();
-        const double time = (a + 4 * m + b) / 6;
-        const double deviation = (b - a) / 6;
-        Problem.ActivityTime(i) = time;
-        Problem.TimeVariance(i) = deviation * deviation;
-        CountDecimals(time);
-    }
-}
-
-void ClearResult()
+PertResult EmptyResult()
 {
     const Array1<double> zeroes(kMostActivities);
     Array1<std::string> blanks(kMostActivities);
     blanks.Fill(" ");
-    Result = {.EarliestStart = zeroes,
-              .EarliestFinish = zeroes,
-              .LatestStart = zeroes,
-              .LatestFinish = zeroes,
-              .ActivitySlack = zeroes,
-              .CriticalFlag = blanks,
-              .PathFlag = blanks,
-              .PathText = {}};
+    return {.EarliestStart = zeroes,
+            .EarliestFinish = zeroes,
+            .LatestStart = zeroes,
+            .LatestFinish = zeroes,
+            .ActivitySlack = zeroes,
+            .CriticalFlag = blanks,
+            .PathFlag = blanks,
+            .PathText = {}};
 }
 
 // Answers the last activity of the project: the first one that reaches the project time.
-int PassForward()
+int PassForward(const PertProblem& problem, PertResult& result)
 {
     int last = 1;
-    for (int i = 1; i <= Problem.NumActivities; ++i) {
-        for (int position = 1; position <= Problem.PredCount(i).Value(); ++position)
-            Result.EarliestStart(i) =
-                std::max(Result.EarliestStart(i), Result.EarliestFinish(Predecessor(position, i)));
-        Result.EarliestFinish(i) = Result.EarliestStart(i) + Problem.ActivityTime(i).Value();
-        if (Result.ProjectTime < Result.EarliestFinish(i)) {
-            Result.ProjectTime = Result.EarliestFinish(i);
+    for (int i = 1; i <= problem.NumActivities; ++i) {
+        for (int position = 1; position <= problem.PredCount(i).Value(); ++position)
+            result.EarliestStart(i) =
+                std::max(result.EarliestStart(i), result.EarliestFinish(Predecessor(problem, position, i)));
+        result.EarliestFinish(i) = result.EarliestStart(i) + problem.ActivityTime(i).Value();
+        if (result.ProjectTime < result.EarliestFinish(i)) {
+            result.ProjectTime = result.EarliestFinish(i);
             last = i;
         }
     }
     return last;
 }
 
-void PassBackward()
+void PassBackward(const PertProblem& problem, PertResult& result)
 {
-    for (int i = 1; i <= Problem.NumActivities; ++i)
-        Result.LatestFinish(i) = Result.ProjectTime;
-    for (int i = Problem.NumActivities; i >= 1; --i) {
-        Result.LatestStart(i) = Result.LatestFinish(i) - Problem.ActivityTime(i).Value();
-        for (int position = 1; position <= Problem.PredCount(i).Value(); ++position) {
-            double& finish = Result.LatestFinish(Predecessor(position, i));
-            finish = std::min(finish, Result.LatestStart(i));
+    for (int i = 1; i <= problem.NumActivities; ++i)
+        result.LatestFinish(i) = result.ProjectTime;
+    for (int i = problem.NumActivities; i >= 1; --i) {
+        result.LatestStart(i) = result.LatestFinish(i) - problem.ActivityTime(i).Value();
+        for (int position = 1; position <= problem.PredCount(i).Value(); ++position) {
+            double& finish = result.LatestFinish(Predecessor(problem, position, i));
+            finish = std::min(finish, result.LatestStart(i));
         }
     }
 }
 
-bool HasNoSlack(int activity)
+bool HasNoSlack(const PertResult& result, int activity)
 {
-    return Result.ActivitySlack(activity) < kNoSlack;
+    return result.ActivitySlack(activity) < kNoSlack;
 }
 
-void FindSlack()
+void FindSlack(const PertProblem& problem, PertResult& result)
 {
-    for (int i = 1; i <= Problem.NumActivities; ++i) {
-        Result.ActivitySlack(i) = std::abs(Result.LatestStart(i) - Result.EarliestStart(i));
-        if (!HasNoSlack(i)) continue;
-        Result.CriticalFlag(i) = kYes;
-        ++Result.CriticalCount;
+    for (int i = 1; i <= problem.NumActivities; ++i) {
+        result.ActivitySlack(i) = std::abs(result.LatestStart(i) - result.EarliestStart(i));
+        if (!HasNoSlack(result, i)) continue;
+        result.CriticalFlag(i) = kYes;
+        ++result.CriticalCount;
     }
 }
 
-bool IsOnPath(int activity)
+bool IsOnPath(const PertResult& result, int activity)
 {
-    return Result.PathFlag(activity) == kYes;
+    return result.PathFlag(activity) == kYes;
 }
 
-void PutOnPath(int activity)
+void PutOnPath(PertResult& result, int activity)
 {
-    Result.PathFlag(activity) = kYes;
-    ++Result.PathCount;
+    result.PathFlag(activity) = kYes;
+    ++result.PathCount;
 }
 
 // The first predecessor without slack leads on, whether or not the activity waits for it. A table from a
 // damaged file may lead round in a circle; the walk ends where it meets itself.
-void WalkBack(int last)
+void WalkBack(const PertProblem& problem, PertResult& result, int last)
 {
-    PutOnPath(last);
+    PutOnPath(result, last);
     int activity = last;
     int position = 1;
-    while (const int predecessor = Predecessor(position, activity)) {
-        if (!HasNoSlack(predecessor)) {
+    while (const int predecessor = Predecessor(problem, position, activity)) {
+        if (!HasNoSlack(result, predecessor)) {
             ++position;
             continue;
         }
-        if (IsOnPath(predecessor)) return;
-        PutOnPath(predecessor);
+        if (IsOnPath(result, predecessor)) return;
+        PutOnPath(result, predecessor);
         activity = predecessor;
         position = 1;
     }
@@ -143,31 +123,52 @@ double ToHundredths(double value)
     return Int(100 * value + 0.5) / 100;
 }
 
-void SumUpPath()
+void SumUpPath(const PertProblem& problem, PertResult& result)
 {
     double variance = 0;
-    for (int i = 1; i <= Problem.NumActivities; ++i) {
-        if (!IsOnPath(i)) continue;
-        Result.PathText += (Result.PathText.empty() ? "" : "-") + Problem.ActivityName(i);
-        variance += Problem.TimeVariance(i).Value();
+    for (int i = 1; i <= problem.NumActivities; ++i) {
+        if (!IsOnPath(result, i)) continue;
+        result.PathText += (result.PathText.empty() ? "" : "-") + problem.ActivityName(i);
+        variance += problem.TimeVariance(i).Value();
     }
-    Result.RoundedProjectTime = ToHundredths(Result.ProjectTime);
-    Result.RoundedProjectVariance = ToHundredths(variance);
+    result.RoundedProjectTime = ToHundredths(result.ProjectTime);
+    result.RoundedProjectVariance = ToHundredths(variance);
 }
 
 }  // namespace
 
+void EstimateTimes(PertProblem& problem)
+{
+    for (int i = 1; i <= problem.NumActivities; ++i) {
+        const double a = problem.OptimisticTime(i).Value();
+        const double m = problem.ProbableTime(i).Value();
+        const double b = problem.PessimisticTime(i).Value();
+        const double time = (a + 4 * m + b) / 6;
+        const double deviation = (b - a) / 6;
+        problem.ActivityTime(i) = time;
+        problem.TimeVariance(i) = deviation * deviation;
+        problem.TimeDecimals = std::max<double>(problem.TimeDecimals.Value(), DecimalsOf(time));
+    }
+}
+
+PertResult FindSchedule(const PertProblem& problem)
+{
+    PertResult result = EmptyResult();
+    result.LastActivity = PassForward(problem, result);
+    PassBackward(problem, result);
+    FindSlack(problem, result);
+    WalkBack(problem, result, result.LastActivity);
+    SumUpPath(problem, result);
+    result.Solved = true;
+    return result;
+}
+
 void Calculate()
 {
-    if (HasThreeEstimates()) EstimateTimes();
-    ClearResult();
-    const int last = PassForward();
-    PassBackward();
-    FindSlack();
-    WalkBack(last);
-    SumUpPath();
+    Result = {};
+    if (HasThreeEstimates()) EstimateTimes(Problem);
+    Result = FindSchedule(Problem);
     if (!HasThreeEstimates()) Problem.TimeDecimals = Problem.DecimalPlaces;
-    Result.Solved = true;
 }
 
 }  // namespace VtPert_CPM

@@ -50,6 +50,7 @@ struct PertResult {
     Array1<std::string> PathFlag;      // "YES" on the computed critical path, otherwise a single blank
     int CriticalCount = 0;
     int PathCount = 0;
+    int LastActivity = 1;               // of the project: the first one that ends with it
     std::string PathText;               // "A-C-G", in alphabetical order
     double ProjectTime = 0;             // as computed
     double RoundedProjectTime = 0;      // to hundredths
@@ -90,8 +91,15 @@ extern std::function<void()> CheckTimeBoxes;
 
 // ---- engine ----
 
-// Reads Problem, leaves Result; writes ActivityTime and TimeVariance of three estimates, and TimeDecimals. A
-// table with more than eight predecessors of an activity raises "Subscript out of range".
+// Expected times and variances from three estimates, kept with the problem: a file saved later holds them.
+// Raises TimeDecimals.
+void EstimateTimes(PertProblem& problem);
+
+// From the activity times. A table with more than eight predecessors of an activity raises "Subscript out of
+// range".
+PertResult FindSchedule(const PertProblem& problem);
+
+// Both for the problem at hand; keeps the result.
 void Calculate();
 
 }  // namespace VtPert_CPM

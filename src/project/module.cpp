@@ -12,11 +12,17 @@ namespace {
 
 constexpr std::string_view kEntryForm = "frmPERT_CPM";
 
-void SolveAndShow()
+bool CloseEntryForm()
 {
     desktop::TheForms().Unload(kEntryForm);
     Session.NewProblem = false;
-    SolvePert();
+    return true;
+}
+
+SolveOutcome Solve()
+{
+    Calculate();
+    return {};
 }
 
 void ReturnToProblem()
@@ -84,9 +90,9 @@ const ModuleRoutines& PertCpm()
         .Dimension = VtPert_CPM::NewProject,
         .LeavesNewProblem = true,
         .Display = VtPert_CPM::Display,
-        .SolveAndShow = VtPert_CPM::SolveAndShow,
-        .ShellShowsSolving = true,
-        .ShellEnablesPrinting = true,
+        .Prepare = VtPert_CPM::CloseEntryForm,
+        .Solve = VtPert_CPM::Solve,
+        .Page = VtPert_CPM::WritePertReport,
         .ReturnToProblem = VtPert_CPM::ReturnToProblem,
         .FinishEdit = VtPert_CPM::FinishEdit,
         .SecondForm = std::string(VtPert_CPM::kEntryForm),

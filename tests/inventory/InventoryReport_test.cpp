@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include "inventory/problems.h"
-#include "shell/solution.h"
 #include "support/fake_desktop.h"
 #include "support/report_lines.h"
 
@@ -21,8 +20,8 @@ class InventoryReports : public testing::Test {
 protected:
     static Lines Screen()
     {
-        VtInvent::SolveAndShow();
-        return SolutionLines();
+        VtInvent::SolveProblem();
+        return ScreenLines(VtInvent::WritePage);
     }
 
     // The report of what was solved last.
@@ -30,7 +29,7 @@ protected:
 
     static Lines SolvedFile()
     {
-        VtInvent::SolveAndShow();
+        VtInvent::SolveProblem();
         return File();
     }
 
@@ -67,7 +66,6 @@ TEST_F(InventoryReports, OrderQuantityOnScreen)
                                       "    AVERAGE INVENTORY LEVEL                       25.00",
                                       "    NUMBER OF ORDERS PER YEAR                      8.00",
                                       "    CYCLE TIME (DAYS)                             25.00", ""));
-    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
 }
 
 TEST_F(InventoryReports, OrderQuantityInFull)
@@ -368,7 +366,7 @@ TEST_F(InventoryReports, ValuesTooWideForTheirFieldKeepTheirLeftmostCharacters)
 TEST_F(InventoryReports, PaperAndFileHaveTheSameLines)
 {
     GivenShortages(0);
-    VtInvent::SolveAndShow();
+    VtInvent::SolveProblem();
     desktop.printer.Begin("Courier New", 12);
     PrinterChannel paper;
     VtInvent::WriteReport(paper);

@@ -4,7 +4,9 @@
 #include <map>
 #include <set>
 
-#include "inventory/VtInvent.h"
+#include "inventory/InventoryPolicy.h"
+
+using VtInvent::NormalAreaTable;
 
 namespace {
 
@@ -33,56 +35,44 @@ const std::map<int, double>& KeptRows()
     return rows;
 }
 
-class NormalAreas : public testing::Test {
-protected:
-    NormalAreas() { VtInvent::FillNormalAreaTable(); }
-};
-
 }  // namespace
 
-TEST_F(NormalAreas, HaveRowsUpTo310AndAnUnusedRowZero)
+TEST(NormalAreas, HaveRowsUpTo310AndAnUnusedRowZero)
 {
-    EXPECT_EQ(VtInvent::NormalAreaTable.Upper(), 310);
-    EXPECT_EQ(VtInvent::NormalAreaTable(0), 0.0);
+    EXPECT_EQ(NormalAreaTable().Upper(), 310);
+    EXPECT_EQ(NormalAreaTable()(0), 0.0);
 }
 
-TEST_F(NormalAreas, StandAsInACommonTable)
+TEST(NormalAreas, StandAsInACommonTable)
 {
-    EXPECT_EQ(VtInvent::NormalAreaTable(1), 0.0);
-    EXPECT_EQ(VtInvent::NormalAreaTable(2), .0040);
-    EXPECT_EQ(VtInvent::NormalAreaTable(6), .0199);
-    EXPECT_EQ(VtInvent::NormalAreaTable(11), .0398);
-    EXPECT_EQ(VtInvent::NormalAreaTable(101), .3413);
-    EXPECT_EQ(VtInvent::NormalAreaTable(197), .4750);
+    EXPECT_EQ(NormalAreaTable()(1), 0.0);
+    EXPECT_EQ(NormalAreaTable()(2), .0040);
+    EXPECT_EQ(NormalAreaTable()(6), .0199);
+    EXPECT_EQ(NormalAreaTable()(11), .0398);
+    EXPECT_EQ(NormalAreaTable()(101), .3413);
+    EXPECT_EQ(NormalAreaTable()(197), .4750);
 }
 
-TEST_F(NormalAreas, AgreeWithTheErrorFunctionToFourDecimals)
+TEST(NormalAreas, AgreeWithTheErrorFunctionToFourDecimals)
 {
     for (int row = 1; row <= 310; ++row) {
         if (KeptRows().contains(row)) continue;
-        EXPECT_NEAR(VtInvent::NormalAreaTable(row), TrueArea(row), .00005 + 1e-12) << "row " << row;
+        EXPECT_NEAR(NormalAreaTable()(row), TrueArea(row), .00005 + 1e-12) << "row " << row;
     }
 }
 
-TEST_F(NormalAreas, KeepTheRowsThatDifferFromOtherTables)
+TEST(NormalAreas, KeepTheRowsThatDifferFromOtherTables)
 {
     for (const auto& [row, area] : KeptRows())
-        EXPECT_EQ(VtInvent::NormalAreaTable(row), area) << "row " << row;
+        EXPECT_EQ(NormalAreaTable()(row), area) << "row " << row;
 }
 
-TEST_F(NormalAreas, DipOnceAndNeverExceedTheLastRow)
+TEST(NormalAreas, DipOnceAndNeverExceedTheLastRow)
 {
     std::set<int> dips;
     for (int row = 2; row <= 310; ++row) {
-        if (VtInvent::NormalAreaTable(row) < VtInvent::NormalAreaTable(row - 1)) dips.insert(row);
-        EXPECT_LE(VtInvent::NormalAreaTable(row), VtInvent::NormalAreaTable(310));
+        if (NormalAreaTable()(row) < NormalAreaTable()(row - 1)) dips.insert(row);
+        EXPECT_LE(NormalAreaTable()(row), NormalAreaTable()(310));
     }
     EXPECT_EQ(dips, std::set<int>{277});
-}
-
-TEST_F(NormalAreas, AreFilledAfreshWheneverAModelNeedsThem)
-{
-    VtInvent::NormalAreaTable(50) = 7;
-    VtInvent::FillNormalAreaTable();
-    EXPECT_EQ(VtInvent::NormalAreaTable(50), .1879);
 }

@@ -161,12 +161,12 @@ TEST_F(InventoryModule, ANewProblemHoldsNothingOfTheLast)
     GivenModel(VtInvent::kShortages);
     Problem.BackorderCost = 3;
     Problem.Saved = true;
-    VtInvent::Solve();
+    VtInvent::SolveProblem();
     ListAnswers(VtInvent::kOrderQuantity);
     VtInvent::NewProblem();
     EXPECT_TRUE(Problem.BackorderCost.IsEmpty());
     EXPECT_FALSE(Problem.Saved);
-    EXPECT_EQ(Result.ReorderPoint, 0.0);
+    EXPECT_EQ(Problem.ReorderPoint, 0.0);
 }
 
 TEST_F(InventoryModule, AnOpenFormDisablesTheMenus)
@@ -346,7 +346,7 @@ TEST_F(InventoryModule, WritesAPercentageWithoutAHoldingText)
     Problem.DemandStdDev = 0.25;
     GivenStockoutProbability(0.05);
     Problem.AllowedStockouts = 1.25;
-    Result.ReorderPoint = 154.5;
+    Problem.ReorderPoint = 154.5;
     EXPECT_EQ(
         Written(),
         "5,12000.5,\"12000.5\",0,\"\",1.2,\"\",20,\"20\",6,\"6\",0,\"\",0,\"\",0,\"\",154,\"154\"\r\n"
@@ -410,7 +410,7 @@ TEST_F(InventoryModule, ReadsWhatItWrote)
     Problem.HighestDemand = 9;
     Problem.DistributionKind = 2;
     Problem.UnderCost = 4;
-    Result.ReorderPoint = -3.17;
+    Problem.ReorderPoint = -3.17;
     const std::string text = Written();
     VtInvent::MakeArrays();
     ReadBack(text);
@@ -427,7 +427,7 @@ TEST_F(InventoryModule, ReadsWhatItWrote)
     EXPECT_EQ(Problem.UnderCost.Value(), 4.0);
     EXPECT_EQ(Problem.DistributionKind.Value(), 2.0);
     EXPECT_EQ(Problem.HighestDemand.Value(), 9.0);
-    EXPECT_EQ(Result.ReorderPoint, -3.17);
+    EXPECT_EQ(Problem.ReorderPoint, -3.17);
     EXPECT_TRUE(Problem.Saved);
     EXPECT_EQ(desktop.screen.indicator, "Inventory Model:  Quantity Discounts");
 }

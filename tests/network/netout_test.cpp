@@ -21,15 +21,17 @@ class NetworkReport : public testing::Test {
 protected:
     const Lines& ShownRoute()
     {
-        Network::FindShortestRoute();
-        Network::ShowShortestRoute();
+        FindRoute();
+        SolutionPage page;
+        Network::WriteRoute(page);
         return SolutionLines();
     }
 
     const Lines& ShownTree()
     {
-        Network::FindSpanningTree();
-        Network::ShowSpanningTree();
+        FindTree();
+        SolutionPage page;
+        Network::WriteTree(page);
         return SolutionLines();
     }
 
@@ -61,7 +63,6 @@ TEST_F(NetworkReport, TheRouteIsListedFirstLegFirst)
                                           "                 5               7               5",    //
                                           "",                                                      //
                                           "                    TOTAL DISTANCE              13"));
-    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
 }
 
 TEST_F(NetworkReport, ARouteToItsOwnStartHasOneRow)
@@ -138,7 +139,7 @@ TEST_F(NetworkReport, TheFullRouteReportBeginsWithTheArcs)
     GiveRoute(12, {{1, 12, 2.5}}, 1, 12);
     Problem.NumNodes = 12;
     Problem.DecimalPlaces = 1.0;
-    Network::FindShortestRoute();
+    FindRoute();
     EXPECT_THAT(LinesOf(Network::PrintShortestRoute),
                 ElementsAre("     SHORTEST ROUTE",                                 //
                             "     **************",                                 //
@@ -179,7 +180,7 @@ TEST_F(NetworkReport, AMissingTreeIsWarnedOfInFull)
 {
     GiveTree(3, {{2, 1, 2.345}});
     Problem.DecimalPlaces = 2.0;
-    Network::FindSpanningTree();
+    FindTree();
     const Lines full = LinesOf(Network::PrintSpanningTree);
     EXPECT_EQ(full[8], "             1         2           1        2.35");
     EXPECT_THAT(

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "network/NetworkSolver.h"
 #include "network/vtshrtrt.h"
 #include "shell/session.h"
 
@@ -37,6 +38,19 @@ inline void GiveRoute(int nodes, const std::vector<TestArc>& arcs, int start, in
 inline void GiveTree(int nodes, const std::vector<TestArc>& arcs)
 {
     GiveNetwork("MINIMAL SPANNING TREE PROBLEM", nodes, arcs);
+}
+
+// Both keep the result.
+inline void FindRoute()
+{
+    Network::Result = {};
+    Network::Result = Network::FindShortestRoute(Network::Problem);
+}
+
+inline void FindTree()
+{
+    Network::Result = {};
+    Network::Result = Network::FindSpanningTree(Network::Problem);
 }
 
 // clang-format off

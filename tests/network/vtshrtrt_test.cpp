@@ -6,6 +6,7 @@
 
 #include "network/module.h"
 #include "network/networks.h"
+#include "shell/commands.h"
 #include "shell/menus.h"
 #include "shell/solution.h"
 #include "shell/userinput.h"
@@ -252,12 +253,18 @@ TEST_F(ArcForm, FilesThatDoNotFitAreErrors)
 
 class NetworkSolve : public testing::Test {
 protected:
-    NetworkSolve()
+    // Shows the network that stands in the record and chooses Solve.
+    void SolveModule(int number, const char* indicator)
     {
-        Menus.SetEnabled(EditItemName(0), false);
+        Session.CurrentModule = static_cast<std::int16_t>(number);
+        Network::ShowNetwork();
         Menus.EnablePrinting(false);
-        desktop.screen.indicator = "Shortest Route Module";
+        desktop.screen.indicator = indicator;
+        desktop.screen.pointers.clear();
+        Commands::Solve();
     }
+    void SolveRoute() { SolveModule(5, "Shortest Route Module"); }
+    void SolveTree() { SolveModule(6, "Minimal Spanning Tree Module"); }
 
     void Choose(const char* start, const char* end)
     {
@@ -271,10 +278,11 @@ TEST_F(NetworkSolve, ARouteIsShown)
 {
     GiveRoute(2, {{1, 2, 5}}, 0, 0);
     Choose("2", "1");
-    Network::SolveNetwork();
+    SolveRoute();
     EXPECT_EQ(SolutionLines()[0], "            THE SHORTEST ROUTE FROM NODE 2 TO NODE 1");
     EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Optimal Route");
-    EXPECT_EQ(desktop.screen.indicators, (Texts{"Solving Problem . . .", "Shortest Route Module"}));
+    EXPECT_EQ(desktop.screen.indicators, (Texts{"Checking Problem Data. . .", "Shortest Route Module",
+                                                "Solving Problem . . .", "Shortest Route Module"}));
     EXPECT_EQ(desktop.screen.pointers, (std::vector{Pointer::Hourglass, Pointer::Normal}));
     EXPECT_TRUE(Menus.Item(EditItemName(0)).Enabled);
     EXPECT_TRUE(Menus.Item("mnuSolutionPrinttoText").Enabled);
@@ -284,9 +292,9 @@ TEST_F(NetworkSolve, CancelledNodesSolveNothing)
 {
     GiveRoute(2, {{1, 2, 5}}, 1, 2);
     desktop.forms.onModal["frminputnodes"] = [] { Session.DialogCancelled = true; };
-    Network::SolveNetwork();
+    SolveRoute();
     EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
-    EXPECT_TRUE(desktop.screen.indicators.empty());
+    EXPECT_EQ(desktop.screen.indicator, "Shortest Route Module");
     EXPECT_FALSE(Menus.Item("mnuSolutionPrinttoText").Enabled);
 }
 
@@ -294,7 +302,7 @@ TEST_F(NetworkSolve, AnUnreachableNodeIsWarnedOfAndTheIndicatorStays)
 {
     GiveRoute(3, {{1, 2, 5}}, 0, 0);
     Choose("1", "2");
-    Network::SolveNetwork();
+    SolveRoute();
     EXPECT_EQ(
         desktop.dialogs.Last(),
         (ShownMessage{"Please review the description of the network.  It is not possible to reach all nodes "
@@ -309,7 +317,7 @@ TEST_F(NetworkSolve, AnUnreachableNodeIsWarnedOfAndTheIndicatorStays)
 TEST_F(NetworkSolve, ATreeIsShownWithoutAQuestion)
 {
     GiveTree(2, {{1, 2, 5}});
-    Network::SolveNetwork();
+    SolveTree();
     EXPECT_EQ(SolutionLines()[0], "                    MINIMAL SPANNING TREE");
     EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Optimal Solution");
     EXPECT_TRUE(desktop.forms.modals.empty());
@@ -318,13 +326,15 @@ TEST_F(NetworkSolve, ATreeIsShownWithoutAQuestion)
 TEST_F(NetworkSolve, ANetworkInPiecesHasNoTree)
 {
     GiveTree(3, {{1, 2, 5}});
-    Network::SolveNetwork();
+    SolveTree();
     EXPECT_EQ(
         desktop.dialogs.Last(),
         (ShownMessage{"Please review the description of the network.  A spanning tree does not exist for the "
                       "network description you have provided.",
                       "WARNING!", Icon::Critical, Buttons::OK}));
     EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
+    EXPECT_EQ(desktop.screen.indicator, "Minimal Spanning Tree Module");
+    EXPECT_TRUE(Menus.Item("mnuSolutionPrinttoPrinter").Enabled);
 }
 
 }  // namespace

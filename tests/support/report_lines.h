@@ -21,6 +21,23 @@ inline std::vector<std::string> FileLines(const std::function<void(ReportChannel
     return lines;
 }
 
+// The lines of a page on screen.
+inline std::vector<std::string> ScreenLines(const std::function<void(ReportChannel&)>& page)
+{
+    class Page : public ReportChannel {
+    public:
+        std::vector<std::string> Lines;
+        void NewPage() override {}
+        [[nodiscard]] bool OnScreen() const override { return true; }
+        [[nodiscard]] bool OnPaper() const override { return false; }
+
+    private:
+        void Write(std::string_view text) override { Lines.emplace_back(text); }
+    } lines;
+    page(lines);
+    return lines.Lines;
+}
+
 // The first line with these words; "(no line)" without one.
 inline std::string LineWith(const std::vector<std::string>& lines, std::string_view words)
 {
