@@ -22,21 +22,33 @@ bool IsLeftOut(std::string_view text)
     return text.empty();
 }
 
-bool TakePositive(Variant& field, std::string_view text, std::string_view refusal)
+// Remembers a text of which a comma has cut a part.
+void Keep(Variant& field, Box box, std::string_view text, double value)
+{
+    field = value;
+    std::string whole(text);
+    std::erase(whole, ',');
+    if (Val(whole) == value)
+        Problem.ReadUpToComma.erase(box);
+    else
+        Problem.ReadUpToComma[box] = {std::string(text), value};
+}
+
+bool TakePositive(Variant& field, Box box, std::string_view text, std::string_view refusal)
 {
     if (IsLeftOut(text)) return true;
     const double value = Val(text);
     if (!(value > 0)) return Refuse(refusal);
-    field = value;
+    Keep(field, box, text, value);
     return true;
 }
 
-bool TakeNotNegative(Variant& field, std::string_view text, std::string_view refusal)
+bool TakeNotNegative(Variant& field, Box box, std::string_view text, std::string_view refusal)
 {
     if (IsLeftOut(text)) return true;
     const double value = Val(text);
     if (value < 0) return Refuse(refusal);
-    field = value;
+    Keep(field, box, text, value);
     return true;
 }
 
@@ -46,7 +58,10 @@ bool TakeCheckedNotNegative(Variant& field, std::string_view text, std::string_v
     if (IsLeftOut(text)) return true;
     const NumberText number = CheckNumber(text);
     if (!number.IsNumber) return Refuse(kMinimumRefused);
-    return TakeNotNegative(field, number.Text, refusal);
+    const double value = Val(number.Text);
+    if (value < 0) return Refuse(refusal);
+    field = value;
+    return true;
 }
 
 bool WarnEqualRates(const Variant& demand)
@@ -75,23 +90,26 @@ bool WarnLowRate(const Variant& rate, const Variant& demand)
 
 bool TakeAnnualDemand(std::string_view text)
 {
-    return TakePositive(Problem.AnnualDemand, text, "NOTE:  ANNUAL DEMAND MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.AnnualDemand, Box::AnnualDemand, text,
+                        "NOTE:  ANNUAL DEMAND MUST BE GREATER THAN 0.");
 }
 
 bool TakeOrderCost(std::string_view text)
 {
-    return TakePositive(Problem.OrderCost, text, "NOTE:  ORDERING COST MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.OrderCost, Box::OrderCost, text,
+                        "NOTE:  ORDERING COST MUST BE GREATER THAN 0.");
 }
 
 bool TakeSetupCost(std::string_view text)
 {
-    return TakePositive(Problem.OrderCost, text, "NOTE:  SETUP COST MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.OrderCost, Box::OrderCost, text, "NOTE:  SETUP COST MUST BE GREATER THAN 0.");
 }
 
 bool TakeProductionRate(std::string_view text)
 {
     if (IsLeftOut(text)) return true;
-    if (!TakePositive(Problem.ProductionRate, text, "NOTE:  PRODUCTION RATE MUST BE GREATER THAN 0."))
+    if (!TakePositive(Problem.ProductionRate, Box::ProductionRate, text,
+                      "NOTE:  PRODUCTION RATE MUST BE GREATER THAN 0."))
         return false;
     const double rate = Problem.ProductionRate.Value();
     const double demand = Problem.AnnualDemand.Value();
@@ -101,7 +119,8 @@ bool TakeProductionRate(std::string_view text)
 
 bool TakeBackorderCost(std::string_view text)
 {
-    return TakePositive(Problem.BackorderCost, text, "NOTE:  BACKORDER COST MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.BackorderCost, Box::BackorderCost, text,
+                        "NOTE:  BACKORDER COST MUST BE GREATER THAN 0.");
 }
 
 bool TakeWorkingDays(std::string_view text)
@@ -110,23 +129,26 @@ bool TakeWorkingDays(std::string_view text)
     const double days = Val(text);
     if (days < 1 || days > kMostWorkingDays)
         return Refuse("NOTE:  THE NUMBER OF WORKING DAYS MUST BE BETWEEN 1 AND 365.");
-    Problem.WorkingDays = days;
+    Keep(Problem.WorkingDays, Box::WorkingDays, text, days);
     return true;
 }
 
 bool TakeHoldingAmount(std::string_view text)
 {
-    return TakePositive(Problem.HoldingCost, text, "NOTE:  THE HOLDING COST MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.HoldingCost, Box::HoldingAmount, text,
+                        "NOTE:  THE HOLDING COST MUST BE GREATER THAN 0.");
 }
 
 bool TakeCarryingPercent(std::string_view text)
 {
-    return TakePositive(Problem.CarryingPercent, text, "NOTE:  THE PERCENTAGE MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.CarryingPercent, Box::CarryingPercent, text,
+                        "NOTE:  THE PERCENTAGE MUST BE GREATER THAN 0.");
 }
 
 bool TakeUnitCost(std::string_view text)
 {
-    return TakePositive(Problem.UnitCost, text, "NOTE:  THE COST PER UNIT MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.UnitCost, Box::UnitCost, text,
+                        "NOTE:  THE COST PER UNIT MUST BE GREATER THAN 0.");
 }
 
 bool TakeLeadTime(std::string_view text)
@@ -137,7 +159,8 @@ bool TakeLeadTime(std::string_view text)
 bool TakeCategoryUnitCost(int category, std::string_view text)
 {
     Variant& cost = Problem.CategoryUnitCost(category);
-    if (!TakePositive(cost, text, "NOTE:  THE COST PER UNIT MUST BE GREATER THAN 0.")) return false;
+    if (!TakePositive(cost, Box::CategoryUnitCost, text, "NOTE:  THE COST PER UNIT MUST BE GREATER THAN 0."))
+        return false;
     Problem.CategoryUnitCostText(category) = EntryText(cost);
     return true;
 }
@@ -157,30 +180,32 @@ bool TakeStockoutProbability(std::string_view text)
     if (probability < 0 || probability > kMostStockoutProbability)
         return Refuse(
             "NOTE:  IN THIS INVENTORY MODEL, THE PROBABILITY OF A STOCKOUT MUST BE BETWEEN .00 AND .50.");
-    Problem.StockoutProbability = probability;
+    Keep(Problem.StockoutProbability, Box::StockoutProbability, text, probability);
     return true;
 }
 
 bool TakeAllowedStockouts(std::string_view text)
 {
-    return TakeNotNegative(Problem.AllowedStockouts, text,
+    return TakeNotNegative(Problem.AllowedStockouts, Box::AllowedStockouts, text,
                            "NOTE:  THE NUMBER OF STOCKOUTS MUST BE AT LEAST 0.");
 }
 
 bool TakeOverCost(std::string_view text)
 {
-    return TakePositive(Problem.OrderCost, text, "THE COST OF OVERESTIMATING DEMAND MUST BE GREATER THAN 0.");
+    return TakePositive(Problem.OrderCost, Box::OrderCost, text,
+                        "THE COST OF OVERESTIMATING DEMAND MUST BE GREATER THAN 0.");
 }
 
 bool TakeUnderCost(std::string_view text)
 {
-    return TakePositive(Problem.UnderCost, text,
+    return TakePositive(Problem.UnderCost, Box::UnderCost, text,
                         "THE COST OF UNDERESTIMATING DEMAND MUST BE GREATER THAN 0.");
 }
 
 bool TakeLowestDemand(std::string_view text)
 {
-    return TakeNotNegative(Problem.LowestDemand, text, "NOTE:  THE LOWEST VALUE MUST BE AT LEAST 0.");
+    return TakeNotNegative(Problem.LowestDemand, Box::LowestDemand, text,
+                           "NOTE:  THE LOWEST VALUE MUST BE AT LEAST 0.");
 }
 
 bool TakeHighestDemand(std::string_view text)
@@ -190,18 +215,20 @@ bool TakeHighestDemand(std::string_view text)
     const double lowest = Problem.LowestDemand.Value();
     if (highest < lowest)
         return Refuse("NOTE:  THE HIGHEST VALUE MUST BE AT LEAST " + PlainText(lowest) + " UNITS.");
-    Problem.HighestDemand = highest;
+    Keep(Problem.HighestDemand, Box::HighestDemand, text, highest);
     return true;
 }
 
 bool TakeMeanDemand(std::string_view text)
 {
-    return TakeNotNegative(Problem.MeanDemand, text, "NOTE:  THE MEAN DEMAND MUST BE AT LEAST 0.");
+    return TakeNotNegative(Problem.MeanDemand, Box::MeanDemand, text,
+                           "NOTE:  THE MEAN DEMAND MUST BE AT LEAST 0.");
 }
 
 bool TakeDemandStdDev(std::string_view text)
 {
-    return TakeNotNegative(Problem.DemandStdDev, text, "NOTE:  THE STANDARD DEVIATION MUST BE AT LEAST 0.");
+    return TakeNotNegative(Problem.DemandStdDev, Box::DemandStdDev, text,
+                           "NOTE:  THE STANDARD DEVIATION MUST BE AT LEAST 0.");
 }
 
 void ChooseHoldingMethod(int method)

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -31,6 +32,31 @@ constexpr int kNormal = 2;
 
 constexpr int kMostCategories = 5;  // that a user can ask for; a file may bring one more
 constexpr int kCategoryRows = 6;
+
+// Boxes whose text is read up to the first character that is no part of a number.
+enum class Box {
+    AnnualDemand,
+    OrderCost,
+    ProductionRate,
+    BackorderCost,
+    WorkingDays,
+    HoldingAmount,
+    CarryingPercent,
+    UnitCost,
+    CategoryUnitCost,
+    StockoutProbability,
+    AllowedStockouts,
+    UnderCost,
+    LowestDemand,
+    HighestDemand,
+    MeanDemand,
+    DemandStdDev,
+};
+
+struct TypedNumber {
+    std::string Text = {};
+    double Value = 0;  // as it was read
+};
 
 struct InventoryProblem {
     int ModelKind = 0;   // 1 to 6; 0: there is no problem
@@ -66,6 +92,8 @@ struct InventoryProblem {
     Array1<std::string> CategoryMinimumText{kCategoryRows};
     double ReorderMark = 0;   // has a place in the file and no use
     double ReorderPoint = 0;  // of the last policy that has one; stands in the file
+    // "1,000" counts as 1; it is not refused, but told with the policy.
+    std::map<Box, TypedNumber> ReadUpToComma;
 };
 
 // What a look into the table of normal areas found.

@@ -1,7 +1,10 @@
 #include "inventory/module.h"
 
 #include "basic/entrytext.h"
+#include "inventory/InventoryMeaning.h"
+#include "inventory/InventoryPicture.h"
 #include "inventory/InventoryReport.h"
+#include "inventory/InventorySteps.h"
 #include "inventory/VtInvent.h"
 
 namespace VtInvent {
@@ -129,6 +132,9 @@ const ModuleRoutines& Inventory()
         .ReturnToProblem = VtInvent::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtInvent::WriteReport},
+        .Pictures = [] { return VtInvent::Pictures(VtInvent::Problem, VtInvent::Result); },
+        .Steps = [] { return VtInvent::Steps(VtInvent::Problem, VtInvent::Result); },
+        .Meaning = [] { return VtInvent::Meaning(VtInvent::Problem, VtInvent::Result); },
         .Write = VtInvent::Write,
         .Read = VtInvent::Read,
     };

@@ -71,6 +71,19 @@ ShownMessage Warning(std::string_view title, std::string_view text)
 
 }  // namespace
 
+TEST_F(InventoryEntry, ANumberThatACommaCutsIsRemembered)
+{
+    EXPECT_TRUE(VtInvent::TakeAnnualDemand("1,000"));
+    EXPECT_EQ(Problem.AnnualDemand.Value(), 1);
+    ASSERT_TRUE(Problem.ReadUpToComma.contains(VtInvent::Box::AnnualDemand));
+    EXPECT_EQ(Problem.ReadUpToComma[VtInvent::Box::AnnualDemand].Text, "1,000");
+    EXPECT_TRUE(VtInvent::TakeAnnualDemand("1000"));
+    EXPECT_TRUE(Problem.ReadUpToComma.empty());
+    EXPECT_TRUE(VtInvent::TakeLeadTime("1,000"));  // this box drops its commas
+    EXPECT_EQ(Problem.LeadTimeDays.Value(), 1000);
+    EXPECT_TRUE(Problem.ReadUpToComma.empty());
+}
+
 TEST_F(InventoryEntry, DemandAndCostsAreAboveZero)
 {
     Check(VtInvent::TakeAnnualDemand, Problem.AnnualDemand, Positive(),
