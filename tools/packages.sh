@@ -9,7 +9,7 @@ TEST_PACKAGES=(
     "${RUN_PACKAGES[@]}"
     libgtest-dev libgmock-dev
     desktop-file-utils appstream shared-mime-info
-    dpkg-dev lintian man-db
+    dpkg-dev lintian man-db poppler-utils
 )
 CHECK_PACKAGES=(
     "${TEST_PACKAGES[@]}"

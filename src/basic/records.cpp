@@ -256,6 +256,13 @@ std::int16_t RecordReader::ReadInt16()
     return ToInt16(ReadDouble());
 }
 
+std::int16_t RecordReader::ReadCount()
+{
+    const std::int16_t count = ReadInt16();
+    if (count < 0) Raise(ErrorNumber::SubscriptOutOfRange);
+    return count;
+}
+
 std::int32_t RecordReader::ReadInt32()
 {
     return ToInt32(ReadDouble());

@@ -40,6 +40,7 @@ public:
     // "Type mismatch" where no number stands; an empty field is 0.
     double ReadDouble();
     std::int16_t ReadInt16();  // and "Overflow" beyond 16 bits; a fraction is rounded half to even
+    std::int16_t ReadCount();  // and "Subscript out of range" below 0, which counts nothing
     std::int32_t ReadInt32();
     Variant ReadVariant();  // nothing between two commas is an empty one
     std::string ReadString();

@@ -316,7 +316,7 @@ void WriteReport(ReportChannel& out)
     out.Line();
     out.NewPage();
     WriteRecommendation(out);
-    out.NewPage();
+    if (Problem.Criterion != kExpectedValue || !Result.HasStrategy) out.NewPage();
 }
 
 }  // namespace Decision

@@ -32,4 +32,7 @@ public:
     virtual Form& Loaded(std::string_view form) = 0;
     // Gives the focus to the main window, so that the menu keys work.
     virtual void FocusMenu() = 0;
+    // Gives it to the control that takes the form's keys, the grid in use for example; a form that has none,
+    // or is not loaded, leaves it to the main window.
+    virtual void FocusForm(std::string_view form) = 0;
 };

@@ -60,7 +60,7 @@ void Read(RecordReader& file)
 {
     Problem.PeriodCount = 0;
     MakeArrays();
-    Problem.PeriodCount = file.ReadInt16();
+    Problem.PeriodCount = file.ReadCount();
     Problem.DecimalPlaces = file.ReadVariant();
     for (int t = 1; t <= Problem.PeriodCount; ++t)
         Problem.TimeSeries(t) = file.ReadVariant();

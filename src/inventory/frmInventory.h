@@ -29,7 +29,7 @@ protected:
     using ModelEntryForm::AddField;
 
 private:
-    bool& Saved() override { return VtInvent::Problem.Saved; }
+    [[nodiscard]] bool Saved() const override { return VtInvent::Problem.Saved; }
     void ShowHoldingMethod();
     void ChooseHoldingMethod(int method);
     void ChooseReorderPoint(bool compute);

@@ -1,6 +1,7 @@
 #include "inventory/module.h"
 
 #include "basic/entrytext.h"
+#include "basic/error.h"
 #include "inventory/InventoryMeaning.h"
 #include "inventory/InventoryPicture.h"
 #include "inventory/InventoryReport.h"
@@ -60,7 +61,8 @@ Variant ReadPair(RecordReader& file)
 
 void ReadDemandAndCosts(RecordReader& file)
 {
-    Problem.ModelKind = file.ReadInt16();
+    Problem.ModelKind = file.ReadCount();
+    if (!HasModel()) Raise(ErrorNumber::SubscriptOutOfRange);
     Problem.AnnualDemand = ReadPair(file);
     Problem.OrderCost = ReadPair(file);
     Problem.HoldingCost = file.ReadDouble();
@@ -93,6 +95,7 @@ void ReadPolicyData(RecordReader& file)
 
 void ReadCategories(RecordReader& file)
 {
+    if (Problem.CategoryCount.Value() < 0) Raise(ErrorNumber::SubscriptOutOfRange);
     for (int k = 1; k <= Problem.CategoryCount.Value(); ++k) {
         Problem.CategoryUnitCost(k) = file.ReadDouble();
         Problem.CategoryUnitCostText(k) = file.ReadString();
@@ -137,6 +140,7 @@ const ModuleRoutines& Inventory()
         .Meaning = [] { return VtInvent::Meaning(VtInvent::Problem, VtInvent::Result); },
         .Write = VtInvent::Write,
         .Read = VtInvent::Read,
+        .Saved = [] { VtInvent::Problem.Saved = true; },
     };
     return routines;
 }

@@ -95,6 +95,7 @@ ModuleRoutines CommonRoutines()
             .LastEditItem = 7,
             .EditItems = {"Add Constraints", "Delete Constraint", "Add Variables", "Delete Variable",
                           "Change Optimization Type"},
+            .SeparatesEditItems = true,
             .EditCommand = EditCommand,
             .FinishEdit = [](TopMenu) { VtLP::FinishEdit(); },
             .Reports = {WriteReport},

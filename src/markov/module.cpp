@@ -29,7 +29,7 @@ void Write(RecordWriter& file)
 void Read(RecordReader& file)
 {
     MakeArrays();
-    const int n = file.ReadInt16();
+    const int n = file.ReadCount();
     Problem.StateCount = n;
     for (int from = 1; from <= n; ++from)
         for (int to = 1; to <= n; ++to)

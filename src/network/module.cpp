@@ -1,6 +1,5 @@
 #include "network/module.h"
 
-#include "basic/error.h"
 #include "desktop/desktop.h"
 #include "network/NetworkSolver.h"
 #include "network/netout.h"
@@ -31,9 +30,8 @@ void Read(RecordReader& file)
 {
     Allocate();
     Problem.DecimalPlaces = file.ReadVariant();
-    Problem.NumNodes = file.ReadInt16();
-    Problem.NumArcs = file.ReadInt16();
-    if (Problem.NumNodes < 0 || Problem.NumArcs < 0) Raise(ErrorNumber::SubscriptOutOfRange);
+    Problem.NumNodes = file.ReadCount();
+    Problem.NumArcs = file.ReadCount();
     for (int k = 1; k <= Problem.NumArcs; ++k) {
         Problem.ArcTable(kStart, k) = file.ReadInt32();
         Problem.ArcTable(kEnd, k) = file.ReadInt32();

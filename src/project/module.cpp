@@ -1,5 +1,6 @@
 #include "project/module.h"
 
+#include "basic/error.h"
 #include "desktop/desktop.h"
 #include "project/PertReport.h"
 #include "project/VtPert_CPM.h"
@@ -62,12 +63,13 @@ void Read(RecordReader& file)
     MakeTable();
     Problem.DecimalPlaces = file.ReadVariant();
     Problem.TimeDecimals = file.ReadVariant();
-    Problem.NumActivities = file.ReadInt16();
+    Problem.NumActivities = file.ReadCount();
     Problem.TimeMode = file.ReadVariant();
     const int n = Problem.NumActivities;
     for (int i = 1; i <= n; ++i) {
         Problem.ActivityTime(i) = file.ReadVariant();
         Problem.PredCount(i) = file.ReadVariant();
+        if (Problem.PredCount(i).Value() < 0) Raise(ErrorNumber::SubscriptOutOfRange);
     }
     for (int i = 1; i <= n; ++i)
         for (int position = 1; position <= Problem.PredCount(i).Value(); ++position)

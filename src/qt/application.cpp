@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
+#include <QSettings>
 #include <utility>
 
 #include "basic/error.h"
@@ -54,9 +55,19 @@ bool LeavesByKey(const QKeyEvent& event)
     }
 }
 
+// The toolkit keeps the places and sizes of its dialogs in a file of the user's account, and waits half a
+// minute when another process holds that file's lock. Nothing is stored: it is led to where no file can be.
+int& KeepingNothing(int& argc)
+{
+    for (const QSettings::Format format : {QSettings::NativeFormat, QSettings::IniFormat})
+        for (const QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
+            QSettings::setPath(format, scope, QStringLiteral("/dev/null"));
+    return argc;
+}
+
 }  // namespace
 
-Application::Application(int& argc, char** argv) : QApplication(argc, argv)
+Application::Application(int& argc, char** argv) : QApplication(KeepingNothing(argc), argv)
 {
 }
 

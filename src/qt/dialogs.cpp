@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QRegularExpression>
@@ -88,6 +89,25 @@ void SetFolder(QFileDialog& dialog, const QString& folder)
     dialog.setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
 }
 
+// A save dialog that stays open while there is no such folder.
+class FileDialog : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override
+    {
+        const QStringList files = selectedFiles();
+        const QString folder = files.isEmpty() ? QString() : QFileInfo(files.constFirst()).absolutePath();
+        if (acceptMode() != AcceptSave || folder.isEmpty() || QFileInfo(folder).isDir()) {
+            QFileDialog::accept();
+            return;
+        }
+        QMessageBox::warning(
+            this, windowTitle(),
+            tr("%1\nDirectory not found.\nPlease verify the correct directory name was given.").arg(folder));
+    }
+};
+
 // A name without an extension gets the default one before the dialog asks whether to overwrite.
 void SetKind(QFileDialog& dialog, const FileQuestion& question)
 {
@@ -131,7 +151,7 @@ std::string QtDialogs::InputBox(std::string_view prompt, std::string_view title)
 
 std::optional<std::string> QtDialogs::AskFile(const FileQuestion& question)
 {
-    QFileDialog dialog(Behind());
+    FileDialog dialog(Behind());
     dialog.setObjectName(QStringLiteral("dialogFile"));
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);  // they spell out both cases of each letter

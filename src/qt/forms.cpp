@@ -419,6 +419,14 @@ void QtForms::FocusMenu()
     main->setFocus(Qt::OtherFocusReason);
 }
 
+void QtForms::FocusForm(std::string_view form)
+{
+    FocusMenu();
+    const QWidget* widget = Find(form);
+    QWidget* control = widget == nullptr ? nullptr : widget->focusProxy();
+    if (control != nullptr && control->isVisible()) control->setFocus(Qt::OtherFocusReason);
+}
+
 QWidget* QtForms::Find(std::string_view form) const
 {
     return EntryOf(form).Widget;

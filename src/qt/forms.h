@@ -89,6 +89,7 @@ public:
     void ShowModal(std::string_view form) override;
     Form& Loaded(std::string_view form) override;
     void FocusMenu() override;
+    void FocusForm(std::string_view form) override;
 
     // The widget of a form that is loaded, else null.
     [[nodiscard]] QWidget* Find(std::string_view form) const;

@@ -4,9 +4,11 @@
 #include <QFontMetricsF>
 #include <QMarginsF>
 #include <QPageLayout>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <utility>
 
 #include "basic/error.h"
 #include "basic/records.h"
@@ -15,9 +17,11 @@
 namespace qt {
 namespace {
 
-constexpr int kColumns = 80;
+constexpr int kColumns = 80;  // always fit, whatever the paper
+constexpr int kLines = 56;    // the longest page that a report counts up
 constexpr double kPointsPerInch = 72;
-constexpr double kSideMargin = 7;  // points; 80 columns of 12 point type are 576 points of A4's 595
+constexpr double kSideMargin = 7;         // points; 80 columns of 12 point type are 576 points of A4's 595
+constexpr double kWantedSideMargin = 36;  // half an inch, which leaves room for 72 columns
 constexpr double kTopMargin = 36;
 constexpr double kLineSpacing = 1.15;  // of the type size, whatever font stands in for a missing one
 constexpr double kBaseline = 0.85;
@@ -65,14 +69,74 @@ QFont FittingFont(std::string_view name, int points, QPagedPaintDevice& printer)
     return font;
 }
 
+// How a document stands on its sheets, in device dots.
+struct Sheet {
+    double Left = 0;
+    double LineHeight = 0;
+    double TypeSize = 0;
+    int Lines = 0;
+    qsizetype Columns = 0;
+};
+
+// The lines stand closer where the usual spacing would not let the longest page on the paper, but never so
+// close that they touch.
+double LineHeight(double typeSize, double pageHeight)
+{
+    return qMax(typeSize, qMin(kLineSpacing * typeSize, pageHeight / kLines));
+}
+
+// A narrow report has wide margins; a wide one stands in the middle of what is left.
+Sheet LayOut(const QFont& font, QPagedPaintDevice& printer, qsizetype widest)
+{
+    constexpr double kRounding = 1e-6;
+    const QRectF area = PrintedArea(printer);
+    const double pitch = PitchOf(font, printer);
+    const double dots = printer.logicalDpiX() / kPointsPerInch;
+    Sheet sheet;
+    sheet.TypeSize = font.pointSizeF() * printer.logicalDpiY() / kPointsPerInch;
+    sheet.LineHeight = LineHeight(sheet.TypeSize, area.height());
+    sheet.Lines = qMax(1, static_cast<int>(area.height() / sheet.LineHeight + kRounding));
+    sheet.Columns = qMax<qsizetype>(kColumns, static_cast<qsizetype>(area.width() / pitch));
+    const double text = pitch * static_cast<double>(qMin(widest, sheet.Columns));
+    const double wanted = kWantedSideMargin * dots - area.left();
+    sheet.Left = qBound(0.0, qMin(wanted, (area.width() - text) / 2), area.width());
+    return sheet;
+}
+
+qsizetype WidthOf(const QString& line)
+{
+    qsizetype width = line.size();
+    while (width > 0 && line[width - 1] == QLatin1Char(' '))
+        --width;
+    return width;
+}
+
+qsizetype WidestOf(const std::vector<QStringList>& pages)
+{
+    qsizetype widest = 0;
+    for (const QStringList& page : pages)
+        for (const QString& line : page)
+            widest = qMax(widest, WidthOf(line));
+    return widest;
+}
+
+// A line that is longer than the page is wide goes on below: nothing is cut.
+QStringList Broken(const QStringList& lines, qsizetype columns)
+{
+    QStringList pieces;
+    for (QString rest : lines) {
+        for (; rest.size() > columns; rest = rest.mid(columns))
+            pieces.append(rest.left(columns));
+        pieces.append(rest);
+    }
+    return pieces;
+}
+
 }  // namespace
 
 QtPrinter::QtPrinter() = default;
 
-QtPrinter::~QtPrinter()
-{
-    GiveUpDocument();
-}
+QtPrinter::~QtPrinter() = default;
 
 bool QtPrinter::Ask()
 {
@@ -101,57 +165,64 @@ void QtPrinter::PrintToFile(const QString& path, const QPageLayout& layout)
 
 void QtPrinter::GiveUpDocument()
 {
-    if (!painter_.isActive()) return;
-    if (auto* printer = dynamic_cast<QPrinter*>(device_.get())) printer->abort();
-    painter_.end();
+    pages_.clear();
+    breakWaits_ = false;
+    open_ = false;
 }
 
 void QtPrinter::Begin(std::string_view fontName, int pointSize)
 {
     if (device_ == nullptr) Raise(ErrorNumber::InvalidProcedureCall);
     GiveUpDocument();
-    pdf_.close();
-    pdf_.open(QIODevice::WriteOnly | QIODevice::Truncate);
     SetMargins(*device_);
-    if (!painter_.begin(device_.get())) Raise(ErrorNumber::PathFileAccess);
-    const QFont font = FittingFont(fontName, pointSize, *device_);
-    painter_.setFont(font);
-    const QRectF page = PrintedArea(*device_);
-    typeSize_ = font.pointSizeF() * device_->logicalDpiY() / kPointsPerInch;
-    pageHeight_ = page.height();
-    columns_ = qMax<qsizetype>(kColumns, static_cast<qsizetype>(page.width() / PitchOf(font, *device_)));
-    top_ = 0;
+    font_ = FittingFont(fontName, pointSize, *device_);
+    pages_.emplace_back();
+    open_ = true;
 }
 
-// A line that is longer than the page is wide goes on below: nothing is cut.
 void QtPrinter::Line(std::string_view text)
 {
-    QString rest = ToQt(text);
-    do {
-        PutLine(rest.left(columns_));
-        rest = rest.mid(columns_);
-    } while (!rest.isEmpty());
-}
-
-void QtPrinter::PutLine(const QString& text)
-{
-    const double lineHeight = kLineSpacing * typeSize_;
-    if (top_ + lineHeight > pageHeight_) NewPage();
-    painter_.drawText(QPointF(0, top_ + kBaseline * typeSize_), text);
-    top_ += lineHeight;
+    if (!open_) Raise(ErrorNumber::InvalidProcedureCall);
+    if (std::exchange(breakWaits_, false)) pages_.emplace_back();
+    pages_.back().append(ToQt(text));
 }
 
 void QtPrinter::NewPage()
 {
-    if (!device_->newPage()) Raise(ErrorNumber::PathFileAccess);
-    top_ = 0;
+    if (!open_) Raise(ErrorNumber::InvalidProcedureCall);
+    breakWaits_ = true;
+}
+
+void QtPrinter::PrintPages(QPainter& painter)
+{
+    const Sheet sheet = LayOut(font_, *device_, WidestOf(pages_));
+    painter.setFont(font_);
+    bool first = true;
+    for (const Page& page : pages_) {
+        int row = sheet.Lines;  // each page begins a sheet
+        for (const QString& line : Broken(page, sheet.Columns)) {
+            if (row == sheet.Lines) {
+                if (!std::exchange(first, false) && !device_->newPage()) Raise(ErrorNumber::PathFileAccess);
+                row = 0;
+            }
+            const double top = row++ * sheet.LineHeight;
+            painter.drawText(QPointF(sheet.Left, top + kBaseline * sheet.TypeSize), line);
+        }
+    }
 }
 
 void QtPrinter::EndDoc()
 {
-    const bool ended = painter_.end();
+    if (!open_) Raise(ErrorNumber::InvalidProcedureCall);
+    pdf_.close();
+    pdf_.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    QPainter painter;
+    if (!painter.begin(device_.get())) Raise(ErrorNumber::PathFileAccess);
+    PrintPages(painter);
+    const bool ended = painter.end();
     const auto* printer = dynamic_cast<const QPrinter*>(device_.get());
     const bool failed = !ended || (printer != nullptr && printer->printerState() == QPrinter::Error);
+    GiveUpDocument();
     device_.reset();
     if (failed) Raise(ErrorNumber::PathFileAccess);
     if (!pdfPath_.isEmpty()) ReplaceFile(FromQt(pdfPath_), pdf_.data().toStdString());

@@ -3,12 +3,14 @@
 
 #include <QBuffer>
 #include <QFont>
-#include <QPainter>
+#include <QStringList>
 #include <memory>
+#include <vector>
 
 #include "desktop/printer.h"
 
 class QPageLayout;
+class QPainter;
 class QPagedPaintDevice;
 
 namespace qt {
@@ -31,17 +33,18 @@ public:
     void PrintToFile(const QString& path, const QPageLayout& layout);
 
 private:
-    void PutLine(const QString& text);
+    using Page = QStringList;
+
     void GiveUpDocument();  // one that an error has left unfinished
+    void PrintPages(QPainter& painter);
 
     QString pdfPath_;  // empty for a printer
     QBuffer pdf_;
     std::unique_ptr<QPagedPaintDevice> device_;  // a printer, or the writer of pdf_
-    QPainter painter_;
-    double typeSize_ = 0;  // in device dots, like the two below
-    double pageHeight_ = 0;
-    double top_ = 0;         // of the next line
-    qsizetype columns_ = 0;  // characters that fit on a line
+    QFont font_;
+    std::vector<Page> pages_;  // the margins depend on the widest line of all
+    bool breakWaits_ = false;  // a break with nothing behind it makes no sheet
+    bool open_ = false;        // a document has been begun and not yet ended
 };
 
 }  // namespace qt

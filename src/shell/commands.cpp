@@ -1,5 +1,7 @@
 #include "shell/commands.h"
 
+#include <optional>
+
 #include "basic/records.h"
 #include "desktop/desktop.h"
 #include "shell/beside.h"
@@ -57,7 +59,7 @@ void LoadProblemForm()
 
     const ModuleRoutines* routines = module.Routines;
     const bool hasSubmenu = routines != nullptr && !routines->SubmenuCaption.empty();
-    Menus.SetVisible(EditItemName(1), hasSubmenu);
+    Menus.SetVisible(EditItemName(1), hasSubmenu || (routines != nullptr && routines->SeparatesEditItems));
     Menus.SetVisible(EditItemName(2), hasSubmenu);
     if (routines == nullptr) return;
     if (hasSubmenu) Menus.SetCaption(EditItemName(2), routines->SubmenuCaption);
@@ -176,12 +178,12 @@ void WriteProblemFile()
     writer.Save(Session.ProblemFileName);
 }
 
-// A problem that could not be read or shown leaves its form empty.
+// A problem that could not be read or shown leaves its form as it is without one.
 void RefuseProblemFile()
 {
     Session.ProblemOnDisplay = "NO";
-    for (const char* item : {"mnuFileSave", "mnudispedit", "mnuSolution"})
-        Menus.SetEnabled(item, false);
+    ReloadProblemForm();
+    desktop::TheForms().FocusMenu();
     MsgBox("File Input Error.  Make sure this is a file for the current module.", "Error Opening File");
 }
 
@@ -478,6 +480,7 @@ void Save()
             if (routines.Check && !routines.Check()) return;
             Session.ProblemFileName = AskFile(ProblemFileQuestion(true, "Save the Current Problem"));
             WriteProblemFile();
+            if (routines.Saved) routines.Saved();
         },
         ShowError);
 }
@@ -536,8 +539,10 @@ void SaveAsText()
             desktop::TheScreen().SetPointer(Pointer::Hourglass);
             Session.OutputDestination = "File";
             TextFileChannel channel;
-            RunReports(channel);
-            channel.Save(path);
+            std::optional<RuntimeError> failure;
+            Trap([&] { RunReports(channel); }, [&](const RuntimeError& error) { failure = error; });
+            channel.Save(path);  // a report that stops leaves the lines that it has come to
+            if (failure) throw *failure;
             desktop::TheScreen().SetPointer(Pointer::Normal);
         },
         ShowError);
@@ -558,6 +563,7 @@ void DisplayProblem()
     }
     HideSolution();
     ShowMenusOfProblem(routines);
+    desktop::TheForms().FocusForm(CurrentModule().ProblemForm);  // the keys go to the table at once
 }
 
 void EditItem(int index)
@@ -590,8 +596,7 @@ void LowerItem(int index)
 
 void SolutionClosed()
 {
-    UnloadSolution();
-    if (const ModuleRoutines* routines = Routines()) ShowMenusOfProblem(*routines);
+    EditItem(0);
 }
 
 }  // namespace Commands

@@ -85,6 +85,13 @@ int WidthOfReport(const QPlainTextEdit& page)
            page.verticalScrollBar()->sizeHint().width() + kAround;
 }
 
+// A module is chosen, and there is nothing yet to be saved.
+bool AProblemIsMissing()
+{
+    return Menus.Item("mnuFile").Enabled && Menus.Item("mnuFileNew").Enabled &&
+           !Menus.Item("mnuFileSave").Enabled;
+}
+
 bool HoldsItems(const MenuItem& item)
 {
     return item.Name == EditItemName(2);
@@ -107,6 +114,9 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     indicator->setObjectName("lblmoduleindicator");
     indicator->setAccessibleName("Current module");
     statusBar()->addWidget(indicator, 1);
+    hint_ = new QLabel("Select 'File' and click 'New' or 'Open' to work with a problem.");
+    hint_->setObjectName("statusHint");
+    statusBar()->addPermanentWidget(hint_);
     statusBar()->setSizeGripEnabled(false);
     beside_ = new qt::BesideSplitter(area, this);
     setCentralWidget(beside_);
@@ -197,6 +207,7 @@ void frmMenu::ShowMenus()
         action->setEnabled(item.Enabled);
         action->setVisible(item.Visible && !item.Caption.empty());
     }
+    hint_->setVisible(AProblemIsMissing());
 }
 
 // Closing the window is Exit: no question, no saving.

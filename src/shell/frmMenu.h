@@ -8,6 +8,7 @@
 #include <vector>
 
 class QAction;
+class QLabel;
 class QMenu;
 
 namespace qt {
@@ -35,5 +36,6 @@ private:
     std::map<std::string, QMenu*> menus_;
     std::vector<std::string> shownItems_;
     qt::BesideSplitter* beside_ = nullptr;
-    bool scrolls_ = false;  // a key is being passed to the report page
+    QLabel* hint_ = nullptr;  // how to begin, while there is no problem
+    bool scrolls_ = false;    // a key is being passed to the report page
 };

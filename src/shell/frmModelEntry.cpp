@@ -46,7 +46,6 @@ bool ModelEntryForm::IsComplete()
 void ModelEntryForm::Leave(FormExit exit)
 {
     if (!IsComplete() || !Keep()) return;
-    if (exit == FormExit::Save) Saved() = true;
     LeaveModelForm(exit);
     desktop::TheForms().Unload(qt::FromQt(objectName()));
 }

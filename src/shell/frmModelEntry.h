@@ -27,7 +27,7 @@ private:
     // What follows when no box is empty; false: it was refused, the form stays.
     virtual bool Keep() = 0;
     // The problem's flag: it is in a file.
-    virtual bool& Saved() = 0;
+    [[nodiscard]] virtual bool Saved() const = 0;
 
     bool IsComplete();
     void Leave(FormExit exit);

@@ -80,6 +80,7 @@ struct ModuleRoutines {
     int LastEditItem = -1;
     bool SolveDisablesEditItems = false;              // the command does it, not the engine
     std::vector<std::string> EditItems = {};          // captions of the items 3, 4, ...
+    bool SeparatesEditItems = false;                  // item 1 parts them from item 0 (linear programs)
     std::string SubmenuCaption = {};                  // of item 2; empty: items 1 and 2 are hidden
     std::vector<std::string> LowerItems = {};         // captions of its items 0, 1, ...
     std::function<void(int item)> EditCommand = {};   // 3 and above; may be missing
@@ -110,6 +111,7 @@ struct ModuleRoutines {
     // calls Display behind it.
     std::function<void(RecordWriter&)> Write = {};
     std::function<void(RecordReader&)> Read = {};
+    std::function<void()> Saved = {};  // the problem is in a file now; may be missing
 };
 
 struct Module {

@@ -52,8 +52,8 @@ void Read(RecordReader& file)
     Problem = {};
     Result = {};
     Problem.DecimalPlaces = file.ReadVariant();
-    const int origins = file.ReadInt16();
-    const int destinations = file.ReadInt16();
+    const int origins = file.ReadCount();
+    const int destinations = file.ReadCount();
     Allocate(origins, destinations);
     JoinArcs();
     for (int e = 1; e <= Problem.NumArcs; ++e)

@@ -18,7 +18,7 @@ private:
                                const Variant& value, const std::string& labelName);
     void ChooseEconomicAnalysis(bool wanted);
     bool Keep() override;
-    bool& Saved() override { return VtWait::Problem.Saved; }
+    [[nodiscard]] bool Saved() const override { return VtWait::Problem.Saved; }
 
     QLineEdit* arrivalRate_ = nullptr;
     QGroupBox* frameECONAnal_ = nullptr;

@@ -1,6 +1,7 @@
 #include "waiting/module.h"
 
 #include "basic/entrytext.h"
+#include "basic/error.h"
 #include "basic/number.h"
 #include "waiting/VtWait.h"
 #include "waiting/WaitingReport.h"
@@ -36,7 +37,8 @@ void Read(RecordReader& file)
 {
     constexpr int kTexts = 6;  // they say nothing new
     MakeArrays();
-    Problem.WaitingModel = file.ReadInt16();
+    Problem.WaitingModel = file.ReadCount();
+    if (!HasModel()) Raise(ErrorNumber::SubscriptOutOfRange);
     Problem.Channels = file.ReadVariant();
     Problem.ArrivalRate = file.ReadVariant();
     Problem.ServiceRate = file.ReadVariant();
@@ -67,6 +69,7 @@ const ModuleRoutines& WaitingLines()
         .Reports = {VtWait::WriteReport},
         .Write = VtWait::Write,
         .Read = VtWait::Read,
+        .Saved = [] { VtWait::Problem.Saved = true; },
     };
     return routines;
 }

@@ -83,11 +83,38 @@ TEST_F(PrinterTest, ALineThatWouldFallOffBeginsANewPage)
     EXPECT_EQ(PagesOf(path), 2);
 }
 
+TEST_F(PrinterTest, ABreakWithNothingBehindItMakesNoSheet)
+{
+    Begin();
+    printer.NewPage();
+    printer.Line("One");
+    printer.NewPage();
+    printer.NewPage();
+    printer.Line("Two");
+    printer.NewPage();
+    printer.EndDoc();
+    EXPECT_EQ(PagesOf(path), 2);
+}
+
+// 56 lines are the longest page that a report counts up: 720 points on Letter, 12.86 for each.
+TEST_F(PrinterTest, TheLongestPageOfAReportFitsTheCommonSheets)
+{
+    for (const QPageSize::PageSizeId size : {QPageSize::A4, QPageSize::Letter})
+        for (const int lines : {56, 57}) {
+            printer.PrintToFile(path, QPageLayout(QPageSize(size), QPageLayout::Portrait, {}));
+            printer.Begin("Courier New", 12);
+            for (int i = 0; i < lines; ++i)
+                printer.Line("A line");
+            printer.EndDoc();
+            EXPECT_EQ(PagesOf(path), lines == 56 ? 1 : 2) << lines;
+        }
+}
+
 TEST_F(PrinterTest, ALongLineGoesOnBelow)
 {
     Begin();
     for (int i = 0; i < 36; ++i)
-        printer.Line(std::string(161, 'x'));  // three lines each
+        printer.Line(std::string(161, 'x'));  // three lines each, more than a sheet holds
     printer.EndDoc();
     EXPECT_EQ(PagesOf(path), 2);
 }

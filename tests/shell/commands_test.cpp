@@ -152,7 +152,8 @@ TEST_F(CommandsOfTheShell, AClosedReportLeavesTheProblem)
     Commands::SolutionClosed();
     EXPECT_EQ(MenuStates(), "11111100");
     EXPECT_FALSE(DisplayItem().Enabled);
-    EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
+    EXPECT_FALSE(desktop.forms.Loaded("frmSolution").shown);
+    EXPECT_EQ(desktop.forms.focusedForm, "frmProblem");
 }
 
 TEST_F(CommandsOfTheShell, TheProblemFormIntroducesItsModule)

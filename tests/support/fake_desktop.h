@@ -130,6 +130,7 @@ public:
     std::map<std::string, std::function<void()>> onModal;
     std::vector<std::string> modals;  // shown so far
     int menuFocused = 0;
+    std::string focusedForm;  // the last one that got the focus
 
     void Load(std::string_view form) override { Loaded(form); }
     void Unload(std::string_view form) override { forms_.erase(std::string(form)); }
@@ -139,6 +140,7 @@ public:
     void ShowModal(std::string_view form) override;
     FakeForm& Loaded(std::string_view form) override { return forms_[std::string(form)]; }
     void FocusMenu() override { ++menuFocused; }
+    void FocusForm(std::string_view form) override { focusedForm = form; }
 
 private:
     std::map<std::string, FakeForm> forms_;
