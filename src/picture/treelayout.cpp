@@ -10,7 +10,7 @@ namespace {
 constexpr double kColumnGap = 24;
 constexpr double kLeafGap = 6;
 constexpr double kFamilyGap = 14;
-constexpr double kSlant = 14;  // the part of a branch that is not level
+constexpr double kSlant = 24;  // the part of a branch that is not level
 
 class TreePlacer {
 public:

@@ -641,10 +641,18 @@ private:
         if (chart_.OwnScales) WriteEnds(bar, interval, series.As);
     }
 
+    // A mark tells the figure itself.
+    [[nodiscard]] bool HasMarkAt(double value, double row) const
+    {
+        return std::any_of(chart_.Marks.begin(), chart_.Marks.end(), [&](const Mark& mark) {
+            return mark.At.X == value && mark.At.Y == row && !mark.Text.empty();
+        });
+    }
+
     void WriteEnds(const QRectF& bar, const Interval& interval, Role role)
     {
         const auto write = [&](const std::optional<double>& value, const std::string& told, bool left) {
-            if (!value) return;
+            if (!value || HasMarkAt(*value, interval.At)) return;
             const QString text = told.empty() ? NumberText(*value) : ToQt(told);
             const QSizeF size = SizeOf(text, look_.Plain);
             const double x = left ? bar.left() - size.width() - 4 : bar.right() + 4;
@@ -713,7 +721,8 @@ private:
         if (series.Forbidden != Side::None) {
             painter_.setPen(QPen(look.Stroke, 1));
             const bool left = series.Forbidden == Side::Left;
-            StrokesAlong(painter_, path, 9, left ? 7 : 0, left ? 0 : 7, left ? 0.8 : -0.8);
+            const double apart = series.Thin ? 24 : 10;
+            StrokesAlong(painter_, path, apart, left ? 6 : 0, left ? 0 : 6, left ? 0.8 : -0.8);
         }
         if (series.Arrow && corners.size() > 1 && plot_.adjusted(-1, -1, 1, 1).contains(At(corners.back())))
             painter_.fillPath(Arrowhead(At(corners[corners.size() - 2]), At(corners.back()), width),

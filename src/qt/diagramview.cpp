@@ -184,16 +184,17 @@ private:
         return path;
     }
 
-    // Two short strokes across the line, near its start.
+    // Two short strokes across the line: in a tree where it becomes level, else near its start.
     void CrossOut(const std::vector<picture::Point>& points)
     {
-        const QPointF from = ToQt(points[0]);
-        const QPointF to = ToQt(points[1]);
+        const std::size_t first = points.size() > 2 && diagram_.Kind == Layout::Tree ? 1 : 0;
+        const QPointF from = ToQt(points[first]);
+        const QPointF to = ToQt(points[first + 1]);
         const QLineF line(from, to);
         if (line.length() < 1) return;
         const QPointF along = (to - from) / line.length();
         const QPointF across(-along.y(), along.x());
-        const QPointF middle = from + along * std::min(line.length() / 2, 12.0);
+        const QPointF middle = from + along * std::min(line.length() / 2, first == 0 ? 12.0 : 5.0);
         for (const double shift : {-2.0, 2.0}) {
             const QPointF at = middle + shift * along;
             painter_.drawLine(at + 5 * (across + 0.4 * along), at - 5 * (across + 0.4 * along));

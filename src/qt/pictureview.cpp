@@ -31,22 +31,22 @@ PicturePage::PicturePage(const picture::Picture& picture) : picture_(picture), d
 {
 }
 
-QStringList PicturePage::Notes(int leftOut) const
+QStringList PicturePage::Notes() const
 {
     QStringList notes;
     for (const std::string& note : picture_.Notes)
         if (!note.empty()) notes.append(ToQt(note));
-    if (leftOut > 0)
+    if (leftOut_ > 0)
         notes.append(ToQt(
-            picture::Counted(leftOut, "label") + std::string(picture::OneOrMany(leftOut, " has", " have")) +
+            picture::Counted(leftOut_, "label") + std::string(picture::OneOrMany(leftOut_, " has", " have")) +
             " no place in a picture of this size; pointing or the keys tell what is left out."));
     return notes;
 }
 
-double PicturePage::NotesHeight(const Look& look, double width, int leftOut) const
+double PicturePage::NotesHeight(const Look& look, double width) const
 {
     double height = 0;
-    for (const QString& note : Notes(leftOut))
+    for (const QString& note : Notes())
         height += HeightOf(note, look.Plain, width) + 2;
     return height == 0 ? 0 : height + kGap;
 }
@@ -61,7 +61,7 @@ QSizeF PicturePage::Least(const Look& look, double width)
     const QSizeF body = drawing_->Least(look);
     const double inside = std::max(width - 2 * kMargin, body.width());
     return {body.width() + 2 * kMargin,
-            body.height() + TitleHeight(look, inside) + NotesHeight(look, inside, 0) + 2 * kMargin};
+            body.height() + TitleHeight(look, inside) + NotesHeight(look, inside) + 2 * kMargin};
 }
 
 std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, const Look& look)
@@ -72,15 +72,15 @@ std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, cons
     painter.setPen(look.Text);
     painter.drawText(room, Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop, ToQt(picture_.Title));
     room.setTop(room.top() + TitleHeight(look, room.width()));
-    const QRectF body(room.topLeft(),
-                      QPointF(room.right(), room.bottom() - NotesHeight(look, room.width(), 0)));
+    const QRectF body(room.topLeft(), QPointF(room.right(), room.bottom() - NotesHeight(look, room.width())));
     body_ = body.topLeft();
     painter.setClipRect(page);
     std::vector<Item> items = drawing_->Paint(painter, body, look);
+    leftOut_ = drawing_->LeftOut();
     painter.setFont(look.Plain);
     painter.setPen(look.Quiet);
     double top = body.bottom() + kGap;
-    const QStringList notes = Notes(drawing_->LeftOut());
+    const QStringList notes = Notes();
     for (const QString& note : notes) {
         const double height = HeightOf(note, look.Plain, room.width());
         painter.drawText(QRectF(room.left(), top, room.width(), height), Qt::TextWordWrap, note);
@@ -138,6 +138,7 @@ void PictureCanvas::FitTo(const QSize& viewport)
     QSize size = viewport;
     if (page_ != nullptr) size = size.expandedTo(page_->Least(ScreenLook(), viewport.width()).toSize());
     resize(size);
+    repaints_ = 3;
 }
 
 // As the last painting left them; a picture that has not been painted yet is painted for nobody.
@@ -166,8 +167,10 @@ void PictureCanvas::paintEvent(QPaintEvent* /*event*/)
     painter.fillRect(rect(), look.Ground);
     if (page_ == nullptr) return;
     painter.save();
+    const int leftOut = page_->LeftOut();
     items_ = page_->Paint(painter, rect(), look);
     painter.restore();
+    if (page_->LeftOut() != leftOut && --repaints_ > 0) update();  // a note more, or one less
     for (const Item& item : items_)
         if (!item.Id.isEmpty() && marked_.contains(item.Id)) DrawFrame(painter, item, false);
     if (hasFocus() && focus_ && *focus_ < items_.size()) DrawFrame(painter, items_[*focus_], true);
@@ -219,6 +222,15 @@ void PictureCanvas::mousePressEvent(QMouseEvent* event)
 {
     if (const auto item = ItemAt(event->position())) SetFocusItem(*item);
     QWidget::mousePressEvent(event);
+}
+
+void PictureCanvas::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool keyboard = event->reason() == QContextMenuEvent::Keyboard;
+    QPoint at = event->globalPos();
+    if (keyboard && focus_ && *focus_ < items_.size())
+        at = mapToGlobal(items_[*focus_].Shape.boundingRect().center().toPoint());
+    if (page_ != nullptr) emit MenuWanted(at);
 }
 
 void PictureCanvas::SetFocusItem(std::size_t item)

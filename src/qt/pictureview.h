@@ -19,16 +19,18 @@ public:
     [[nodiscard]] QSizeF Least(const Look& look, double width);  // all of it readable, notes broken to fit
     std::vector<Item> Paint(QPainter& painter, const QRectF& page, const Look& look);
     [[nodiscard]] QPointF Start() const;
+    [[nodiscard]] int LeftOut() const { return leftOut_; }
     [[nodiscard]] const picture::Picture& Shown() const { return picture_; }
 
 private:
-    [[nodiscard]] QStringList Notes(int leftOut) const;
-    [[nodiscard]] double NotesHeight(const Look& look, double width, int leftOut) const;
+    [[nodiscard]] QStringList Notes() const;
+    [[nodiscard]] double NotesHeight(const Look& look, double width) const;
     [[nodiscard]] double TitleHeight(const Look& look, double width) const;
 
     picture::Picture picture_;
     std::unique_ptr<Drawing> drawing_;
     QPointF body_;
+    int leftOut_ = 0;  // labels, of the last painting; the notes tell of them
 };
 
 // What is painted, inside of the scroll area.
@@ -49,6 +51,7 @@ public:
 
 signals:
     void FocusMoved(const QRect& area);
+    void MenuWanted(const QPoint& screenPoint);
 
 protected:
     bool event(QEvent* event) override;
@@ -57,6 +60,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     [[nodiscard]] std::optional<std::size_t> ItemAt(const QPointF& point) const;
@@ -68,6 +72,7 @@ private:
     std::vector<Item> items_;
     std::set<QString> marked_;
     std::optional<std::size_t> focus_;
+    int repaints_ = 0;  // that may still follow from a change of the notes
 };
 
 class PictureView : public QScrollArea {

@@ -1,11 +1,16 @@
 #include "qt/sidepane.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QButtonGroup>
+#include <QClipboard>
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QShortcut>
 #include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
@@ -15,7 +20,11 @@
 #include <QVBoxLayout>
 
 #include "basic/error.h"
+#include "basic/records.h"
+#include "desktop/desktop.h"
+#include "qt/fields.h"
 #include "qt/pictureview.h"
+#include "qt/savepicture.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -59,7 +68,96 @@ SidePane::SidePane(QWidget* parent) : QWidget(parent)
     tabs_->addTab(MakeMeaningPage(), tr("Meaning"));
     page->addWidget(tabs_);
     connect(tabs_, &QTabWidget::currentChanged, this, [this] { Look(); });
+    ConnectMenu(*view_);
+    ConnectMenu(*stepView_);
+    list_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(list_, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& at) { ShowStepsMenu(list_->viewport()->mapToGlobal(at)); });
 }
+
+// ---- menus ----
+
+void SidePane::ConnectMenu(PictureView& view)
+{
+    connect(&view.Canvas(), &PictureCanvas::MenuWanted, this,
+            [this, &view](const QPoint& at) { ShowPictureMenu(view, at); });
+    auto* copy = new QShortcut(QKeySequence::Copy, &view.Canvas());
+    copy->setContext(Qt::WidgetShortcut);
+    connect(copy, &QShortcut::activated, this, [&view] {
+        if (const PicturePage* page = view.Canvas().Page())
+            QApplication::clipboard()->setImage(ImageOf(page->Shown()));
+    });
+}
+
+void SidePane::ShowPictureMenu(PictureView& view, const QPoint& at)
+{
+    const PicturePage* page = view.Canvas().Page();
+    if (page == nullptr) return;
+    const picture::Picture picture = page->Shown();
+    QMenu menu(this);
+    menu.addAction(tr("&Copy"), &menu, [&picture] { QApplication::clipboard()->setImage(ImageOf(picture)); })
+        ->setShortcut(QKeySequence::Copy);
+    menu.addAction(tr("&Save Picture As..."), &menu, [&] { SavePictureAs(picture); });
+    menu.addAction(tr("&Print Picture..."), &menu, [&] { Trap([&] { PrintPicture(picture); }); });
+    menu.exec(at);
+}
+
+void SidePane::ShowStepsMenu(const QPoint& at)
+{
+    if (Steps().empty()) return;
+    QMenu menu(this);
+    menu.addAction(tr("&Copy"), &menu, [this] {
+        const int row = list_->currentRow();
+        if (row >= 0) CopyText(TextOfStep(Steps()[static_cast<std::size_t>(row)]));
+    });
+    menu.addAction(tr("&Save Steps As..."), &menu, [this] { SaveStepsAs(); });
+    menu.exec(at);
+}
+
+void SidePane::SavePictureAs(const picture::Picture& picture)
+{
+    Trap([&] {
+        const auto path = desktop::TheDialogs().AskFile({.Saving = true,
+                                                         .Title = "Save Picture As",
+                                                         .Extension = PictureFilter().substr(0, 3),
+                                                         .Filter = PictureFilter(),
+                                                         .Folder = folder_ ? folder_() : std::string()});
+        if (path) SavePicture(picture, ToQt(*path));
+    });
+}
+
+void SidePane::SaveStepsAs()
+{
+    Trap([&] {
+        const auto path = desktop::TheDialogs().AskFile({.Saving = true,
+                                                         .Title = "Save Steps As",
+                                                         .Extension = "TXT",
+                                                         .Filter = "Text File|*.TXT|All Files (*.*)|*.*",
+                                                         .Folder = folder_ ? folder_() : std::string()});
+        if (!path) return;
+        QString text;
+        for (const picture::Step& step : Steps())
+            text += TextOfStep(step) + QLatin1Char('\n');
+        ReplaceFile(*path, FromQt(text));
+    });
+}
+
+void SidePane::CopyText(const QString& text)
+{
+    QApplication::clipboard()->setText(text);
+}
+
+QString SidePane::TextOfStep(const picture::Step& step) const
+{
+    QStringList lines{ToQt(step.Heading)};
+    for (const auto* part : {&step.Figures, &step.Arithmetic})
+        for (const std::string& line : *part)
+            lines.append(ToQt(line));
+    if (!step.Why.empty()) lines.append(ToQt(step.Why));
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+// ---- contents ----
 
 QWidget* SidePane::MakePicturePage()
 {

@@ -54,6 +54,9 @@ public:
     void TakeFocus();  // into the tab in front
     void NextTab(int by);
 
+    // Where the file dialogs begin.
+    void SetFolder(std::function<std::string()> folder) { folder_ = std::move(folder); }
+
 protected:
     void showEvent(QShowEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
@@ -69,8 +72,16 @@ private:
     void FillMeaning();
     void ShowPicture(std::size_t number);
     void ShowStep(int row);
+    void ConnectMenu(PictureView& view);
+    void ShowPictureMenu(PictureView& view, const QPoint& at);
+    void ShowStepsMenu(const QPoint& at);
+    void SavePictureAs(const picture::Picture& picture);
+    void SaveStepsAs();
+    void CopyText(const QString& text);
+    [[nodiscard]] QString TextOfStep(const picture::Step& step) const;
 
     PaneSources sources_;
+    std::function<std::string()> folder_;
     std::optional<std::vector<picture::Picture>> pictures_;
     std::optional<std::vector<picture::Step>> steps_;
     std::optional<std::vector<picture::Sentence>> meaning_;

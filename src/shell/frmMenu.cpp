@@ -119,6 +119,7 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     statusBar()->addPermanentWidget(hint_);
     statusBar()->setSizeGripEnabled(false);
     beside_ = new qt::BesideSplitter(area, this);
+    beside_->Pane().SetFolder([] { return Session.ProblemFolder; });
     setCentralWidget(beside_);
     TheLastSolve.Changed = [this] { SolveEnded(); };
 
