@@ -307,9 +307,10 @@ private:
         for (std::size_t arc = 0; arc < placement_.Arcs.size(); ++arc) {
             if (arc == own) continue;
             const auto& path = placement_.Arcs[arc].Path;
+            const Box wide = label.Grown(placement_.Arcs[arc].Width / 2);
             bool hit = false;
             for (std::size_t i = 0; i + 1 < path.size() && !hit; ++i)
-                hit = Crosses(label, path[i], path[i + 1]);
+                hit = Crosses(wide, path[i], path[i + 1]);
             cut += hit;
         }
         return cut;

@@ -9,7 +9,7 @@
 namespace picture::layouts {
 namespace {
 
-constexpr double kLoop = 17;     // radius of a loop
+constexpr double kLoop = 20;     // radius of a loop
 constexpr double kBetween = 56;  // between two neighbours
 constexpr double kBend = 0.11;   // of the distance
 

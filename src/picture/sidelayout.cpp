@@ -23,7 +23,7 @@ public:
         for (std::size_t i = 0; i < sized.Count(); ++i) {
             const Node& node = sized.Of.Nodes[i];
             texts_.push_back(SizeOfLines(node.Lines, measure));
-            hasAmounts_ = hasAmounts_ || node.Amount > 0;
+            hasAmounts_ = hasAmounts_ || node.Amount > 1;  // one to one: lines, not ribbons
             sides_.at(node.Rank > 0 ? 1 : 0).push_back(i);
         }
     }

@@ -117,7 +117,7 @@ private:
         const Arc& arc = diagram_.Arcs[i];
         if (placement_.Arcs[i].Width > 0) return placement_.Arcs[i].Width;
         if (diagram_.Kind == Layout::Ring && heaviest_ > 0)
-            return std::clamp(6 * arc.Weight / std::max(1.0, heaviest_), 1.0, 6.0);
+            return std::clamp(6 * arc.Weight / std::max(1.0, heaviest_), 1.0, arc.From == arc.To ? 4.0 : 6.0);
         return look_.Of(arc.As).Width;
     }
 

@@ -1,0 +1,47 @@
+#include "picture/words.h"
+
+#include <gtest/gtest.h>
+
+using namespace picture;
+
+TEST(Counted, IsSingularForOneOnly)
+{
+    EXPECT_EQ(Counted(0, "unit"), "0 units");
+    EXPECT_EQ(Counted(1, "unit"), "1 unit");
+    EXPECT_EQ(Counted(2, "leaf", "leaves"), "2 leaves");
+}
+
+TEST(OneOrMany, ChoosesByTheCount)
+{
+    EXPECT_EQ(OneOrMany(1, "has", "have"), "has");
+    EXPECT_EQ(OneOrMany(0, "has", "have"), "have");
+    EXPECT_EQ(OneOrMany(7, "has", "have"), "have");
+}
+
+TEST(Listed, JoinsWithCommasAndAnAnd)
+{
+    EXPECT_EQ(Listed({}), "none");
+    EXPECT_EQ(Listed({"A"}), "A");
+    EXPECT_EQ(Listed({"A", "B"}), "A and B");
+    EXPECT_EQ(Listed({"A", "B", "C"}), "A, B and C");
+    EXPECT_EQ(Listed({"A", "B", "C", "D"}, 2), "A, B and 2 more");
+}
+
+TEST(Percent, MovesThePoint)
+{
+    EXPECT_EQ(Percent("0.5155"), "51.55 %");
+    EXPECT_EQ(Percent(".5155"), "51.55 %");
+    EXPECT_EQ(Percent("0.05"), "5 %");
+    EXPECT_EQ(Percent("1.0000"), "100.00 %");
+    EXPECT_EQ(Percent("0.5"), "50 %");
+    EXPECT_EQ(Percent("0.0012"), "0.12 %");
+}
+
+TEST(Chance, IsNeverCertainWhereItIsNot)
+{
+    EXPECT_EQ(Chance(0, 4), "0.0000");
+    EXPECT_EQ(Chance(0.00001, 4), "below 0.0001");
+    EXPECT_EQ(Chance(0.99999, 4), "more than 0.9999");
+    EXPECT_EQ(Chance(1, 4), "1.0000");
+    EXPECT_EQ(Chance(0.25, 2), "0.25");
+}
