@@ -72,8 +72,10 @@ std::string ResultNote(const MarkovProblem& problem, const MarkovResult& result)
     if (largest.empty())
         return "All " + std::to_string(problem.StateCount) + " states have the same share, " +
                ShareText(result.Distribution(1)) + ".";
-    return "The largest share, " + ShareText(result.Distribution(largest.front())) + ", has " +
-           StateList(largest) + ".";
+    std::string list = StateList(largest);
+    list.front() = 'S';
+    return list + (largest.size() == 1 ? " has" : " have") + " the largest share, " +
+           ShareText(result.Distribution(largest.front())) + ".";
 }
 
 void NoteGroups(const ChainShape& shape, std::vector<std::string>& notes)

@@ -4,7 +4,10 @@
 #include "basic/error.h"
 #include "basic/number.h"
 #include "waiting/VtWait.h"
+#include "waiting/WaitingMeaning.h"
+#include "waiting/WaitingPicture.h"
 #include "waiting/WaitingReport.h"
+#include "waiting/WaitingSteps.h"
 
 namespace VtWait {
 namespace {
@@ -67,6 +70,9 @@ const ModuleRoutines& WaitingLines()
         .ReturnToProblem = VtWait::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtWait::WriteReport},
+        .Pictures = [] { return VtWait::Pictures(VtWait::Problem, VtWait::Result); },
+        .Steps = [] { return VtWait::Steps(VtWait::Problem, VtWait::Result); },
+        .Meaning = [] { return VtWait::Meaning(VtWait::Problem, VtWait::Result); },
         .Write = VtWait::Write,
         .Read = VtWait::Read,
         .Saved = [] { VtWait::Problem.Saved = true; },

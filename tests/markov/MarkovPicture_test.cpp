@@ -109,7 +109,7 @@ TEST(MarkovPicture, TwoBrandsAreARingWithTheirSharesAndArrows)
         ElementsAre(R"(picture 1 of 2 diagram "States")", R"(node circle chosen "1" "1\n0.750")",
                     R"(node circle plain "2" "2\n0.250")", R"(arc plain "1" "1" 0.9 "0.900")",
                     R"(arc plain "1" "2" 0.1 "0.100")", R"(arc plain "2" "2" 0.7 "0.700")",
-                    R"(arc plain "2" "1" 0.3 "0.300")", R"(note "The largest share, 0.750, has state 1.")"));
+                    R"(arc plain "2" "1" 0.3 "0.300")", R"(note "State 1 has the largest share, 0.750.")"));
 }
 
 TEST(MarkovPicture, AbsorbingStatesAreRingsInRings)
