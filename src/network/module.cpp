@@ -1,7 +1,10 @@
 #include "network/module.h"
 
 #include "desktop/desktop.h"
+#include "network/NetworkMeaning.h"
+#include "network/NetworkPicture.h"
 #include "network/NetworkSolver.h"
+#include "network/NetworkSteps.h"
 #include "network/netout.h"
 #include "network/vtshrtrt.h"
 #include "shell/checks.h"
@@ -77,6 +80,9 @@ ModuleRoutines RouteRoutines()
     routines.Prepare = AskNodes;
     routines.Solve = SolveRoute;
     routines.Page = WriteRoute;
+    routines.Pictures = [] { return RoutePictures(Problem, Result); };
+    routines.Steps = [] { return RouteSteps(Problem, Result); };
+    routines.Meaning = [] { return RouteMeaning(Problem, Result); };
     routines.Status = StatusStays::WithoutReport;
     routines.Reports = {PrintShortestRoute};
     return routines;
@@ -87,6 +93,9 @@ ModuleRoutines TreeRoutines()
     ModuleRoutines routines = NetworkRoutines();
     routines.Solve = SolveTree;
     routines.Page = WriteTree;
+    routines.Pictures = [] { return TreePictures(Problem, Result); };
+    routines.Steps = [] { return TreeSteps(Problem, Result); };
+    routines.Meaning = [] { return TreeMeaning(Problem, Result); };
     routines.Reports = {PrintSpanningTree};
     return routines;
 }
