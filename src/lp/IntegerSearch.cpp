@@ -36,6 +36,7 @@ public:
     {
         while (!finished_) {
             LetUserInterrupt();
+            if (recorder_ != nullptr && !recorder_->GoesOn(at_)) Raise(ErrorNumber::UserInterrupt);
             const bool repaired = simplex_.DualSteps();
             if (repaired && !simplex_.PrimalSteps()) return false;
             SettleNode(repaired);
@@ -127,12 +128,13 @@ private:
 
     void AddNode(double bound, int variable, int number)
     {
-        SearchNode& node = tree_.Nodes(++tree_.RecordCount);
-        node = {};
+        SearchNode node;
         node.Bound = ToInt16(bound);
         node.Variable = static_cast<std::int16_t>(variable);
         node.Number = ToInt16(number);
         node.ParentValue = Value();
+        tree_.Nodes(tree_.RecordCount + 1) = node;
+        ++tree_.RecordCount;
     }
 
     void Branch(const Branching& branching)

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "basic/entrytext.h"
+#include "basic/format.h"
+#include "lp/IntegerTypes.h"
 #include "lp/Ranges.h"
 
 namespace LP_Engine {
@@ -61,6 +64,82 @@ std::string ReportPattern(const VtLP::LpProblem& problem)
     if (decimals > kPatternDigits) Raise(ErrorNumber::InvalidProcedureCall);
     return std::string(static_cast<std::size_t>(kPatternDigits - decimals), '#') + "0." +
            std::string(static_cast<std::size_t>(decimals), '0');
+}
+
+std::string NumberText(const VtLP::LpProblem& problem, double value)
+{
+    const int decimals = std::min<int>(problem.LpDecimalPlaces, kPatternDigits);
+    return Format(value, "0." + std::string(static_cast<std::size_t>(decimals), '0'));
+}
+
+double ColumnValue(const LpResult& at, int column)
+{
+    const BasisState& basis = at.Basis;
+    for (int r = 1; r <= at.Problem.NumConstraints; ++r)
+        if (basis.BasisList(r) == column) return basis.BasicValues(r);
+    return basis.ColumnStatus(column) == kAtUpper ? basis.UpperBound(column) : basis.LowerBound(column);
+}
+
+int ConstraintOf(const LpResult& at, int column)
+{
+    int last = at.Problem.NumVariables;
+    for (int i = 1; i <= at.Problem.NumConstraints; ++i) {
+        last = at.ConstraintColumn(i);
+        if (column <= last) return i;
+    }
+    return 0;
+}
+
+std::string ColumnName(const LpResult& at, int column)
+{
+    if (column <= at.Problem.NumVariables) return at.Problem.LpVariableNames(column);
+    const int constraint = ConstraintOf(at, column);
+    const std::int16_t relation = at.Problem.LpRelations(constraint);
+    const bool isSlack = relation == VtLP::kLess;
+    const bool isSurplus = relation == VtLP::kGreater && column != at.ConstraintColumn(constraint);
+    return (isSlack ? "slack " : isSurplus ? "surplus " : "artificial ") + std::to_string(constraint);
+}
+
+Array1<std::int16_t> BinaryVariables(const LpResult& result)
+{
+    const VtLP::LpProblem& problem = result.Problem;
+    Array1<std::int16_t> binary(problem.NumVariables);
+    if (!result.Integer) return binary;
+    const std::string& word = problem.LpLines(VtLP::TypeLine(problem));
+    if (word == "DBI") binary.Fill(1);
+    if (word != "BIN" && word != "INT") return binary;
+    VtLP::ForEachListedName(problem, [&](const std::string& name, bool isBinary) {
+        for (int j = 1; j <= problem.NumVariables; ++j) {
+            if (problem.LpVariableNames(j) != UpperCase(name)) continue;
+            binary(j) = isBinary ? 1 : 0;
+            return;
+        }
+    });
+    return binary;
+}
+
+std::string ConstraintText(const VtLP::LpProblem& problem, int constraint)
+{
+    const std::string& typed = problem.LpLines(VtLP::kObjectiveLine + constraint);
+    if (!typed.empty()) return typed;
+    std::string text;
+    for (int j = 1; j <= problem.NumVariables; ++j) {
+        const double a = problem.LpCoefficients(constraint, j);
+        if (a == 0) continue;
+        if (a > 0 && !text.empty()) text += '+';
+        text += EntryText(a) + problem.LpVariableNames(j);
+    }
+    const std::int16_t relation = problem.LpRelations(constraint);
+    text += relation == VtLP::kLess ? '<' : relation == VtLP::kEqual ? '=' : '>';
+    return text + EntryText(problem.LpCoefficients(constraint, 0));
+}
+
+double Activity(const LpResult& result, const Figures& figures, int constraint)
+{
+    double sum = 0;
+    for (int j = 1; j <= result.Problem.NumVariables; ++j)
+        sum += result.Problem.LpCoefficients(constraint, j) * figures.Values(j);
+    return sum;
 }
 
 }  // namespace LP_Engine

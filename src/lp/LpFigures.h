@@ -27,4 +27,24 @@ int LogicalColumn(const LpResult& result, int constraint);
 // number of the problem has more than 13.
 std::string ReportPattern(const VtLP::LpProblem& problem);
 
+// A number with the problem's decimals, without blanks; more than 13 decimals are 13.
+std::string NumberText(const VtLP::LpProblem& problem, double value);
+
+// What a column is worth where the method stands.
+double ColumnValue(const LpResult& at, int column);
+
+// The name of a column: the variable's own, "slack 2", "surplus 3" or "artificial 3".
+std::string ColumnName(const LpResult& at, int column);
+// The constraint of a logical column.
+int ConstraintOf(const LpResult& at, int column);
+
+// Of an integer program, by variable: 1 for those that may be 0 or 1 only.
+Array1<std::int16_t> BinaryVariables(const LpResult& result);
+
+// The constraint as it was typed: "3X1+2X2<18".
+std::string ConstraintText(const VtLP::LpProblem& problem, int constraint);
+
+// The left side of a constraint at the values of a report.
+double Activity(const LpResult& result, const Figures& figures, int constraint);
+
 }  // namespace LP_Engine

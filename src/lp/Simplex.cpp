@@ -449,12 +449,18 @@ void Simplex::UpdateBasis(const Pivot& pivot)
 
 // ---- runs of steps ----
 
+void Simplex::LetBreakOff() const
+{
+    LetUserInterrupt();
+    if (recorder_ != nullptr && !recorder_->GoesOn(at_)) Raise(ErrorNumber::UserInterrupt);
+}
+
 bool Simplex::DualSteps()
 {
     MarkBoundViolations();
     for (BoundViolation violation = PickInfeasibleRow(); violation.Row != 0;
          violation = PickInfeasibleRow()) {
-        LetUserInterrupt();
+        LetBreakOff();
         SetPhaseCosts();
         SolvePrices();
         PriceColumns();
@@ -474,7 +480,7 @@ bool Simplex::PrimalSteps()
 {
     Entering entering = Price();
     while (entering.Gain >= PricingThreshold) {
-        LetUserInterrupt();
+        LetBreakOff();
         ++at_.PivotCount;
         TransformColumn(entering.Column);
         if (IsUnbounded(entering)) {

@@ -41,6 +41,8 @@ struct Pivot {
 class Recorder {
 public:
     virtual ~Recorder() = default;
+    // Asked before each step of a replay: false breaks it off like the user.
+    virtual bool GoesOn(const LpResult& /*at*/) { return true; }
     virtual void Started(const LpResult& /*at*/) {}  // with the logical columns as the basis
     virtual void Turns(const LpResult& /*at*/, const Pivot& /*pivot*/) {}  // before the basis changes
     virtual void NoEntering(const LpResult& /*at*/, const BoundViolation& /*row*/) {}
@@ -103,6 +105,7 @@ private:
     void ChangeKinds(int entering, int leavingRow);
     void ShiftBasis(const Entering& entering, const Leaving& leaving);
     void UpdateBasis(const Pivot& pivot);
+    void LetBreakOff() const;
 
     [[nodiscard]] int Rows() const { return at_.Problem.NumConstraints; }
     [[nodiscard]] int Variables() const { return at_.Problem.NumVariables; }

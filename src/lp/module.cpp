@@ -3,6 +3,8 @@
 #include "basic/error.h"
 #include "desktop/desktop.h"
 #include "lp/LP_Engine.h"
+#include "lp/LpMeaning.h"
+#include "lp/LpPicture.h"
 #include "lp/LpReport.h"
 #include "lp/VtLP.h"
 #include "shell/checks.h"
@@ -99,6 +101,8 @@ ModuleRoutines CommonRoutines()
             .EditCommand = EditCommand,
             .FinishEdit = [](TopMenu) { VtLP::FinishEdit(); },
             .Reports = {WriteReport},
+            .Pictures = [] { return LP_Engine::Pictures(LP_Engine::Result); },
+            .Meaning = [] { return LP_Engine::Meaning(LP_Engine::Result); },
             .Write = Write,
             .Read = Read};
 }
