@@ -2,6 +2,7 @@
 
 #include "basic/entrytext.h"
 #include "basic/number.h"
+#include "basic/numberrow.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
@@ -258,6 +259,27 @@ double Probability(int pass, int row, int column)
 int Count(int pass)
 {
     return ColumnsOf(pass);
+}
+
+std::vector<double> Numbers()
+{
+    NumberRow numbers;
+    numbers.Write(Problem.PayoffDecimals);
+    for (const int pass : {kPayoffs, kStateProbabilities, kIndicatorProbabilities})
+        for (int row = 1; Runs(pass) && row <= RowsOf(pass); ++row)
+            for (int column = 1; column <= ColumnsOf(pass); ++column)
+                numbers.Write(Stored(pass, row, column));
+    return numbers.Take();
+}
+
+void TakeNumbers(const std::vector<double>& numbers)
+{
+    NumberRowReader reader(numbers);
+    Problem.PayoffDecimals = reader.ReadVariant();
+    for (const int pass : {kPayoffs, kStateProbabilities, kIndicatorProbabilities})
+        for (int row = 1; Runs(pass) && row <= RowsOf(pass); ++row)
+            for (int column = 1; column <= ColumnsOf(pass); ++column)
+                Stored(pass, row, column) = reader.Read();
 }
 
 bool AskSenseAndCriterion()

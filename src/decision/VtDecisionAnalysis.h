@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/array.h"
 #include "basic/variant.h"
@@ -103,6 +104,10 @@ bool Runs(int pass);
 int CommitCell(int pass, int row, int column, std::string_view text);
 double Probability(int pass, int row, int column);  // of the two grids that hold some
 int Count(int pass);                                // of the probabilities in one row
+
+// What the grids hold, in a row, and back (shell/module.h).
+std::vector<double> Numbers();
+void TakeNumbers(const std::vector<double>& numbers);
 
 // Asks for the sense and, without state probabilities, for the criterion. False: cancelled.
 bool AskSenseAndCriterion();

@@ -15,6 +15,11 @@ frmDecisionProblem::frmDecisionProblem(QWidget* parent) : qt::ChildForm(parent)
     AddGrid(page, 2, "Probabilities of Indicator Outcomes");
     page->addStretch();
     setFocusProxy(Grid[0]);
+    auto* history = new qt::GridHistory(
+        {.Numbers = Decision::Numbers, .TakeNumbers = Decision::TakeNumbers, .Display = Decision::Display},
+        this);
+    for (qt::EntryGrid* grid : Grid)
+        history->Watch(*grid);
 }
 
 // The shell fills it and takes it away with the first problem.

@@ -80,6 +80,8 @@ const ModuleRoutines& DecisionAnalysis()
     static const ModuleRoutines routines{
         .Dimension = Decision::NewProblem,
         .Display = Decision::Display,
+        .Numbers = Decision::Numbers,
+        .TakeNumbers = Decision::TakeNumbers,
         .Check = Decision::Check,
         .Prepare = Decision::AskSenseAndCriterion,
         .SolveAndShow = Decision::SolveAndShow,

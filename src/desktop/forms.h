@@ -16,6 +16,12 @@ public:
     virtual void SetVisible(std::string_view control, bool visible) = 0;
     virtual void SetFocus(std::string_view control) = 0;
     virtual Grid& GridOf(std::string_view control) = 0;
+    // Commits what is being typed into a cell of any of its grids. False: it was refused, and told; the cell
+    // has the focus.
+    virtual bool FinishEdit() = 0;
+    // What happens to the cells and their record between the two is undone in one step.
+    virtual void BeginStep() = 0;
+    virtual void EndStep() = 0;
 };
 
 class Forms {

@@ -20,6 +20,8 @@ public:
     // Commits what the user has changed in the current cell and not left yet. False: it was refused, and
     // told; the cell stays the current one.
     virtual bool FinishEdit() = 0;
+    // The check of the cell has refused it: it becomes the current one, blank, and waits to be entered again.
+    virtual void Reject(int row, int column) = 0;
     // Makes the cell the current one, without checking the one that is left; what was being typed stays.
     virtual void Select(int row, int column) = 0;
     // In characters of the grid's font; the default fits ten digits.

@@ -5,6 +5,7 @@
 #include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
+#include "basic/numberrow.h"
 #include "desktop/desktop.h"
 #include "shell/checks.h"
 #include "shell/commands.h"
@@ -57,15 +58,6 @@ bool CommitGridCell(int row)
     if (AcceptCell(code, kForm, kGrid, row, 1)) return true;
     if (code == kCellRefused) SeriesGrid().SetFocus();
     return false;
-}
-
-// What is typed into a cell, or taken out of it, counts before the periods move.
-bool CommitTypedCell()
-{
-    Grid& grid = SeriesGrid();
-    const int row = grid.Row();
-    if (row < 1) return true;
-    return grid.Text(row, 1).empty() ? grid.FinishEdit() : CommitGridCell(row);
 }
 
 }  // namespace
@@ -132,6 +124,25 @@ int CommitCell(int row, int column, std::string_view text)
     return kCellStored;
 }
 
+std::vector<double> Numbers()
+{
+    NumberRow row;
+    row.Write(Problem.PeriodCount);
+    row.Write(Problem.DecimalPlaces);
+    for (int t = 1; t <= Problem.PeriodCount; ++t)
+        row.Write(Problem.TimeSeries(t));
+    return row.Take();
+}
+
+void TakeNumbers(const std::vector<double>& numbers)
+{
+    NumberRowReader row(numbers);
+    row.ReadInto(Problem.PeriodCount);
+    Problem.DecimalPlaces = row.ReadVariant();
+    for (int t = 1; t <= Problem.PeriodCount; ++t)
+        Problem.TimeSeries(t) = row.ReadVariant();
+}
+
 // ---- adding and deleting periods ----
 
 namespace {
@@ -159,7 +170,6 @@ bool MayDelete(const std::optional<double>& count)
 
 void AddTimePeriods()
 {
-    if (!CommitTypedCell()) return;
     const std::string answer = InputBox(
         "Enter the Number of Time Periods to Add (Data will be added to the end of the time series.):",
         "Add Time Periods");
@@ -176,7 +186,7 @@ void AddTimePeriods()
 
 void DeleteTimePeriods()
 {
-    if (!CommitTypedCell() || !CommitGridCell(Problem.PeriodCount)) return;
+    if (!CommitGridCell(Problem.PeriodCount)) return;
     const std::string answer = InputBox(
         "Enter the Number of Time Periods to Delete (Data will be deleted from the beginning of the time "
         "series.):",

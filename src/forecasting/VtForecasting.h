@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/array.h"
 #include "basic/variant.h"
@@ -61,6 +62,10 @@ void MakeArrays();     // an empty series; PeriodCount stays
 void NewTimeSeries();  // asks for the number of periods and displays the empty series
 void Display();        // puts the series on `frmProblem`
 int CommitCell(int row, int column, std::string_view text);
+
+// The count and the values in a row, and back (shell/module.h).
+std::vector<double> Numbers();
+void TakeNumbers(const std::vector<double>& numbers);
 
 // Ask how many and change the series: new periods come at the end, old ones go from the beginning.
 void AddTimePeriods();

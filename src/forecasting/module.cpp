@@ -75,6 +75,8 @@ const ModuleRoutines& Forecasting()
         .Dimension = VtForecasting::NewTimeSeries,
         .Display = VtForecasting::Display,
         .CommitCell = VtForecasting::CommitCell,
+        .Numbers = VtForecasting::Numbers,
+        .TakeNumbers = VtForecasting::TakeNumbers,
         .Check = CheckTableau,
         .Prepare = VtForecasting::Prepare,
         .Solve = VtForecasting::SolveSeries,

@@ -6,6 +6,7 @@
 #include "basic/error.h"
 #include "basic/format.h"
 #include "basic/number.h"
+#include "basic/numberrow.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/module.h"
@@ -363,6 +364,21 @@ void FinishEdit()
     const Grid& objective = ObjectiveGrid();
     const bool atName = Session.ProblemOnDisplay == "YES" && objective.Row() == 0 && objective.Column() > 0;
     if (atName) MirrorName(objective.Column());
+}
+
+std::vector<double> Numbers()
+{
+    NumberRow row;
+    row.Write(Problem.NumConstraints);
+    row.Write(Problem.NumVariables);
+    return row.Take();
+}
+
+void TakeNumbers(const std::vector<double>& numbers)
+{
+    NumberRowReader row(numbers);
+    row.ReadInto(Problem.NumConstraints);
+    row.ReadInto(Problem.NumVariables);
 }
 
 Key JudgeKey(int index, int row, int column, char key, bool first)

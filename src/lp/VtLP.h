@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/array.h"
 
@@ -70,6 +71,10 @@ void MirrorName(int column);
 
 // A menu of the bar was opened while a name is being typed.
 void FinishEdit();
+
+// The sizes of the problem, and back (shell/module.h): everything else of it is in the grids.
+std::vector<double> Numbers();
+void TakeNumbers(const std::vector<double>& numbers);
 
 // What a key does to a cell: the edit keys of the grids are letters of a name, digits of a number or a
 // relation.

@@ -28,6 +28,10 @@ frmLPproblem::frmLPproblem(QWidget* parent) : qt::ChildForm(parent)
     AddProblem(page);
     page->addStretch();
     setFocusProxy(grids_[0]);
+    auto* history = new qt::GridHistory(
+        {.Numbers = VtLP::Numbers, .TakeNumbers = VtLP::TakeNumbers, .Display = VtLP::ModelToGrid}, this);
+    for (qt::EntryGrid* grid : grids_)
+        history->Watch(*grid);
 }
 
 // The shell fills it and takes it away with the first problem.
@@ -76,6 +80,10 @@ qt::EntryRules frmLPproblem::Rules(int index)
     rules.Commit = [index](int row, int column, std::string_view text) {
         return VtLP::ValidateCell(index, row, column, text) != kCellRefused;
     };
+    if (index == 0)
+        rules.Edited = [](int row, int column) {
+            if (row == 0) VtLP::MirrorName(column);
+        };
     rules.RestoresRefused = true;
     rules.BackspaceOnlyTyped = true;
     rules.DeleteNotInEdit = true;

@@ -89,6 +89,8 @@ ModuleRoutines CommonRoutines()
     return {.Dimension = VtLP::NewLpProblem,
             .FormLoaded = [] { ShowDisplayItem(true); },
             .Display = VtLP::ModelToGrid,
+            .Numbers = VtLP::Numbers,
+            .TakeNumbers = VtLP::TakeNumbers,
             .Check = CheckLinearProgram,
             .Prepare = Prepare,
             .Solve = Solve,

@@ -3,6 +3,7 @@
 #include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
+#include "basic/numberrow.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/module.h"
@@ -106,6 +107,25 @@ int CommitCell(int row, int column, std::string_view text)
 double Probability(int from, int to)
 {
     return Problem.TransitionMatrix(from, to).Value();
+}
+
+std::vector<double> Numbers()
+{
+    NumberRow row;
+    row.Write(Problem.StateCount);
+    for (int from = 1; from <= Problem.StateCount; ++from)
+        for (int to = 1; to <= Problem.StateCount; ++to)
+            row.Write(Problem.TransitionMatrix(from, to));
+    return row.Take();
+}
+
+void TakeNumbers(const std::vector<double>& numbers)
+{
+    NumberRowReader row(numbers);
+    row.ReadInto(Problem.StateCount);
+    for (int from = 1; from <= Problem.StateCount; ++from)
+        for (int to = 1; to <= Problem.StateCount; ++to)
+            Problem.TransitionMatrix(from, to) = row.ReadVariant();
 }
 
 }  // namespace Markov

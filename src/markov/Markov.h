@@ -40,6 +40,10 @@ void Display();     // puts the table on `frmProblem`
 int CommitCell(int row, int column, std::string_view text);
 double Probability(int from, int to);
 
+// The count of states and the table in a row, and back (shell/module.h).
+std::vector<double> Numbers();
+void TakeNumbers(const std::vector<double>& numbers);
+
 // ---- engine ----
 
 constexpr double kTolerance = 0.00001;  // a step that moves no probability by more is the last one

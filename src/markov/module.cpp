@@ -45,6 +45,8 @@ const ModuleRoutines& MarkovProcesses()
         .Dimension = Markov::NewProblem,
         .Display = Markov::Display,
         .CommitCell = Markov::CommitCell,
+        .Numbers = Markov::Numbers,
+        .TakeNumbers = Markov::TakeNumbers,
         .Check = [] { return CheckProbabilityTableau(Markov::Probability); },
         .Solve = Markov::SolveProblem,
         .Page = Markov::WriteReport,

@@ -68,6 +68,8 @@ ModuleRoutines NetworkRoutines()
     return {.Dimension = NewNetwork,
             .Display = ShowNetwork,
             .CommitCell = EnterCell,
+            .Numbers = Numbers,
+            .TakeNumbers = TakeNumbers,
             .Check = CheckTableau,
             .PrintsWithoutReport = true,
             .Write = Write,

@@ -5,6 +5,7 @@
 
 #include "basic/format.h"
 #include "basic/number.h"
+#include "basic/numberrow.h"
 #include "desktop/desktop.h"
 #include "network/NetworkSolver.h"
 #include "network/netout.h"
@@ -162,6 +163,29 @@ int EnterCell(int row, int column, std::string_view text)
         return Session.AskIncomplete ? kCellEmpty : kCellStored;
     }
     return column == kLength ? EnterLength(row, entry) : EnterNode(row, column, entry);
+}
+
+std::vector<double> Numbers()
+{
+    NumberRow row;
+    row.Write(Problem.NumNodes);
+    row.Write(Problem.NumArcs);
+    row.Write(Problem.DecimalPlaces);
+    for (int k = 1; k <= Problem.NumArcs; ++k)
+        for (const int part : {kStart, kEnd, kLength})
+            row.Write(Problem.ArcTable(part, k));
+    return row.Take();
+}
+
+void TakeNumbers(const std::vector<double>& numbers)
+{
+    NumberRowReader row(numbers);
+    row.ReadInto(Problem.NumNodes);
+    row.ReadInto(Problem.NumArcs);
+    Problem.DecimalPlaces = row.ReadVariant();
+    for (int k = 1; k <= Problem.NumArcs; ++k)
+        for (const int part : {kStart, kEnd, kLength})
+            row.ReadInto(Problem.ArcTable(part, k));
 }
 
 std::int32_t ToThousandths(double distance)

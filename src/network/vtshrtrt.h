@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "basic/array.h"
 #include "basic/variant.h"
@@ -40,6 +41,10 @@ void ShowNetwork();  // fills the grid: empty cells when NewProblem is true
 // A cell of the grid, the fixed row and column being 0: a cell commit (shell/module.h). A blank cell stores
 // 0.
 int EnterCell(int row, int column, std::string_view text);
+
+// Sizes and arcs in a row, and back (shell/module.h).
+std::vector<double> Numbers();
+void TakeNumbers(const std::vector<double>& numbers);
 
 // A distance in thousandths; half of one rounds up. "Overflow" beyond 32 bits.
 std::int32_t ToThousandths(double distance);

@@ -2,6 +2,7 @@
 
 #include <map>
 
+#include "play/clipboardsteps.h"
 #include "play/controlsteps.h"
 #include "play/dialogsteps.h"
 #include "play/writesteps.h"
@@ -27,6 +28,7 @@ const std::map<std::string, StepKind>& StepKinds()
         {"file", {1, AnswerFileDialog}}, {"printer", {1, AnswerPrinterDialog}},
         {"close", {0, CloseScreen}},     {"show", {0, WriteScreen}},
         {"report", {0, WriteReport}},    {"session", {0, WriteSession}},
+        {"copy", {0, CopyFocus}},        {"paste", {1, PasteIntoFocus}},
         {"shot", {1, SavePicture}},      {"picture", {0, WritePictures, 1}},
         {"steps", {0, WriteSteps}},      {"meaning", {0, WriteMeaning}},
     };

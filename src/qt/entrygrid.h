@@ -1,5 +1,5 @@
 // The grid in which problems are typed: text goes straight into the current cell, a key that moves on or a
-// click elsewhere commits it.
+// click elsewhere commits it. Blocks of cells are marked, copied and pasted as in a spreadsheet.
 //
 // What a cell takes, how it is committed and how the cursor moves differ from form to form: EntryRules.
 // Rows and columns count from 0, the fixed ones included. The fixed row and column stand in the headers of
@@ -15,6 +15,8 @@
 #include <vector>
 
 #include "desktop/grid.h"
+#include "qt/blocktext.h"
+#include "qt/gridhistory.h"
 
 namespace qt {
 
@@ -62,13 +64,23 @@ public:
 
     // Commits what is being typed. False: refused and told; the cell stays the current one.
     bool FinishEdit();
-    // Whether the current cell holds text that has not been committed.
+    // Whether the current cell holds text that has not been committed, or waits for one after a refusal.
     [[nodiscard]] bool IsEditing() const { return editing_; }
+    // Whether its form gives the keys to it.
+    [[nodiscard]] bool IsInUse() const;
 
     // Not higher than this number of rows, however much room there is.
     void ShowRows(int most);
     // Two grids, one above the other, whose columns stand in line and scroll together.
     void AlignWith(EntryGrid& other);
+
+    // ---- for its history ----
+    void KeepIn(GridHistory* history) { history_ = history; }
+    [[nodiscard]] GridState State() const;
+    void ShowState(const GridState& state);
+    void ShowText(int row, int column, const QString& text);
+    // Makes it the current cell, with the focus; false: nobody can go there.
+    bool Arrive(int row, int column);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -79,9 +91,10 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* /*event*/) override {}
-    void mouseReleaseEvent(QMouseEvent* /*event*/) override {}
-    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     bool focusNextPrevChild(bool /*next*/) override { return false; }  // Tab is a key of the grid
     void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -90,31 +103,71 @@ private:
     class CellsOfGrid;
     class CellPainter;
 
+    // ---- contents (entrygrid.cpp) ----
     void Resize(int rows, int columns, int fixedRows, int fixedColumns);
     void SetText(int row, int column, const QString& text);
     void SetColumnWidth(int column, int characters);
     void Select(int row, int column);
+    void Reject(int row, int column);
     [[nodiscard]] int Row() const;
     [[nodiscard]] int Column() const;
+    void GoTo(int row, int column);
+    [[nodiscard]] bool IsClosed(int row, int column) const;
+    void BeginStep();
+    void EndStep();
 
+    // ---- one cell (gridediting.cpp) ----
     bool Commit(bool always);
+    bool Passes(int row, int column, const QString& text);
+    bool Store(int row, int column, const QString& text);
+    void TakeRefusal(int row, int column, const QString& former);
     void TypeText(const QString& text);
     void TypeCharacter(QChar character);
-    [[nodiscard]] KeyAnswer Judge(QChar character) const;
+    [[nodiscard]] KeyAnswer Judge(int row, int column, QChar character, bool first) const;
+    [[nodiscard]] KeyAnswer JudgeText(int row, int column, const QString& text) const;
     void TakeBack();   // Backspace
-    void EmptyCell();  // Delete
+    void DeleteKey();  // of the cell, the block or what is behind the caret
+    void EmptyCell();
+    void EditWithin(int caret);
+    void MoveCaret(int key);
+    void GiveBack();  // Escape
     void BeginEdit();
+    void EndEdit();
     void ShowEdit();
-    [[nodiscard]] bool IsClosed() const;
 
-    void Move(int key);
+    // ---- keys and clicks (gridkeys.cpp) ----
+    bool RunShortcut(const QKeyEvent& event);
+    void Move(int key, Qt::KeyboardModifiers modifiers);
     void MoveBy(int rows, int columns);
     void MoveForward();
     void MoveBackward();
     void MoveDownByEnter();
     [[nodiscard]] int RowsOfPage() const;
-    void GoTo(int row, int column);
+    [[nodiscard]] QPoint Destination(int key, bool control, QPoint from) const;
+    [[nodiscard]] int CaretAt(int x) const;
+    void Undo();
+    void Redo();
+    void ShowMenu(QPoint global);
 
+    // ---- blocks (gridblocks.cpp); x counts columns, y rows ----
+    [[nodiscard]] QRect Block() const;
+    [[nodiscard]] bool HasBlock() const;
+    void MarkTo(QPoint corner);
+    void MarkAll();
+    void ShowBlock();
+    void Copy();
+    void Cut();
+    void Paste();
+    void PasteWithin();
+    [[nodiscard]] static bool HasClipboardText();
+    [[nodiscard]] bool HasRoomFor(const BlockText& block, QPoint at) const;
+    void PasteBlock(const BlockText& block, QPoint at);
+    bool PasteCells(const BlockText& block, QPoint at);
+    bool PasteCell(int row, int column, const QString& text);
+    bool EnterText(int row, int column, const QString& text);
+    void EmptyBlock();
+
+    // ---- sizes (gridsizes.cpp) ----
     void Measure();  // everything that follows the font
     void FitColumn(int column);
     void Widen(int column, const QString& text);
@@ -125,6 +178,9 @@ private:
     [[nodiscard]] int AskedWidth(int column) const;
     [[nodiscard]] int WidthOf(const QString& text) const;
     [[nodiscard]] int HeightOfRows(int rows) const;
+
+    // ---- painting (gridpainting.cpp) ----
+    void InstallPainter();
     void PaintCorner(QWidget& corner) const;
 
     GridModel* model_;
@@ -137,8 +193,16 @@ private:
     bool following_ = false;
 
     bool editing_ = false;
-    QString typed_;   // the text that the edit has made so far
-    QString former_;  // the text of the cell before
+    bool within_ = false;   // arrows move the caret
+    bool refused_ = false;  // the cell was refused, and leaving it commits it in any case
+    QString typed_;         // the text that the edit has made so far
+    int caret_ = 0;         // characters before it
+    QString former_;        // the text of the cell before
+
+    QPoint corner_;  // of the marked block, opposite to the current cell
+    bool dragging_ = false;
+
+    GridHistory* history_ = nullptr;
 };
 
 }  // namespace qt

@@ -101,6 +101,23 @@ public:
         if (grid == nullptr) Raise(ErrorNumber::SubscriptOutOfRange);
         return grid->Cells();
     }
+    bool FinishEdit() override
+    {
+        for (EntryGrid* grid : form_.findChildren<EntryGrid*>()) {
+            if (grid->FinishEdit()) continue;
+            grid->Cells().SetFocus();
+            return false;
+        }
+        return true;
+    }
+    void BeginStep() override
+    {
+        if (auto* history = form_.findChild<GridHistory*>()) history->Begin();
+    }
+    void EndStep() override
+    {
+        if (auto* history = form_.findChild<GridHistory*>()) history->End();
+    }
 
 private:
     [[nodiscard]] QWidget& Control(std::string_view name) const
@@ -450,8 +467,13 @@ QWidget* QtForms::MainWindow() const
 
 void LeadKeysTo(QWidget* control)
 {
-    for (QWidget* parent = control->parentWidget(); parent != nullptr; parent = parent->parentWidget())
-        if (auto* form = qobject_cast<ChildForm*>(parent)) form->setFocusProxy(control);
+    for (QWidget* parent = control->parentWidget(); parent != nullptr; parent = parent->parentWidget()) {
+        auto* form = qobject_cast<ChildForm*>(parent);
+        if (form == nullptr || form->focusProxy() == control) continue;
+        form->setFocusProxy(control);
+        for (auto* grid : form->findChildren<EntryGrid*>())
+            grid->viewport()->update();
+    }
 }
 
 }  // namespace qt

@@ -12,7 +12,7 @@ void GridModel::Resize(int rows, int columns, int fixedRows, int fixedColumns)
     columns_ = columns;
     fixedRows_ = fixedRows;
     fixedColumns_ = fixedColumns;
-    texts_.assign(static_cast<std::size_t>(rows) * static_cast<std::size_t>(columns), QString());
+    texts_ = QList<QString>(static_cast<qsizetype>(rows) * columns);
     endResetModel();
 }
 
@@ -21,11 +21,10 @@ bool GridModel::Has(int row, int column) const
     return row >= 0 && row < rows_ && column >= 0 && column < columns_;
 }
 
-std::size_t GridModel::Place(int row, int column) const
+qsizetype GridModel::Place(int row, int column) const
 {
     if (!Has(row, column)) Raise(ErrorNumber::SubscriptOutOfRange);
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_) +
-           static_cast<std::size_t>(column);
+    return static_cast<qsizetype>(row) * columns_ + column;
 }
 
 const QString& GridModel::Text(int row, int column) const
@@ -92,7 +91,7 @@ QString GridModel::HeaderText(int section, Qt::Orientation orientation) const
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (role == Qt::DisplayRole) return HeaderText(section, orientation);
+    if (role == Qt::DisplayRole) return HeaderText(section, orientation).trimmed();
     if (role == Qt::TextAlignmentRole)
         return QVariant::fromValue((orientation == Qt::Horizontal ? Qt::AlignRight : Qt::AlignLeft) |
                                    Qt::AlignVCenter);

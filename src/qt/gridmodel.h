@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
-#include <vector>
+#include <QList>
 
 namespace qt {
 
@@ -15,9 +15,10 @@ public:
 
     void Resize(int rows, int columns, int fixedRows, int fixedColumns);
     [[nodiscard]] bool Has(int row, int column) const;
-    [[nodiscard]] const QString& Text(int row, int column) const;  // "Subscript out of range"
-    void SetText(int row, int column, const QString& text);        // likewise
-    [[nodiscard]] QString HeadingOf(int column) const;             // its fixed rows, a line each
+    [[nodiscard]] const QString& Text(int row, int column) const;         // "Subscript out of range"
+    void SetText(int row, int column, const QString& text);               // likewise
+    [[nodiscard]] QString HeadingOf(int column) const;                    // its fixed rows, a line each
+    [[nodiscard]] const QList<QString>& Texts() const { return texts_; }  // row by row
 
     [[nodiscard]] int Rows() const { return rows_; }
     [[nodiscard]] int Columns() const { return columns_; }
@@ -35,7 +36,7 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
-    [[nodiscard]] std::size_t Place(int row, int column) const;
+    [[nodiscard]] qsizetype Place(int row, int column) const;
     [[nodiscard]] QString HeaderText(int section, Qt::Orientation orientation) const;
     [[nodiscard]] QString SpokenText(int row, int column) const;
 
@@ -43,7 +44,7 @@ private:
     int columns_ = 0;
     int fixedRows_ = 0;
     int fixedColumns_ = 0;
-    std::vector<QString> texts_;  // row by row
+    QList<QString> texts_;
 };
 
 }  // namespace qt

@@ -148,8 +148,14 @@ bool AcceptCell(int code, std::string_view form, std::string_view grid, int row,
         Session.AskIncomplete = false;
     }
     if (code != kCellRefused) return true;
-    GridOn(form, grid).Select(row, column);
+    GridOn(form, grid).Reject(row, column);
     return false;
+}
+
+bool FinishTyping()
+{
+    const std::string& form = CurrentModule().ProblemForm;
+    return !desktop::TheForms().IsLoaded(form) || desktop::TheForms().Loaded(form).FinishEdit();
 }
 
 bool CheckLinearProgram()

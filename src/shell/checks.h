@@ -6,6 +6,10 @@
 #include <string>
 #include <string_view>
 
+// Commits what is being typed into a grid of the problem form; every command that uses the problem begins
+// with it. False: it was refused, and told; the cell has the focus.
+bool FinishTyping();
+
 // Grid(0) and Grid(1) of `frmLPproblem`: names, relations and right-hand sides are there.
 bool CheckLinearProgram();
 
@@ -24,6 +28,6 @@ struct DecisionGrids {
 };
 bool CheckDecision(const DecisionGrids& grids);
 
-// One cell's code: asks about the first empty cell, selects a refused one. False: the command ends. The
-// indicator is not touched.
+// One cell's code: asks about the first empty cell; a refused one is blank then and waits to be entered
+// again. False: the command ends. The indicator is not touched.
 bool AcceptCell(int code, std::string_view form, std::string_view grid, int row, int column);

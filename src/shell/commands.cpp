@@ -5,6 +5,7 @@
 #include "basic/records.h"
 #include "desktop/desktop.h"
 #include "shell/beside.h"
+#include "shell/checks.h"
 #include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
@@ -91,6 +92,20 @@ void HideIntroduction()
     form.SetVisible("txtLoadInfo", false);
     form.SetVisible("lblLoadInfo", false);
 }
+
+Form& ProblemForm()
+{
+    return desktop::TheForms().Loaded(CurrentModule().ProblemForm);
+}
+
+// What an Edit command does to the problem is undone in one step.
+class EditStep {
+public:
+    EditStep() { ProblemForm().BeginStep(); }
+    ~EditStep() { ProblemForm().EndStep(); }
+    EditStep(const EditStep&) = delete;
+    EditStep& operator=(const EditStep&) = delete;
+};
 
 // The old problem goes, its form comes back empty.
 void ReloadProblemForm()
@@ -314,12 +329,18 @@ void SolveOnItsOwnRoad(const ModuleRoutines& routines)
     screen.Refresh();
 }
 
+// The problem as the user sees it is the one that is stored, and passes its check.
+bool IsReady(const ModuleRoutines& routines)
+{
+    return FinishTyping() && (!routines.Check || routines.Check());
+}
+
 void SolveProblem()
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
     UnloadSolution();
     Session.AskIncomplete = true;
-    if (routines.Check && !routines.Check()) {
+    if (!IsReady(routines)) {
         ShowMenusOfProblem(routines);
         return;
     }
@@ -477,7 +498,7 @@ void Save()
         [] {
             Session.AskIncomplete = true;
             const ModuleRoutines& routines = *CurrentModule().Routines;
-            if (routines.Check && !routines.Check()) return;
+            if (!IsReady(routines)) return;
             Session.ProblemFileName = AskFile(ProblemFileQuestion(true, "Save the Current Problem"));
             WriteProblemFile();
             if (routines.Saved) routines.Saved();
@@ -575,7 +596,8 @@ void EditItem(int index)
                 return;
             }
             const ModuleRoutines& routines = *CurrentModule().Routines;
-            if (!routines.EditCommand) return;
+            if (!routines.EditCommand || !FinishTyping()) return;
+            const EditStep step;
             Session.EditDialogActive = true;
             routines.EditCommand(index);
             Session.EditDialogActive = false;
@@ -589,7 +611,9 @@ void LowerItem(int index)
     Trap(
         [index] {
             const ModuleRoutines& routines = *CurrentModule().Routines;
-            if (routines.LowerCommand) routines.LowerCommand(index);
+            if (!routines.LowerCommand || !FinishTyping()) return;
+            const EditStep step;
+            routines.LowerCommand(index);
         },
         TellEditError);
 }

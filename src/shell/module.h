@@ -56,6 +56,11 @@ struct ModuleRoutines {
     std::function<int(int row, int column, std::string_view text)> CommitCell = {};
     bool CornerIsClosed = false;  // the last row's last cell takes nothing
 
+    // The sizes and cells of the problem in a row, in an order of the module's own, and back into the
+    // problem: what undoing an entry restores. Missing where the problem is not entered in grids.
+    std::function<std::vector<double>()> Numbers = {};
+    std::function<void(const std::vector<double>& numbers)> TakeNumbers = {};
+
     // The problem check of Solve and Save: one of shell/checks.h. May be missing.
     std::function<bool()> Check = {};
 

@@ -156,16 +156,6 @@ void Rebuild(int origins, int destinations, int lostOrigin, int lostDestination)
     ShowTableau();
 }
 
-// The cell that is being typed or emptied counts before the tableau changes under it. False: it was refused,
-// and told; it is blank and waits to be entered again.
-bool FinishCell()
-{
-    Grid& grid = desktop::TheForms().Loaded(kForm).GridOf(kGrid);
-    if (grid.FinishEdit()) return true;
-    grid.SetFocus();
-    return false;
-}
-
 bool HasRoom(int count, std::string_view line)
 {
     if (count < kMaxLines) return true;
@@ -250,26 +240,26 @@ void ShowTableau()
 
 void AddOrigin()
 {
-    if (HasRoom(Problem.NumOrigins, WordsAtHand().Row) && FinishCell())
+    if (HasRoom(Problem.NumOrigins, WordsAtHand().Row))
         Rebuild(Problem.NumOrigins + 1, Problem.NumDestinations, 0, 0);
 }
 
 void AddDestination()
 {
-    if (HasRoom(Problem.NumDestinations, WordsAtHand().Column) && FinishCell())
+    if (HasRoom(Problem.NumDestinations, WordsAtHand().Column))
         Rebuild(Problem.NumOrigins, Problem.NumDestinations + 1, 0, 0);
 }
 
 void DeleteOrigin()
 {
-    if (!CanLose(Problem.NumOrigins, WordsAtHand().Row) || !FinishCell()) return;
+    if (!CanLose(Problem.NumOrigins, WordsAtHand().Row)) return;
     if (const auto line = AskLine(Problem.NumOrigins, OriginWords()))
         Rebuild(Problem.NumOrigins - 1, Problem.NumDestinations, *line, 0);
 }
 
 void DeleteDestination()
 {
-    if (!CanLose(Problem.NumDestinations, WordsAtHand().Column) || !FinishCell()) return;
+    if (!CanLose(Problem.NumDestinations, WordsAtHand().Column)) return;
     if (const auto line = AskLine(Problem.NumDestinations, DestinationWords()))
         Rebuild(Problem.NumOrigins, Problem.NumDestinations - 1, 0, *line);
 }

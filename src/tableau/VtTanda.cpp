@@ -5,6 +5,7 @@
 
 #include "basic/error.h"
 #include "basic/number.h"
+#include "basic/numberrow.h"
 #include "desktop/dialogs.h"
 #include "shell/module.h"
 #include "shell/session.h"
@@ -177,6 +178,35 @@ int EnterCell(int row, int column, std::string_view text)
     if (inRows && column == Problem.NumDestinations + 1) return EnterSupply(row, text);
     if (inColumns && row == Problem.NumOrigins + 1) return EnterDemand(Problem.NumOrigins + column, text);
     return kCellStored;
+}
+
+std::vector<double> Numbers()
+{
+    NumberRow row;
+    row.Write(Problem.NumOrigins);
+    row.Write(Problem.NumDestinations);
+    row.Write(Problem.DecimalPlaces);
+    for (int e = 1; e <= Problem.NumArcs; ++e)
+        row.Write(Problem.ArcCost(e));
+    for (int n = 1; n <= Problem.NumNodes; ++n)
+        row.Write(Problem.NodeSupply(n));
+    return row.Take();
+}
+
+void TakeNumbers(const std::vector<double>& numbers)
+{
+    NumberRowReader row(numbers);
+    const int origins = static_cast<int>(row.Read());
+    const int destinations = static_cast<int>(row.Read());
+    if (origins != Problem.NumOrigins || destinations != Problem.NumDestinations) {
+        Allocate(origins, destinations);
+        JoinArcs();
+    }
+    Problem.DecimalPlaces = row.ReadVariant();
+    for (int e = 1; e <= Problem.NumArcs; ++e)
+        Problem.ArcCost(e) = row.ReadVariant();
+    for (int n = 1; n <= Problem.NumNodes; ++n)
+        row.ReadInto(Problem.NodeSupply(n));
 }
 
 }  // namespace Tableau

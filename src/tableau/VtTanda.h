@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "basic/array.h"
 #include "basic/variant.h"
@@ -63,5 +64,9 @@ int EnterDemand(int node, std::string_view text);
 // A cell of the grid, the fixed row and column being 0: a cost, in a transportation also a supply (last
 // column) or a demand (last row). The corner takes nothing.
 int EnterCell(int row, int column, std::string_view text);
+
+// Sizes, costs and quantities in a row, and back (shell/module.h).
+std::vector<double> Numbers();
+void TakeNumbers(const std::vector<double>& numbers);
 
 }  // namespace Tableau

@@ -11,6 +11,12 @@ frmProblem::frmProblem(QWidget* parent) : qt::ChildForm(parent)
     AddProblem(page);
     page->addStretch();
     setFocusProxy(gridDisplayEdit);
+    const ModuleRoutines* routines = CurrentModule().Routines;
+    if (routines == nullptr || !routines->Numbers) return;
+    auto* history = new qt::GridHistory(
+        {.Numbers = routines->Numbers, .TakeNumbers = routines->TakeNumbers, .Display = routines->Display},
+        this);
+    history->Watch(*gridDisplayEdit);
 }
 
 // The shell fills it and takes it away with the first problem.

@@ -89,6 +89,8 @@ ModuleRoutines TableauRoutines()
     return {.Dimension = NewTableau,
             .Display = ShowTableau,
             .CommitCell = EnterCell,
+            .Numbers = Numbers,
+            .TakeNumbers = TakeNumbers,
             .Check = CheckTableau,
             .Prepare = [] { return AskCriterion(); },
             .FirstEditItem = kEditItem,

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "forecasting/forecasting_support.h"
+#include "shell/checks.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -282,7 +283,7 @@ TEST_F(ForecastEntry, WhatIsBeingTypedCountsBeforePeriodsAreAdded)
 {
     Type(2, "25");
     desktop.dialogs.inputs = {"1"};
-    AddTimePeriods();
+    if (FinishTyping()) AddTimePeriods();
     EXPECT_THAT(Cells(), ElementsAre("10", "25", "30", ""));
 }
 
@@ -290,17 +291,17 @@ TEST_F(ForecastEntry, ACellThatIsEmptiedAndNotLeftIsZeroWhenPeriodsAreAddedOrDel
 {
     Type(2, "");
     desktop.dialogs.inputs = {"1", "1"};
-    AddTimePeriods();
+    if (FinishTyping()) AddTimePeriods();
     EXPECT_THAT(Cells(), ElementsAre("10", "0", "30", ""));
     Type(3, "");
-    DeleteTimePeriods();
+    if (FinishTyping()) DeleteTimePeriods();
     EXPECT_THAT(Cells(), ElementsAre("0", "0", "0"));
 }
 
 TEST_F(ForecastEntry, ARefusedCellIsEnteredAgainBeforePeriodsAreAdded)
 {
     Type(2, "2-5");
-    AddTimePeriods();
+    if (FinishTyping()) AddTimePeriods();
     EXPECT_EQ(desktop.dialogs.Last(), Refused("Values Must be Numeric.  PLEASE REENTER."));
     EXPECT_THAT(desktop.dialogs.prompts, IsEmpty());
     EXPECT_EQ(TheGrid().Row(), 2);

@@ -92,6 +92,13 @@ void FakeGrid::Select(int row, int column)
     column_ = column;
 }
 
+void FakeGrid::Reject(int row, int column)
+{
+    Select(row, column);
+    SetText(row, column, "");
+    edited_ = true;
+}
+
 void FakeGrid::Type(int row, int column, std::string_view text)
 {
     Select(row, column);
@@ -119,6 +126,16 @@ std::string FakeForm::Text(const std::string& control) const
 {
     const auto found = texts.find(control);
     return found == texts.end() ? std::string() : found->second;
+}
+
+bool FakeForm::FinishEdit()
+{
+    for (auto& [name, grid] : grids)
+        if (!grid.FinishEdit()) {
+            grid.SetFocus();
+            return false;
+        }
+    return true;
 }
 
 void FakeForm::SetText(std::string_view control, std::string_view text)

@@ -78,6 +78,7 @@ public:
     [[nodiscard]] int Row() const override { return row_; }
     [[nodiscard]] int Column() const override { return column_; }
     bool FinishEdit() override;
+    void Reject(int row, int column) override;
     void Select(int row, int column) override;
     void SetColumnWidth(int column, int characters) override { widths[column] = characters; }
     void SetFocus() override { ++focused; }
@@ -113,6 +114,7 @@ public:
     std::string focus;
     std::map<std::string, FakeGrid> grids;
     bool shown = false;
+    int steps = 0;  // begun, of its history
 
     // A control without a text has the empty one.
     [[nodiscard]] std::string Text(const std::string& control) const;
@@ -122,6 +124,9 @@ public:
     void SetVisible(std::string_view control, bool isVisible) override;
     void SetFocus(std::string_view control) override { focus = control; }
     FakeGrid& GridOf(std::string_view control) override { return grids[std::string(control)]; }
+    bool FinishEdit() override;
+    void BeginStep() override { ++steps; }
+    void EndStep() override {}
 };
 
 class FakeForms : public Forms {

@@ -18,6 +18,8 @@ using Tableau::Problem;
 using testing::ElementsAre;
 using Texts = std::vector<std::string>;
 
+enum LowerItems { kAddOrigin, kAddDestination, kDeleteOrigin, kDeleteDestination };
+
 class TableauForm : public testing::Test {
 protected:
     FakeGrid& TheGrid() { return desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit"); }
@@ -44,6 +46,7 @@ protected:
     void GiveSmallTransportation()
     {
         GiveTransportation({{1, 2, 3}, {4, 5, 6}}, {10, 20}, {7, 8, 9});
+        Session.CurrentModule = 2;
         Tableau::ShowTableau();
         TheGrid().commit = [](int row, int column, std::string_view text) {
             return Tableau::EnterCell(row, column, text) != kCellRefused;
@@ -188,43 +191,40 @@ TEST_F(TableauForm, WhatIsBeingTypedCountsBeforeALineIsAdded)
 {
     GiveSmallTransportation();
     TheGrid().Type(2, 3, "66");
-    Tableau::AddDestination();
+    Commands::LowerItem(kAddDestination);
     EXPECT_EQ(Cells()[2], (Texts{"2", "4", "5", "66", "0", "20"}));
 }
 
 TEST_F(TableauForm, ACellThatIsEmptiedAndNotLeftIsZeroWhenALineIsAddedOrDeleted)
 {
     desktop.dialogs.inputs = {"2", "3"};
-    for (void (*change)() :
-         {Tableau::AddOrigin, Tableau::AddDestination, Tableau::DeleteOrigin, Tableau::DeleteDestination}) {
+    for (const int change : {kAddOrigin, kAddDestination, kDeleteOrigin, kDeleteDestination}) {
         GiveSmallTransportation();
         TheGrid().Type(1, 2, "");
-        change();
+        Commands::LowerItem(change);
         EXPECT_EQ(Cells()[1][2], "0");
         EXPECT_EQ(Cells()[1][1], "1");
     }
     GiveSmallTransportation();
     TheGrid().Type(3, 1, "");
-    Tableau::AddOrigin();
+    Commands::LowerItem(kAddOrigin);
     EXPECT_EQ(Cells()[4], (Texts{"Demand", "0", "8", "9", "***********"}));
 }
 
 TEST_F(TableauForm, ACellThatIsOnlyGoneToKeepsItsValueWhenALineIsAdded)
 {
     GiveSmallTransportation();
-    TheGrid().SetText(1, 2, "");  // refused a moment ago, and not entered again
     TheGrid().Select(1, 2);
-    Tableau::AddOrigin();
+    Commands::LowerItem(kAddOrigin);
     EXPECT_EQ(Cells()[1], (Texts{"1", "1", "2", "3", "10"}));
 }
 
 TEST_F(TableauForm, ARefusedCellIsEnteredAgainBeforeALineIsAddedOrDeleted)
 {
-    for (void (*change)() :
-         {Tableau::AddOrigin, Tableau::AddDestination, Tableau::DeleteOrigin, Tableau::DeleteDestination}) {
+    for (const int change : {kAddOrigin, kAddDestination, kDeleteOrigin, kDeleteDestination}) {
         GiveSmallTransportation();
         TheGrid().Type(1, 4, "1.5");
-        change();
+        Commands::LowerItem(change);
         EXPECT_EQ(desktop.dialogs.Last(), Refused("Supply Must Have A Numeric Value."));
         EXPECT_EQ(Problem.NumArcs, 6);
         EXPECT_EQ(Cells()[1], (Texts{"1", "1", "2", "3", ""}));
