@@ -9,6 +9,8 @@ namespace picture::layouts {
 namespace {
 
 constexpr double kBlockGap = 8;
+constexpr double kMostFurtherGap = 24;
+constexpr double kLineGap = 16;  // between nodes without an amount
 constexpr double kTextGap = 6;
 constexpr double kLeastBetween = 120;
 constexpr double kLeastWhole = 160;  // height of the larger side, before the gaps
@@ -35,7 +37,8 @@ public:
         for (const auto& side : sides_)
             width += SideWidth(side);
         width = std::max(width, room_.Width);
-        const double height = std::max({SideHeight(0), SideHeight(1), room_.Height});
+        double height = std::max(SideHeight(0), SideHeight(1));
+        if (hasAmounts_) height = std::max(height, room_.Height);
         placement_.Size = {width, height};
         PlaceSide(0, height);
         PlaceSide(1, height);
@@ -47,7 +50,7 @@ public:
 private:
     [[nodiscard]] double SlotHeight(std::size_t node) const
     {
-        if (!hasAmounts_) return sized_.Nodes[node].Height;
+        if (!hasAmounts_) return sized_.Nodes[node].Height + kLineGap - kBlockGap;
         return std::max(BlockHeight(node), texts_[node].Height);
     }
 
@@ -103,10 +106,11 @@ private:
         const double used = SideHeight(side);
         double top = kMargin + kBlockGap / 2;
         double gap = kBlockGap;
-        if (nodes.size() > 1) gap += std::min(24.0, (height - used) / static_cast<double>(nodes.size()));
-        top += (height - used -
-                (gap - kBlockGap) * static_cast<double>(nodes.size() - (nodes.empty() ? 0 : 1))) /
-               2;
+        if (hasAmounts_ && !nodes.empty()) {
+            const auto gaps = static_cast<double>(nodes.size() - 1);
+            if (gaps > 0) gap += std::min(kMostFurtherGap, (height - used) / (gaps + 1));
+            top += (height - used - (gap - kBlockGap) * gaps) / 2;
+        }
         for (const std::size_t node : nodes) {
             const double slot = SlotHeight(node);
             PlaceNode(node, side, top, width);

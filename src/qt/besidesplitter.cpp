@@ -66,7 +66,10 @@ void BesideSplitter::ShowBesideProblem(PaneSources sources)
     insideWidth_ = kLeastProblem;
     mostWidth_ = kMostBesideProblem;
     pane_->SetSources(std::move(sources));
-    if (pane_->Pictures().empty() && pane_->Steps().empty() && pane_->Meaning().empty()) pane_->Clear();
+    const bool pictures = !pane_->Pictures().empty();
+    const bool steps = !pane_->Steps().empty();
+    const bool meaning = !pane_->Meaning().empty();
+    if (!pictures && !steps && !meaning) pane_->Clear();
     Arrange();
 }
 

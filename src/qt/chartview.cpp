@@ -468,7 +468,8 @@ private:
             if (!AlongEdge(from, to)) painter_.drawLine(from, to);
         }
         painter_.restore();
-        AddItem(path, TipOf(series, 0), series.Id);
+        const bool whole = plot_.adjusted(-1, -1, 1, 1).contains(path.boundingRect());
+        AddItem(whole ? path : path.intersected(RectPath(plot_)), TipOf(series, 0), series.Id);
     }
 
     [[nodiscard]] bool AlongEdge(const QPointF& a, const QPointF& b) const
@@ -615,11 +616,21 @@ private:
                 bar = QRectF(QPointF(AtX(interval.At) - thick / 2, to),
                              QPointF(AtX(interval.At) + thick / 2, from));
             }
-            bar = bar.normalized();
+            bar = Inside(bar.normalized());
             DrawInterval(bar, interval, series);
             labels_.Avoid(bar);
             AddItem(RectPath(bar.adjusted(-2, -3, 2, 3)), TipOf(series, i), series.Id);
         }
+    }
+
+    // What reaches beyond the window ends at its edge.
+    [[nodiscard]] QRectF Inside(const QRectF& bar) const
+    {
+        const QRectF edges = plot_.adjusted(0, -kBar, 0, kBar);
+        return {QPointF(std::clamp(bar.left(), edges.left(), edges.right()),
+                        std::clamp(bar.top(), edges.top(), edges.bottom())),
+                QPointF(std::clamp(bar.right(), edges.left(), edges.right()),
+                        std::clamp(bar.bottom(), edges.top(), edges.bottom()))};
     }
 
     void DrawInterval(const QRectF& bar, const Interval& interval, const Series& series)
@@ -853,7 +864,10 @@ private:
 
     void AddItem(const QPainterPath& shape, const std::string& tip, const std::string& id)
     {
-        if (tip.empty() && id.empty()) return;
+        const QRectF around = shape.boundingRect();
+        const bool seen = around.left() <= room_.right() && around.right() >= room_.left() &&
+                          around.top() <= room_.bottom() && around.bottom() >= room_.top();
+        if ((tip.empty() && id.empty()) || shape.isEmpty() || !seen) return;
         items_.push_back({shape, ToQt(tip), ToQt(id)});
     }
 

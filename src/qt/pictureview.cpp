@@ -1,5 +1,6 @@
 #include "qt/pictureview.h"
 
+#include <QAccessible>
 #include <QFontMetricsF>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -9,6 +10,7 @@
 #include <algorithm>
 
 #include "picture/words.h"
+#include "qt/pictureaccess.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -102,6 +104,7 @@ PictureCanvas::PictureCanvas(QWidget* parent) : QWidget(parent)
     setFocusPolicy(Qt::ClickFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
+    TellScreenReadersOfPictures();
 }
 
 Look PictureCanvas::ScreenLook() const
@@ -115,13 +118,6 @@ void PictureCanvas::SetPicture(const picture::Picture* picture)
     items_.clear();
     marked_.clear();
     focus_.reset();
-    if (picture != nullptr) {
-        setAccessibleName(ToQt(picture->Title));
-        QStringList lines;
-        for (const std::string& line : picture::Describe(*picture))
-            lines.append(ToQt(line));
-        setAccessibleDescription(lines.join(QLatin1Char('\n')));
-    }
     update();
 }
 
@@ -237,8 +233,10 @@ void PictureCanvas::SetFocusItem(std::size_t item)
 {
     focus_ = item;
     const QRect area = items_[item].Shape.boundingRect().toAlignedRect();
-    setAccessibleDescription(items_[item].Tip);
     emit FocusMoved(area);
+    QAccessibleEvent told(this, QAccessible::Focus);
+    told.setChild(static_cast<int>(item));
+    QAccessible::updateAccessibility(&told);
     update();
 }
 

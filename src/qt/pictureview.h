@@ -42,12 +42,14 @@ public:
 
     void SetPicture(const picture::Picture* picture);  // null: none
     void SetMarked(const std::vector<std::string>& ids);
-    [[nodiscard]] PicturePage* Page() { return page_.get(); }
+    [[nodiscard]] PicturePage* Page() const { return page_.get(); }
     void FitTo(const QSize& viewport);  // as large as the viewport, or as the picture needs
     const std::vector<Item>& Items();
     [[nodiscard]] std::optional<std::size_t> FocusItem() const { return focus_; }
     [[nodiscard]] QRectF MarkedArea();
     [[nodiscard]] Look ScreenLook() const;
+    [[nodiscard]] std::optional<std::size_t> ItemAt(const QPointF& point) const;
+    void SetFocusItem(std::size_t item);
 
 signals:
     void FocusMoved(const QRect& area);
@@ -63,9 +65,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    [[nodiscard]] std::optional<std::size_t> ItemAt(const QPointF& point) const;
     void MoveFocus(int by);
-    void SetFocusItem(std::size_t item);
     void DrawFrame(QPainter& painter, const Item& item, bool focus) const;
 
     std::unique_ptr<PicturePage> page_;

@@ -204,6 +204,7 @@ QWidget* SidePane::MakeStepsPage()
     figures_->setAccessibleName(tr("Figures of the step"));
     layout->addWidget(figures_, 1);
     arithmetic_ = new QToolButton;
+    arithmetic_->setObjectName(QStringLiteral("cmdArithmetic"));
     arithmetic_->setText(tr("Arithmetic"));
     arithmetic_->setCheckable(true);
     arithmetic_->setFocusPolicy(Qt::ClickFocus);

@@ -1,0 +1,174 @@
+#include "qt/pictureview.h"
+
+#include <gmock/gmock.h>
+
+#include <QAccessible>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "picture/random_pictures.h"
+#include "qt/colors.h"
+#include "qt/savepicture.h"
+
+namespace {
+
+using picture::Role;
+
+picture::Picture ThreeMarks()
+{
+    picture::Chart chart;
+    chart.X = {.Title = "x", .From = 0, .To = 10};
+    chart.Y = {.Title = "y", .From = 0, .To = 10};
+    chart.Marks = {{.At = {2, 2}, .Text = "low", .Tip = "the low one", .Id = "a"},
+                   {.As = Role::Best, .At = {5, 8}, .Text = "high", .Tip = "the high one", .Id = "b"},
+                   {.At = {9, 4}, .Text = "right", .Tip = "the right one", .Id = "c"}};
+    return {.Title = "Marks", .Body = chart, .Notes = {"The high one is best."}};
+}
+
+QPalette Ground(const QColor& base, const QColor& text)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Text, text);
+    return palette;
+}
+
+const picture::Role kRoles[] = {Role::Plain,  Role::Past,  Role::Chosen,     Role::Critical,
+                                Role::Best,   Role::Limit, Role::Infeasible, Role::Forecast,
+                                Role::Second, Role::Spare, Role::NotTaken};
+
+}  // namespace
+
+TEST(PictureView, RandomPicturesArePaintedAtAnySize)
+{
+    random_pictures::Maker maker(20);
+    const QPalette palettes[] = {Ground(Qt::white, Qt::black), Ground(QColor(0x1E, 0x1E, 0x1E), Qt::white),
+                                 Ground(Qt::black, Qt::yellow)};
+    constexpr int kPictures = 1500;
+    for (int i = 0; i < kPictures; ++i) {
+        const picture::Picture picture = maker.Next();
+        qt::PictureCanvas canvas(nullptr);
+        canvas.setPalette(palettes[i % 3]);
+        canvas.SetPicture(&picture);
+        canvas.FitTo({260 + maker.Below(600), 120 + maker.Below(600)});
+        const QRectF page = QRectF(canvas.rect()).adjusted(-60, -60, 60, 60);
+        QImage image(canvas.size(), QImage::Format_RGB32);
+        canvas.render(&image);
+        for (const qt::Item& item : canvas.Items())
+            ASSERT_TRUE(page.contains(item.Shape.boundingRect().center()))
+                << i << ": " << item.Tip.toStdString();
+        canvas.SetMarked({"1"});
+        canvas.render(&image);
+        ASSERT_FALSE(picture::Describe(picture).empty());
+    }
+}
+
+TEST(PictureView, AllOfAPictureIsSavedAtTheWidthOfAPage)
+{
+    const QImage image = qt::ImageOf(ThreeMarks());
+    EXPECT_NEAR(image.width() * 1000.0 / image.dotsPerMeterX(), 170, 1);
+    EXPECT_EQ(image.pixelColor(1, 1), QColor(Qt::white));
+}
+
+TEST(PictureView, KeysGoFromItemToItem)
+{
+    const picture::Picture picture = ThreeMarks();
+    qt::PictureView view(nullptr);
+    view.resize(400, 300);
+    view.SetPicture(&picture);
+    view.show();
+    qt::PictureCanvas& canvas = view.Canvas();
+    canvas.setFocus();
+    EXPECT_FALSE(canvas.FocusItem());
+    QTest::keyClick(&canvas, Qt::Key_Tab);
+    ASSERT_TRUE(canvas.FocusItem());
+    EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Id, "a");
+    QTest::keyClick(&canvas, Qt::Key_Right);
+    EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Tip, "the high one");
+    QTest::keyClick(&canvas, Qt::Key_End);
+    EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Id, "c");
+    QTest::keyClick(&canvas, Qt::Key_Down);
+    EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Id, "a");
+    QTest::keyClick(&canvas, Qt::Key_Backtab);
+    EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Id, "c");
+}
+
+TEST(PictureView, AScreenReaderHearsTitleDescriptionAndItems)
+{
+    const picture::Picture picture = ThreeMarks();
+    qt::PictureView view(nullptr);
+    view.resize(400, 300);
+    view.SetPicture(&picture);
+    QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(&view.Canvas());
+    ASSERT_NE(canvas, nullptr);
+    EXPECT_EQ(canvas->text(QAccessible::Name), "Marks");
+    EXPECT_THAT(canvas->text(QAccessible::Description).toStdString(),
+                testing::HasSubstr("The high one is best."));
+    ASSERT_EQ(canvas->childCount(), 3);
+    EXPECT_EQ(canvas->child(1)->text(QAccessible::Name), "the high one");
+    EXPECT_FALSE(canvas->child(1)->rect().isEmpty());
+    EXPECT_EQ(canvas->indexOfChild(canvas->child(2)), 2);
+    EXPECT_EQ(canvas->child(0)->parent(), canvas);
+    canvas->child(2)->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    EXPECT_EQ(view.Canvas().FocusItem(), std::optional<std::size_t>(2));
+}
+
+TEST(PictureView, ScrollsWhereItIsSmallerThanThePicture)
+{
+    picture::Diagram ranks{.Kind = picture::Layout::Ranks, .Start = "9"};
+    for (int i = 0; i < 10; ++i)
+        ranks.Nodes.push_back({.Id = std::to_string(i), .Lines = {"0.000\t5.000\t5.000"}, .Rank = i});
+    const picture::Picture picture{.Title = "Network", .Body = ranks};
+    qt::PictureView view(nullptr);
+    view.resize(300, 300);
+    view.SetPicture(&picture);
+    EXPECT_GT(view.Canvas().width(), 1000);
+}
+
+// The figures of the palette: marks 3:1, texts 4.5:1, whatever the ground.
+TEST(Look, CanBeSeenAndReadOnEveryGround)
+{
+    for (const QColor& ground : {QColor(Qt::white), QColor(0xF4, 0xF4, 0xF4), QColor(0x1E, 0x1E, 0x1E),
+                                 QColor(0x2B, 0x2B, 0x2B), QColor(Qt::black), QColor(0x80, 0x80, 0x80)}) {
+        const qt::Look look = qt::Look::OnScreen(Ground(ground, qt::ReadableOn(ground, Qt::black)), 96);
+        EXPECT_GE(qt::Contrast(ground, look.Text), qt::kReadable);
+        EXPECT_GE(qt::Contrast(ground, look.Quiet), qt::kReadable);
+        EXPECT_GE(qt::Contrast(ground, look.Axis), qt::kVisible);
+        for (const Role role : kRoles) {
+            EXPECT_GE(qt::Contrast(ground, look.Of(role).Stroke), qt::kVisible) << WordFor(role);
+            EXPECT_GE(qt::Contrast(ground, look.Of(role).Text), qt::kReadable) << WordFor(role);
+        }
+    }
+}
+
+// In grey and to colour-blind eyes a role is known by its weight, dash, mark or strokes.
+TEST(Look, TellsRolesApartWithoutColour)
+{
+    const qt::Look look = qt::Look::OnPaper();
+    const auto shape = [&look](Role role) {
+        const qt::RoleLook of = look.Of(role);
+        return std::make_tuple(of.Width, of.Dashes, of.Mark, of.Bold, of.Hatched, of.Crossed);
+    };
+    const Role different[] = {Role::Plain,    Role::Chosen, Role::Limit, Role::Infeasible,
+                              Role::Forecast, Role::Second, Role::Spare};
+    for (const Role a : different)
+        for (const Role b : different)
+            EXPECT_EQ(shape(a) == shape(b), a == b) << WordFor(a) << " and " << WordFor(b);
+}
+
+TEST(SavedPictures, AreFilesOfTheirKind)
+{
+    QTemporaryDir folder;
+    const auto start = [&folder](const char* name) {
+        qt::SavePicture(ThreeMarks(), folder.filePath(name));
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.read(200).toStdString();
+    };
+    EXPECT_THAT(start("picture.PNG"), testing::HasSubstr("PNG"));
+    EXPECT_THAT(start("picture.pdf"), testing::StartsWith("%PDF"));
+    if (qt::PictureFilter().starts_with("SVG")) {
+        EXPECT_THAT(start("picture.svg"), testing::HasSubstr("<svg"));
+    }
+}

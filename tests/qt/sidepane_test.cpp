@@ -1,0 +1,235 @@
+#include "qt/sidepane.h"
+
+#include <gmock/gmock.h>
+
+#include <QLabel>
+#include <QListWidget>
+#include <QMainWindow>
+#include <QPlainTextEdit>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTextEdit>
+#include <QToolButton>
+
+#include "desktop/desktop.h"
+#include "qt/besidesplitter.h"
+#include "qt/pictureview.h"
+#include "support/fake_desktop.h"
+
+namespace {
+
+picture::Picture Bars(const std::string& title)
+{
+    picture::Chart chart;
+    chart.X = {.Names = {"A", "B"}};
+    chart.Y = {.From = 0, .To = 5};
+    chart.Curves = {{.Kind = picture::SeriesKind::Bars,
+                     .Name = "bars",
+                     .Points = {{1, 3}, {2, 5}},
+                     .Tips = {"3", "5"},
+                     .Id = "bars"}};
+    return {.Title = title, .Body = chart};
+}
+
+class Beside : public testing::Test {
+protected:
+    Beside() : splitter_(*new qt::BesideSplitter(new QLabel("inside"), &window_))
+    {
+        window_.setCentralWidget(&splitter_);
+        window_.setFocusPolicy(Qt::TabFocus);
+        window_.resize(1000, 600);
+        window_.show();
+        window_.activateWindow();
+        window_.setFocus();
+        QApplication::processEvents();
+    }
+
+    qt::PaneSources Counted()
+    {
+        return {.Pictures =
+                    [this] {
+                        ++made_;
+                        return std::vector<picture::Picture>{Bars("First"), Bars("Second")};
+                    },
+                .Steps =
+                    [this] {
+                        ++steps_;
+                        return std::vector<picture::Step>{{.Heading = "Start",
+                                                           .Figures = {"x  1"},
+                                                           .Why = "It begins.",
+                                                           .Arithmetic = {"1 = 1"}},
+                                                          {.Heading = "End",
+                                                           .Figures = {"x  2"},
+                                                           .Why = "It ends.",
+                                                           .Picture = "Second",
+                                                           .Marks = {"bars"}}};
+                    },
+                .Meaning =
+                    [this] {
+                        ++meanings_;
+                        return std::vector<picture::Sentence>{
+                            {.Text = "Make 3 of A."},
+                            {.Kind = picture::SentenceKind::Caution, .Text = "A <b> & c."}};
+                    }};
+    }
+
+    qt::SidePane& Pane() { return splitter_.Pane(); }
+    QToolButton* Button() { return window_.findChild<QToolButton*>("cmdBeside"); }
+    QTabWidget* Tabs() { return Pane().findChild<QTabWidget*>(); }
+    static void LetItWork()
+    {
+        for (int i = 0; i < 5; ++i)
+            QTest::qWait(1);
+    }
+
+    FakeDesktop desktop_;
+    QMainWindow window_;
+    qt::BesideSplitter& splitter_;
+    int made_ = 0;
+    int steps_ = 0;
+    int meanings_ = 0;
+};
+
+}  // namespace
+
+TEST_F(Beside, ThePaneIsComputedWhenItIsLookedAt)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    EXPECT_TRUE(Pane().isVisible());
+    EXPECT_EQ(made_, 0);  // not within the command
+    LetItWork();
+    EXPECT_EQ(made_, 1);
+    EXPECT_EQ(steps_, 0);
+    EXPECT_EQ(meanings_, 0);
+    Tabs()->setCurrentIndex(1);
+    LetItWork();
+    EXPECT_EQ(steps_, 1);
+    Tabs()->setCurrentIndex(2);
+    LetItWork();
+    EXPECT_EQ(meanings_, 1);
+    Tabs()->setCurrentIndex(0);
+    LetItWork();
+    EXPECT_EQ(made_, 1);
+}
+
+TEST_F(Beside, NothingIsComputedWhileItIsFoldedAway)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    Button()->click();
+    EXPECT_FALSE(Pane().isVisible());
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    EXPECT_EQ(made_, 1);
+    EXPECT_FALSE(Pane().isVisible());  // what was chosen lasts
+    Button()->click();
+    LetItWork();
+    EXPECT_TRUE(Pane().isVisible());
+    EXPECT_EQ(made_, 2);
+}
+
+TEST_F(Beside, TheReportKeepsItsWidthAndANarrowWindowFoldsThePaneAway)
+{
+    splitter_.ShowBesideReport(Counted(), 640);
+    LetItWork();
+    EXPECT_NEAR(splitter_.sizes()[0], 640, 1);
+    window_.resize(640 + splitter_.handleWidth() + qt::SidePane::kLeastWidth, 600);
+    LetItWork();
+    EXPECT_TRUE(Pane().isVisible());
+    window_.resize(640 + splitter_.handleWidth() + qt::SidePane::kLeastWidth - 1, 600);
+    LetItWork();
+    EXPECT_FALSE(Pane().isVisible());
+    EXPECT_TRUE(Button()->isVisible());
+    Button()->click();
+    EXPECT_TRUE(Pane().isVisible());
+}
+
+TEST_F(Beside, ComesAndGoesWithTheReport)
+{
+    EXPECT_FALSE(Button()->isVisible());
+    splitter_.ShowBesideReport(Counted(), 400);
+    EXPECT_TRUE(Button()->isVisible());
+    EXPECT_FALSE(Button()->toolTip().isEmpty());
+    splitter_.Remove();
+    EXPECT_FALSE(Pane().isVisible());
+    EXPECT_FALSE(Button()->isVisible());
+    EXPECT_FALSE(Pane().HasSources());
+    splitter_.ShowBesideReport({}, 400);  // a module that has nothing to show
+    EXPECT_FALSE(Pane().isVisible());
+    EXPECT_FALSE(Button()->isVisible());
+}
+
+TEST_F(Beside, AProblemIsOnlyLeftRoomForWhereThereIsSomethingToShow)
+{
+    splitter_.ShowBesideProblem({.Pictures = [] { return std::vector<picture::Picture>{}; }});
+    EXPECT_FALSE(Pane().isVisible());
+    splitter_.ShowBesideProblem(Counted());
+    EXPECT_TRUE(Pane().isVisible());
+    EXPECT_EQ(made_ + steps_ + meanings_, 3);  // the problem may be changed at once
+}
+
+TEST_F(Beside, TakesTheFocusOnlyWhenAsked)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    EXPECT_TRUE(window_.hasFocus());
+    QTest::keyClick(&window_, Qt::Key_Tab);
+    EXPECT_FALSE(Pane().isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(&window_, Qt::Key_F6);
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_TRUE(Pane().isAncestorOf(QApplication::focusWidget()));
+}
+
+TEST_F(Beside, ControlTabGoesThroughTheTabs)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    QTest::keyClick(&window_, Qt::Key_F6);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Tabs()->currentIndex(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), Pane().findChild<QListWidget*>());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::focusWidget(), Pane().findChild<QTextEdit*>());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(Tabs()->currentIndex(), 0);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(Tabs()->currentIndex(), 2);
+}
+
+TEST_F(Beside, AStepShowsItsFiguresItsReasonAndItsPicture)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    Tabs()->setCurrentIndex(1);
+    LetItWork();
+    auto* list = Pane().findChild<QListWidget*>();
+    auto* figures = Pane().findChild<QPlainTextEdit*>();
+    EXPECT_EQ(list->count(), 2);
+    EXPECT_EQ(list->item(0)->text(), "1. Start");
+    EXPECT_EQ(figures->toPlainText(), "x  1");
+    Pane().findChild<QToolButton*>("cmdArithmetic")->click();
+    EXPECT_EQ(figures->toPlainText(), "x  1\n1 = 1");
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(figures->toPlainText(), "x  2");
+    const auto views = Pane().findChildren<qt::PictureView*>();
+    const auto shown =
+        std::find_if(views.begin(), views.end(), [](qt::PictureView* view) { return view->isVisible(); });
+    ASSERT_NE(shown, views.end());
+    EXPECT_EQ((*shown)->Canvas().Page()->Shown().Title, "Second");
+    EXPECT_FALSE((*shown)->Canvas().MarkedArea().isEmpty());
+}
+
+TEST_F(Beside, MeaningIsPlainTextAndTellsCautions)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    Tabs()->setCurrentIndex(2);
+    LetItWork();
+    EXPECT_EQ(Pane().findChild<QTextEdit*>()->toPlainText(), "Make 3 of A.\nCaution: A <b> & c.");
+}
+
+TEST_F(Beside, AResultThatCannotBeShownHasNoContents)
+{
+    splitter_.ShowBesideReport(
+        {.Pictures = []() -> std::vector<picture::Picture> { Raise(ErrorNumber::Overflow); }}, 400);
+    LetItWork();
+    EXPECT_TRUE(Pane().Pictures().empty());
+}
