@@ -42,9 +42,8 @@ void TakeHeights(Chart& chart)
 
 // ---- costs ----
 
-constexpr int kStepsOfQuantity = 16;  // points of a curve up to the best quantity
-constexpr int kFirstStep = kStepsOfQuantity / 4;
-constexpr int kLastStep = 3 * kStepsOfQuantity;
+constexpr double kWindow = 12;  // from a quarter of the best quantity to three times it
+constexpr int kSteps = 48;      // of a curve; their quantities grow by equal factors, as it bends most on the left
 
 using Cost = double (CostCurve::*)(double) const;
 
@@ -52,9 +51,16 @@ using Cost = double (CostCurve::*)(double) const;
 std::vector<Point> Sampled(const CostCurve& curve, Cost cost, double best, double from, double to)
 {
     std::vector<Point> points{{from, (curve.*cost)(from)}};
-    for (int step = kFirstStep; step <= kLastStep; ++step) {
-        const double q = best / kStepsOfQuantity * step;
-        if (q > from && q < to) points.push_back({q, (curve.*cost)(q)});
+    double last = from;
+    const auto add = [&](double q) {
+        if (q <= last || q >= to) return;
+        points.push_back({q, (curve.*cost)(q)});
+        last = q;
+    };
+    for (int step = 1; step < kSteps; ++step) {
+        const double q = best / 4 * std::pow(kWindow, static_cast<double>(step) / kSteps);
+        if (q > best) add(best);
+        add(q);
     }
     points.push_back({to, (curve.*cost)(to)});
     return points;
