@@ -1,30 +1,12 @@
 // The scores of the alternatives under a criterion, and what knowing the state beforehand would be worth.
+#include "decision/DecisionCriteria.h"
+
 #include <algorithm>
 
 #include "decision/DecisionStrategy.h"
-#include "decision/VtDecisionAnalysis.h"
 
 namespace Decision {
 namespace {
-
-void MakeTables(int m, int n)
-{
-    Result = {};
-    Result.SignedPayoff = Array2<double>(m, n);
-    Result.AlternativeValue = Array1<double>(m);
-    Result.Recommended = Array1<int>(m);
-    Result.ColumnBest = Array1<double>(n);
-    Result.Regret = Array2<double>(m, n);
-}
-
-void FillSignedPayoff(int m, int n)
-{
-    Result.PayoffSign = Maximizes() ? kGains : kCosts;
-    for (int i = 1; i <= m; ++i)
-        for (int j = 1; j <= n; ++j)
-            Result.SignedPayoff(i, j) =
-                Result.PayoffSign == kCosts ? -Problem.Payoff(i, j) : Problem.Payoff(i, j);
-}
 
 // The first of the row's elements, or the one that the others do not beat.
 template <typename Beats>
@@ -46,87 +28,134 @@ double Least(const Array2<double>& table, int i, int n)
     return Extreme(table, i, n, [](double a, double b) { return a < b; });
 }
 
-void FillColumnBest(int m, int n)
+class Analysis {
+public:
+    explicit Analysis(const DecisionProblem& problem)
+        : problem_(problem), m_(problem.AlternativeCount), n_(problem.NatureStateCount)
+    {
+    }
+
+    DecisionResult Result();
+
+private:
+    void MakeTables();
+    void FillSignedPayoff();
+    void FillColumnBest();
+    void FillRegret();
+    void ScoreExpectedValue();
+    void Score();
+    void Recommend();
+    void UnsignScores();
+
+    const DecisionProblem& problem_;
+    int m_;
+    int n_;
+    DecisionResult result_;
+};
+
+void Analysis::MakeTables()
 {
-    for (int j = 1; j <= n; ++j) {
-        Result.ColumnBest(j) = Result.SignedPayoff(1, j);
-        for (int i = 2; i <= m; ++i)
-            Result.ColumnBest(j) = std::max(Result.ColumnBest(j), Result.SignedPayoff(i, j));
+    result_.SignedPayoff = Array2<double>(m_, n_);
+    result_.AlternativeValue = Array1<double>(m_);
+    result_.Recommended = Array1<int>(m_);
+    result_.ColumnBest = Array1<double>(n_);
+    result_.Regret = Array2<double>(m_, n_);
+}
+
+void Analysis::FillSignedPayoff()
+{
+    result_.PayoffSign = Maximizes(problem_) ? kGains : kCosts;
+    for (int i = 1; i <= m_; ++i)
+        for (int j = 1; j <= n_; ++j)
+            result_.SignedPayoff(i, j) =
+                result_.PayoffSign == kCosts ? -problem_.Payoff(i, j) : problem_.Payoff(i, j);
+}
+
+void Analysis::FillColumnBest()
+{
+    for (int j = 1; j <= n_; ++j) {
+        result_.ColumnBest(j) = result_.SignedPayoff(1, j);
+        for (int i = 2; i <= m_; ++i)
+            result_.ColumnBest(j) = std::max(result_.ColumnBest(j), result_.SignedPayoff(i, j));
     }
 }
 
-void FillRegret(int m, int n)
+void Analysis::FillRegret()
 {
-    FillColumnBest(m, n);
-    for (int i = 1; i <= m; ++i)
-        for (int j = 1; j <= n; ++j)
-            Result.Regret(i, j) = Result.ColumnBest(j) - Result.SignedPayoff(i, j);
+    FillColumnBest();
+    for (int i = 1; i <= m_; ++i)
+        for (int j = 1; j <= n_; ++j)
+            result_.Regret(i, j) = result_.ColumnBest(j) - result_.SignedPayoff(i, j);
 }
 
-void ScoreExpectedValue(int m, int n)
+void Analysis::ScoreExpectedValue()
 {
-    for (int i = 1; i <= m; ++i)
-        for (int j = 1; j <= n; ++j)
-            Result.AlternativeValue(i) += Result.SignedPayoff(i, j) * Problem.StatePrior(j);
-    FillColumnBest(m, n);
-    for (int j = 1; j <= n; ++j)
-        Result.ExpectedBestPayoff += Result.ColumnBest(j) * Problem.StatePrior(j);
+    for (int i = 1; i <= m_; ++i)
+        for (int j = 1; j <= n_; ++j)
+            result_.AlternativeValue(i) += result_.SignedPayoff(i, j) * problem_.StatePrior(j);
+    FillColumnBest();
+    for (int j = 1; j <= n_; ++j)
+        result_.ExpectedBestPayoff += result_.ColumnBest(j) * problem_.StatePrior(j);
 }
 
-void Score(int m, int n)
+void Analysis::Score()
 {
-    if (Problem.Criterion == kExpectedValue) {
-        ScoreExpectedValue(m, n);
+    if (result_.Criterion == kExpectedValue) {
+        ScoreExpectedValue();
         return;
     }
-    const bool byRegret = Problem.Criterion == kMinimaxRegret;
-    if (byRegret) FillRegret(m, n);
-    for (int i = 1; i <= m; ++i) {
-        double& score = Result.AlternativeValue(i);
-        if (Problem.Criterion == kOptimistic) score = Greatest(Result.SignedPayoff, i, n);
-        if (Problem.Criterion == kConservative) score = Least(Result.SignedPayoff, i, n);
-        if (byRegret) score = Greatest(Result.Regret, i, n);
+    const bool byRegret = result_.Criterion == kMinimaxRegret;
+    if (byRegret) FillRegret();
+    for (int i = 1; i <= m_; ++i) {
+        double& score = result_.AlternativeValue(i);
+        if (result_.Criterion == kOptimistic) score = Greatest(result_.SignedPayoff, i, n_);
+        if (result_.Criterion == kConservative) score = Least(result_.SignedPayoff, i, n_);
+        if (byRegret) score = Greatest(result_.Regret, i, n_);
     }
 }
 
 // The least regret, the greatest of any other score; all alternatives that have it, exactly.
-void Recommend(int m)
+void Analysis::Recommend()
 {
-    const bool least = Problem.Criterion == kMinimaxRegret;
-    for (int i = 1; i <= m; ++i) {
-        const double score = Result.AlternativeValue(i);
-        const bool better = least ? score < Result.BestValue : score > Result.BestValue;
-        if (i == 1 || better) Result.BestValue = score;
+    const bool least = result_.Criterion == kMinimaxRegret;
+    for (int i = 1; i <= m_; ++i) {
+        const double score = result_.AlternativeValue(i);
+        const bool better = least ? score < result_.BestValue : score > result_.BestValue;
+        if (i == 1 || better) result_.BestValue = score;
     }
-    for (int i = 1; i <= m; ++i)
-        Result.Recommended(i) = Result.AlternativeValue(i) == Result.BestValue ? 1 : 0;
+    for (int i = 1; i <= m_; ++i)
+        result_.Recommended(i) = result_.AlternativeValue(i) == result_.BestValue ? 1 : 0;
 }
 
 // Costs go back to their own scale; regrets are losses in either sense.
-void UnsignScores(int m)
+void Analysis::UnsignScores()
 {
-    if (Result.PayoffSign != kCosts || Problem.Criterion == kMinimaxRegret) return;
-    for (int i = 1; i <= m; ++i)
-        Result.AlternativeValue(i) = -Result.AlternativeValue(i);
+    if (result_.PayoffSign != kCosts || result_.Criterion == kMinimaxRegret) return;
+    for (int i = 1; i <= m_; ++i)
+        result_.AlternativeValue(i) = -result_.AlternativeValue(i);
+}
+
+DecisionResult Analysis::Result()
+{
+    result_.Criterion = HasStateProbabilities(problem_) ? kExpectedValue : problem_.Criterion;
+    MakeTables();
+    FillSignedPayoff();
+    Score();
+    Recommend();
+    UnsignScores();
+    if (result_.Criterion == kExpectedValue) {
+        result_.PerfectInformationValue = result_.ExpectedBestPayoff - result_.BestValue;
+        if (ComputesStrategy(problem_)) DevelopStrategy(problem_, result_);
+    }
+    result_.Solved = true;
+    return result_;
 }
 
 }  // namespace
 
-void Analyse()
+DecisionResult Analyse(const DecisionProblem& problem)
 {
-    const int m = Problem.AlternativeCount;
-    const int n = Problem.NatureStateCount;
-    if (HasStateProbabilities()) Problem.Criterion = kExpectedValue;
-    MakeTables(m, n);
-    FillSignedPayoff(m, n);
-    Score(m, n);
-    Recommend(m);
-    UnsignScores(m);
-    if (Problem.Criterion == kExpectedValue) {
-        Result.PerfectInformationValue = Result.ExpectedBestPayoff - Result.BestValue;
-        if (ComputesStrategy()) DevelopStrategy();
-    }
-    Result.Solved = true;
+    return Analysis(problem).Result();
 }
 
 }  // namespace Decision

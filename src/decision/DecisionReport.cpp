@@ -6,8 +6,6 @@
 
 #include "basic/format.h"
 #include "decision/VtDecisionAnalysis.h"
-#include "shell/menus.h"
-#include "shell/solution.h"
 
 namespace Decision {
 namespace {
@@ -48,7 +46,7 @@ const Field& ByDecimals(const std::array<Field, 3>& fields)
 
 std::string_view CriterionWords(bool onScreen)
 {
-    switch (Problem.Criterion) {
+    switch (Result.Criterion) {
         case kOptimistic:
             return "USING THE OPTIMISTIC CRITERION";
         case kConservative:
@@ -63,7 +61,7 @@ std::string_view CriterionWords(bool onScreen)
 const Field& ScoreField()
 {
     static constexpr std::array<Field, 3> kScores{{{"#,######0", 9}, {"#,####0.0", 9}, kMoney}};
-    const bool isPayoff = Problem.Criterion == kOptimistic || Problem.Criterion == kConservative;
+    const bool isPayoff = Result.Criterion == kOptimistic || Result.Criterion == kConservative;
     return isPayoff ? ByDecimals(kScores) : kMoney;
 }
 
@@ -74,9 +72,12 @@ std::string RecommendationRow(int alternative)
            (Result.Recommended(alternative) == 1 ? "           YES" : "");
 }
 
-void RecommendationRows(ReportChannel& out, std::string_view criterionWords)
+void RecommendationRows(ReportChannel& out)
 {
-    out.Line(criterionWords);
+    out.Line("DECISION RECOMMENDATION");
+    out.Line("***********************");
+    out.Line();
+    out.Line(CriterionWords(out.OnScreen()));
     out.Line();
     out.Line("      DECISION        CRITERION       RECOMMENDED");
     out.Line("    ALTERNATIVE         VALUE           DECISION");
@@ -158,18 +159,6 @@ void ShowStrategy(ReportChannel& page)
               Result.SampleInformationValue);
     if (Result.PerfectInformationValue != 0)
         page.Line(EfficiencyLine("       EFFICIENCY OF THE SAMPLE INFORMATION          ", {"####0.0", 7}));
-}
-
-void ShowResults()
-{
-    BeginSolution("DECISION RECOMMENDATION");
-    SolutionChannel page;
-    page.Line("***********************");
-    page.Line();
-    RecommendationRows(page, CriterionWords(true));
-    if (Problem.Criterion == kExpectedValue) ShowPerfectInformation(page);
-    if (Result.HasStrategy) ShowStrategy(page);
-    ShowSolution();
 }
 
 // ---- the full report ----
@@ -288,21 +277,18 @@ void WritePerfectInformation(ReportChannel& out)
 
 void WriteRecommendation(ReportChannel& out)
 {
-    out.Line("DECISION RECOMMENDATION");
-    out.Line("***********************");
-    out.Line();
-    RecommendationRows(out, CriterionWords(false));
-    if (Problem.Criterion == kExpectedValue) WritePerfectInformation(out);
+    RecommendationRows(out);
+    if (Result.Criterion == kExpectedValue) WritePerfectInformation(out);
     if (Result.HasStrategy) WriteStrategy(out);
 }
 
 }  // namespace
 
-void SolveAndShow()
+void WritePage(ReportChannel& out)
 {
-    Analyse();
-    ShowResults();
-    Menus.SetEnabled(EditItemName(0), true);
+    RecommendationRows(out);
+    if (Result.Criterion == kExpectedValue) ShowPerfectInformation(out);
+    if (Result.HasStrategy) ShowStrategy(out);
 }
 
 void WriteReport(ReportChannel& out)
@@ -316,7 +302,7 @@ void WriteReport(ReportChannel& out)
     out.Line();
     out.NewPage();
     WriteRecommendation(out);
-    if (Problem.Criterion != kExpectedValue || !Result.HasStrategy) out.NewPage();
+    if (Result.Criterion != kExpectedValue || !Result.HasStrategy) out.NewPage();
 }
 
 }  // namespace Decision

@@ -6,7 +6,7 @@
 
 namespace Decision {
 
-void SolveAndShow();
+void WritePage(ReportChannel& out);
 void WriteReport(ReportChannel& out);  // nothing when nothing has been solved
 
 }  // namespace Decision

@@ -3,76 +3,76 @@
 #include <cmath>
 
 #include "basic/number.h"
-#include "decision/VtDecisionAnalysis.h"
 
 namespace Decision {
 namespace {
 
-void MakeTables(int states, int outcomes)
+void MakeTables(DecisionResult& result, int states, int outcomes)
 {
-    Result.JointProbability = Array2<double>(states, outcomes);
-    Result.IndicatorProbability = Array1<double>(outcomes);
-    Result.PosteriorProbability = Array2<double>(states, outcomes);
-    Result.StrategyDecision = Array1<int>(outcomes);
-    Result.StrategyValue = Array1<double>(outcomes);
+    result.JointProbability = Array2<double>(states, outcomes);
+    result.IndicatorProbability = Array1<double>(outcomes);
+    result.PosteriorProbability = Array2<double>(states, outcomes);
+    result.StrategyDecision = Array1<int>(outcomes);
+    result.StrategyValue = Array1<double>(outcomes);
 }
 
-void ReviseProbabilities(int states, int outcomes)
+void ReviseProbabilities(const DecisionProblem& problem, DecisionResult& result, int states, int outcomes)
 {
     for (int j = 1; j <= states; ++j) {
         for (int k = 1; k <= outcomes; ++k) {
-            Result.JointProbability(j, k) = Problem.IndicatorGivenState(j, k) * Problem.StatePrior(j);
-            Result.IndicatorProbability(k) += Result.JointProbability(j, k);
+            result.JointProbability(j, k) = problem.IndicatorGivenState(j, k) * problem.StatePrior(j);
+            result.IndicatorProbability(k) += result.JointProbability(j, k);
         }
     }
     for (int j = 1; j <= states; ++j)
         for (int k = 1; k <= outcomes; ++k)
-            if (Result.IndicatorProbability(k) != 0)
-                Result.PosteriorProbability(j, k) =
-                    Result.JointProbability(j, k) / Result.IndicatorProbability(k);
+            if (result.IndicatorProbability(k) != 0)
+                result.PosteriorProbability(j, k) =
+                    result.JointProbability(j, k) / result.IndicatorProbability(k);
 }
 
-double ExpectedValue(int alternative, int outcome)
+double ExpectedValue(const DecisionProblem& problem, const DecisionResult& result, int alternative,
+                     int outcome)
 {
     double value = 0;
-    for (int j = 1; j <= Problem.NatureStateCount; ++j)
-        value += Result.SignedPayoff(alternative, j) * Result.PosteriorProbability(j, outcome);
+    for (int j = 1; j <= problem.NatureStateCount; ++j)
+        value += result.SignedPayoff(alternative, j) * result.PosteriorProbability(j, outcome);
     return value;
 }
 
 // Of alternatives that tie, the last one.
-void ChooseFor(int outcome)
+void ChooseFor(const DecisionProblem& problem, DecisionResult& result, int outcome)
 {
     double best = 0;
-    for (int i = 1; i <= Problem.AlternativeCount; ++i) {
-        const double value = ExpectedValue(i, outcome);
+    for (int i = 1; i <= problem.AlternativeCount; ++i) {
+        const double value = ExpectedValue(problem, result, i, outcome);
         if (i == 1 || value > best) best = value;
-        if (value == best) Result.StrategyDecision(outcome) = i;
+        if (value == best) result.StrategyDecision(outcome) = i;
     }
-    Result.StrategyValue(outcome) = best;
+    result.StrategyValue(outcome) = best;
 }
 
-void ValueStrategy(int outcomes)
+void ValueStrategy(DecisionResult& result, int outcomes)
 {
     for (int k = 1; k <= outcomes; ++k)
-        Result.ExpectedStrategyValue += Result.IndicatorProbability(k) * Result.StrategyValue(k);
-    Result.SampleInformationValue = std::abs(Result.ExpectedStrategyValue - Result.BestValue);
-    if (Result.PayoffSign == kCosts) Result.ExpectedStrategyValue = -Result.ExpectedStrategyValue;
-    if (Result.PerfectInformationValue != 0)
-        Result.SampleEfficiency = Divide(100 * Result.SampleInformationValue, Result.PerfectInformationValue);
+        result.ExpectedStrategyValue += result.IndicatorProbability(k) * result.StrategyValue(k);
+    result.SampleInformationValue = std::abs(result.ExpectedStrategyValue - result.BestValue);
+    if (result.PayoffSign == kCosts) result.ExpectedStrategyValue = -result.ExpectedStrategyValue;
+    if (result.PerfectInformationValue != 0)
+        result.SampleEfficiency = Divide(100 * result.SampleInformationValue, result.PerfectInformationValue);
 }
 
 }  // namespace
 
-void DevelopStrategy()
+void DevelopStrategy(const DecisionProblem& problem, DecisionResult& result)
 {
-    const int outcomes = Problem.IndicatorCount;
-    MakeTables(Problem.NatureStateCount, outcomes);
-    ReviseProbabilities(Problem.NatureStateCount, outcomes);
+    const int outcomes = problem.IndicatorCount;
+    MakeTables(result, problem.NatureStateCount, outcomes);
+    ReviseProbabilities(problem, result, problem.NatureStateCount, outcomes);
     for (int k = 1; k <= outcomes; ++k)
-        ChooseFor(k);
-    ValueStrategy(outcomes);
-    Result.HasStrategy = true;
+        ChooseFor(problem, result, k);
+    ValueStrategy(result, outcomes);
+    result.HasStrategy = true;
 }
 
 }  // namespace Decision

@@ -2,9 +2,11 @@
 // what the sample is worth.
 #pragma once
 
+#include "decision/VtDecisionAnalysis.h"
+
 namespace Decision {
 
-// Reads Problem and the expected value half of Result, fills the rest of Result.
-void DevelopStrategy();
+// Reads the problem and the expected value half of the result, fills the rest of it.
+void DevelopStrategy(const DecisionProblem& problem, DecisionResult& result);
 
 }  // namespace Decision

@@ -3,9 +3,9 @@
 #include "basic/entrytext.h"
 #include "basic/number.h"
 #include "basic/numberrow.h"
+#include "decision/DecisionCriteria.h"
 #include "desktop/desktop.h"
 #include "shell/commands.h"
-#include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
@@ -150,19 +150,19 @@ int CommitIndicatorProbability(double& stored, std::string_view text)
 
 }  // namespace
 
-bool HasStateProbabilities()
+bool HasStateProbabilities(const DecisionProblem& problem)
 {
-    return Problem.HasStateProbabilities == "YES";
+    return problem.HasStateProbabilities == "YES";
 }
 
-bool ComputesStrategy()
+bool ComputesStrategy(const DecisionProblem& problem)
 {
-    return Problem.ComputeStrategy == "YES";
+    return problem.ComputeStrategy == "YES";
 }
 
-bool Maximizes()
+bool Maximizes(const DecisionProblem& problem)
 {
-    return Problem.Maximize == "YES";
+    return problem.Maximize == "YES";
 }
 
 std::string LabelOf(int index)
@@ -290,10 +290,14 @@ bool AskSenseAndCriterion()
     } else {
         desktop::TheForms().ShowModal("frmdecnopt");
     }
-    if (!Session.DialogCancelled) return true;
-    Menus.SetEnabled(EditItemName(0), false);  // there is no report to come back from
-    desktop::TheForms().FocusMenu();
-    return false;
+    return !Session.DialogCancelled;
+}
+
+void SolveProblem()
+{
+    Result = {};
+    Result = Analyse(Problem);
+    Problem.Criterion = Result.Criterion;
 }
 
 void TakeCriterion(bool maximize, int criterion)

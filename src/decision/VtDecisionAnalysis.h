@@ -39,7 +39,8 @@ struct DecisionProblem {
 
 struct DecisionResult {
     bool Solved = false;
-    bool HasStrategy = false;  // the fields from JointProbability on are filled
+    int Criterion = kOptimistic;  // of the scores; with state probabilities always the expected value
+    bool HasStrategy = false;     // the fields from JointProbability on are filled
 
     int PayoffSign = kGains;
     Array2<double> SignedPayoff;      // (i, j): the payoff, negated for costs, so that more is always better
@@ -66,9 +67,9 @@ extern DecisionResult Result;
 
 // ---- the problem ----
 
-bool HasStateProbabilities();
-bool ComputesStrategy();
-bool Maximizes();
+bool HasStateProbabilities(const DecisionProblem& problem = Problem);
+bool ComputesStrategy(const DecisionProblem& problem = Problem);
+bool Maximizes(const DecisionProblem& problem = Problem);
 
 // How an alternative, a state or an outcome is called: its number.
 std::string LabelOf(int index);
@@ -114,12 +115,10 @@ bool AskSenseAndCriterion();
 void TakeCriterion(bool maximize, int criterion);  // the answer of `frmdecnopt`
 void CancelDialog();                               // its Cancel, and that of `frmDecisionFeatures`
 
-// ---- engine ----
+// ---- solving ----
 
-// Reads Problem (Criterion 1 to 3 without state probabilities), leaves Result and, with state probabilities,
-// sets Criterion to the expected value. All alternatives with the best score are recommended; of alternatives
-// that tie at an outcome of the sample the last one is taken. An outcome that cannot come has no posterior
-// probabilities and the value 0.
-void Analyse();
+// The engine on the problem; leaves the result, and the criterion that it has used in the problem. A run-time
+// error of the engine leaves a result that is not solved.
+void SolveProblem();
 
 }  // namespace Decision

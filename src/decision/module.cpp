@@ -1,16 +1,17 @@
 #include "decision/module.h"
 
 #include "basic/error.h"
+#include "decision/DecisionCheck.h"
 #include "decision/DecisionReport.h"
 #include "decision/VtDecisionAnalysis.h"
-#include "shell/checks.h"
 
 namespace Decision {
 namespace {
 
-bool Check()
+SolveOutcome Answer()
 {
-    return CheckDecision({.Commit = CommitCell, .Runs = Runs, .Probability = Probability, .Count = Count});
+    SolveProblem();
+    return {};
 }
 
 void Write(RecordWriter& file)
@@ -84,8 +85,8 @@ const ModuleRoutines& DecisionAnalysis()
         .TakeNumbers = Decision::TakeNumbers,
         .Check = Decision::Check,
         .Prepare = Decision::AskSenseAndCriterion,
-        .SolveAndShow = Decision::SolveAndShow,
-        .ShellEnablesPrinting = true,
+        .Solve = Decision::Answer,
+        .Page = Decision::WritePage,
         .Reports = {Decision::WriteReport},
         .Write = Decision::Write,
         .Read = Decision::Read,

@@ -8,56 +8,9 @@
 
 namespace {
 
-// A row of probabilities may miss 1 by rounding; the bounds are not alike on both sides.
-constexpr double kLeastRowSum = 0.9990001;
-constexpr double kMostRowSum = 1.001;
-
-// "Checking Problem Data. . ." on the indicator while it lives.
-class CheckingIndicator {
-public:
-    CheckingIndicator() : before_(desktop::TheScreen().Indicator())
-    {
-        desktop::TheScreen().SetIndicator("Checking Problem Data. . .");
-        desktop::TheScreen().Refresh();
-    }
-    ~CheckingIndicator()
-    {
-        desktop::TheScreen().SetIndicator(before_);
-        desktop::TheScreen().Refresh();
-    }
-    CheckingIndicator(const CheckingIndicator&) = delete;
-    CheckingIndicator& operator=(const CheckingIndicator&) = delete;
-
-private:
-    std::string before_;
-};
-
-Grid& GridOn(std::string_view form, std::string_view grid)
-{
-    return desktop::TheForms().Loaded(form).GridOf(grid);
-}
-
-bool IsWholeProbability(double rowSum)
-{
-    return rowSum >= kLeastRowSum && rowSum <= kMostRowSum;
-}
-
-void TellRowSum(const std::string& beginning, double rowSum, std::string_view end)
-{
-    MsgBox(beginning + " must equal 1!!!  The probabilities that you have input sum to " +
-               Format(rowSum, "0.000") + std::string(end),
-           "WARNING");
-}
-
 constexpr std::string_view kLinearProgramForm = "frmLPproblem";
 constexpr std::string_view kTableauForm = "frmProblem";
 constexpr std::string_view kTableauGrid = "gridDisplayEdit";
-constexpr std::string_view kDecisionForm = "frmDecisionProblem";
-
-std::string ArrayGrid(int index)
-{
-    return "Grid(" + std::to_string(index) + ")";
-}
 
 // Whether the cell holds a text; an empty one is reported and selected.
 bool HasText(int gridIndex, int row, int column, std::string_view message)
@@ -110,34 +63,44 @@ bool WalkTableau(const std::function<double(int row, int column)>& probability, 
     return true;
 }
 
-// One pass of the decision check over its grid.
-bool WalkDecision(const DecisionGrids& grids, int pass, bool& focusGrid)
+}  // namespace
+
+CheckingIndicator::CheckingIndicator() : before_(desktop::TheScreen().Indicator())
 {
-    const std::string name = ArrayGrid(pass);
-    Grid& grid = GridOn(kDecisionForm, name);
-    const int lastRow = pass == 1 ? 1 : grid.Rows() - 1;
-    for (int row = 1; row <= lastRow; ++row) {
-        double rowSum = 0;
-        for (int column = 1; column < grid.Columns(); ++column) {
-            grid.Select(row, column);
-            const int code = grids.Commit(pass, row, column, grid.Text(row, column));
-            focusGrid = code == kCellRefused;
-            if (!AcceptCell(code, kDecisionForm, name, row, column)) return false;
-            if (pass != 0) rowSum += grids.Probability(pass, row, column);
-        }
-        if (pass != 0 && !IsWholeProbability(rowSum)) {
-            const char* what = pass == 1 ? " states of nature" : " indicator outcomes";
-            TellRowSum("The sum of the probabilities for the " + std::to_string(grids.Count(pass)) + what,
-                       rowSum, ".");
-            grid.Select(row, grid.Columns() - 1);
-            focusGrid = true;
-            return false;
-        }
-    }
-    return true;
+    desktop::TheScreen().SetIndicator("Checking Problem Data. . .");
+    desktop::TheScreen().Refresh();
 }
 
-}  // namespace
+CheckingIndicator::~CheckingIndicator()
+{
+    desktop::TheScreen().SetIndicator(before_);
+    desktop::TheScreen().Refresh();
+}
+
+Grid& GridOn(std::string_view form, std::string_view grid)
+{
+    return desktop::TheForms().Loaded(form).GridOf(grid);
+}
+
+std::string ArrayGrid(int index)
+{
+    return "Grid(" + std::to_string(index) + ")";
+}
+
+// A row may miss 1 by rounding; the bounds are not alike on both sides.
+bool IsWholeProbability(double rowSum)
+{
+    constexpr double kLeast = 0.9990001;
+    constexpr double kMost = 1.001;
+    return rowSum >= kLeast && rowSum <= kMost;
+}
+
+void TellRowSum(const std::string& beginning, double rowSum, std::string_view end)
+{
+    MsgBox(beginning + " must equal 1!!!  The probabilities that you have input sum to " +
+               Format(rowSum, "0.000") + std::string(end),
+           "WARNING");
+}
 
 bool AcceptCell(int code, std::string_view form, std::string_view grid, int row, int column)
 {
@@ -184,17 +147,4 @@ bool CheckProbabilityTableau(const std::function<double(int row, int column)>& p
     }
     if (focusGrid) GridOn(kTableauForm, kTableauGrid).SetFocus();
     return accepted;
-}
-
-bool CheckDecision(const DecisionGrids& grids)
-{
-    bool focusGrid = false;
-    int failed = -1;
-    {
-        const CheckingIndicator indicator;
-        for (int pass = 0; pass <= 2 && failed < 0; ++pass)
-            if (grids.Runs(pass) && !WalkDecision(grids, pass, focusGrid)) failed = pass;
-    }
-    if (focusGrid) GridOn(kDecisionForm, ArrayGrid(failed)).SetFocus();
-    return failed < 0;
 }

@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "desktop/grid.h"
+
 // Commits what is being typed into a grid of the problem form; every command that uses the problem begins
 // with it. False: it was refused, and told; the cell has the focus.
 bool FinishTyping();
@@ -19,14 +21,25 @@ bool CheckTableau();
 // The same, and every row of stored probabilities (row, column) must add up to 1.
 bool CheckProbabilityTableau(const std::function<double(int row, int column)>& probability);
 
-// The grids of `frmDecisionProblem`.
-struct DecisionGrids {
-    std::function<int(int pass, int row, int column, std::string_view text)> Commit = {};
-    std::function<bool(int pass)> Runs = {};                                // pass 0 always does
-    std::function<double(int pass, int row, int column)> Probability = {};  // passes 1 and 2
-    std::function<int(int pass)> Count = {};  // what the warning names: states (pass 1), outcomes (pass 2)
+// ---- what checks are made of ----
+
+// "Checking Problem Data. . ." on the indicator while it lives.
+class CheckingIndicator {
+public:
+    CheckingIndicator();
+    ~CheckingIndicator();
+    CheckingIndicator(const CheckingIndicator&) = delete;
+    CheckingIndicator& operator=(const CheckingIndicator&) = delete;
+
+private:
+    std::string before_;
 };
-bool CheckDecision(const DecisionGrids& grids);
+
+Grid& GridOn(std::string_view form, std::string_view grid);
+std::string ArrayGrid(int index);  // "Grid(0)", of a control array
+
+bool IsWholeProbability(double rowSum);
+void TellRowSum(const std::string& beginning, double rowSum, std::string_view end);
 
 // One cell's code: asks about the first empty cell; a refused one is blank then and waits to be entered
 // again. False: the command ends. The indicator is not touched.

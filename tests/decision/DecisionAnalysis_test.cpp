@@ -33,28 +33,28 @@ const Table kStall = {{-40, 60, 200}, {10, 80, 120}, {90, 50, 5}};
 TEST(DecisionCriteria, OptimismLooksAtTheBestState)
 {
     GivenPayoffs(kStall, true, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({200, 120, 90}, {1, 0, 0});
 }
 
 TEST(DecisionCriteria, OptimismAboutCostsLooksAtTheLeastCost)
 {
     GivenPayoffs(kStall, false, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({-40, 10, 5}, {1, 0, 0});
 }
 
 TEST(DecisionCriteria, CautionLooksAtTheWorstState)
 {
     GivenPayoffs(kStall, true, Decision::kConservative);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({-40, 10, 5}, {0, 1, 0});
 }
 
 TEST(DecisionCriteria, CautionAboutCostsLooksAtTheGreatestCost)
 {
     GivenPayoffs(kStall, false, Decision::kConservative);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({200, 120, 90}, {0, 0, 1});
 }
 
@@ -62,7 +62,7 @@ TEST(DecisionCriteria, CautionAboutCostsLooksAtTheGreatestCost)
 TEST(DecisionCriteria, MinimaxRegretTakesTheSmallestOfTheGreatestLosses)
 {
     GivenPayoffs(kStall, true, Decision::kMinimaxRegret);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({130, 80, 195}, {0, 1, 0});
     EXPECT_EQ(Result.Regret(1, 2), 20);
     EXPECT_EQ(Result.BestValue, 80);
@@ -72,33 +72,33 @@ TEST(DecisionCriteria, MinimaxRegretTakesTheSmallestOfTheGreatestLosses)
 TEST(DecisionCriteria, RegretsOfCostsArePositiveLosses)
 {
     GivenPayoffs(kStall, false, Decision::kMinimaxRegret);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({195, 115, 130}, {0, 1, 0});
 }
 
 TEST(DecisionCriteria, CostsOfOneStateAreReportedAsTheyWereEntered)
 {
     GivenPayoffs({{10}, {20}}, false, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({10, 20}, {1, 0});
     EXPECT_EQ(Result.BestValue, -10);
 
     GivenPayoffs({{10}, {20}}, false, Decision::kMinimaxRegret);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({0, 10}, {1, 0});
 }
 
 TEST(DecisionCriteria, AllAlternativesWithTheBestScoreAreRecommended)
 {
     GivenPayoffs({{5, 1}, {3, 5}, {4, 4}}, true, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({5, 5, 4}, {1, 1, 0});
 }
 
 TEST(DecisionCriteria, AScoreThatMissesTheBestByAHairIsNotRecommended)
 {
     GivenPayoffs({{0.3}, {0.1 + 0.2}}, true, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_THAT(ListOf(Result.Recommended), ElementsAre(0, 1));
 }
 
@@ -106,7 +106,7 @@ TEST(DecisionCriteria, OneStateMakesOptimismAndCautionAlike)
 {
     for (const int criterion : {Decision::kOptimistic, Decision::kConservative}) {
         GivenPayoffs({{3}, {-2}}, true, criterion);
-        Decision::Analyse();
+        Decision::SolveProblem();
         ExpectAnswer({3, -2}, {1, 0});
     }
 }
@@ -114,16 +114,16 @@ TEST(DecisionCriteria, OneStateMakesOptimismAndCautionAlike)
 TEST(DecisionCriteria, AllPayoffsBelowZeroStillHaveABest)
 {
     GivenPayoffs({{-9, -5}, {-7, -6}}, true, Decision::kConservative);
-    Decision::Analyse();
+    Decision::SolveProblem();
     ExpectAnswer({-9, -7}, {0, 1});
 }
 
 TEST(DecisionCriteria, ASecondSolveForgetsTheFirst)
 {
     GivenPayoffs(kStall, true, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     Decision::TakeCriterion(true, Decision::kConservative);
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_THAT(ListOf(Result.Recommended), ElementsAre(0, 1, 0));
     EXPECT_EQ(Result.PerfectInformationValue, 0);
 }
@@ -133,7 +133,7 @@ TEST(ExpectedValue, WeighsTheStatesByTheirProbabilities)
 {
     GivenPayoffs(kStall, true, Decision::kOptimistic);
     GivenStateProbabilities({0.2, 0.5, 0.3});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_EQ(Problem.Criterion, Decision::kExpectedValue);
     EXPECT_THAT(ListOf(Result.AlternativeValue), Pointwise(DoubleNear(kNear), {82.0, 78.0, 44.5}));
     EXPECT_THAT(ListOf(Result.Recommended), ElementsAre(1, 0, 0));
@@ -147,7 +147,7 @@ TEST(ExpectedValue, OfCostsIsSmallestAtTheRecommendation)
 {
     GivenPayoffs(kStall, false, Decision::kOptimistic);
     GivenStateProbabilities({0.2, 0.5, 0.3});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_THAT(ListOf(Result.AlternativeValue), Pointwise(DoubleNear(kNear), {82.0, 78.0, 44.5}));
     EXPECT_THAT(ListOf(Result.Recommended), ElementsAre(0, 0, 1));
     EXPECT_NEAR(Result.PerfectInformationValue, 26, kNear);
@@ -158,7 +158,7 @@ TEST(ExpectedValue, OfPerfectInformationIsZeroWhenOneAlternativeIsAlwaysBest)
     GivenPayoffs({{5, 9}, {4, 8}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     GivenSample({{0.75, 0.25}, {0.25, 0.75}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_EQ(Result.PerfectInformationValue, 0);
     EXPECT_EQ(Result.SampleEfficiency, 0);
 }
@@ -172,7 +172,7 @@ TEST(Strategy, FollowsASampleWhereItChangesTheDecision)
     GivenPayoffs({{70, -30}, {20, 20}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.4, 0.6});
     GivenSample({{0.9, 0.1}, {0.2, 0.8}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_TRUE(Result.HasStrategy);
     EXPECT_NEAR(Result.IndicatorProbability(1), 0.48, kNear);
     EXPECT_NEAR(Result.PosteriorProbability(1, 1), 0.75, kNear);
@@ -188,7 +188,7 @@ TEST(Strategy, OfCostsIsValuedOnTheirOwnScale)
     GivenPayoffs({{-70, 30}, {-20, -20}}, false, Decision::kOptimistic);
     GivenStateProbabilities({0.4, 0.6});
     GivenSample({{0.9, 0.1}, {0.2, 0.8}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_THAT(ListOf(Result.StrategyDecision), ElementsAre(1, 2));
     EXPECT_NEAR(Result.StrategyValue(1), 45, kNear);  // the signed scale
     EXPECT_NEAR(Result.ExpectedStrategyValue, -32, kNear);
@@ -200,7 +200,7 @@ TEST(Strategy, OfLossesHasAPositiveValueOfTheSample)
     GivenPayoffs({{-10, -90}, {-50, -60}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     GivenSample({{1, 0}, {0, 1}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_NEAR(Result.ExpectedStrategyValue, -35, kNear);
     EXPECT_NEAR(Result.SampleInformationValue, 15, kNear);
 }
@@ -210,7 +210,7 @@ TEST(Strategy, ASampleThatSaysNothingIsWorthNothing)
     GivenPayoffs({{8, 2}, {3, 6}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     GivenSample({{0.25, 0.75}, {0.25, 0.75}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_EQ(Result.SampleInformationValue, 0);
     EXPECT_EQ(Result.SampleEfficiency, 0);
     EXPECT_EQ(Result.PosteriorProbability(1, 2), 0.5);
@@ -221,7 +221,7 @@ TEST(Strategy, APerfectSampleIsWorthPerfectInformation)
     GivenPayoffs({{8, 2}, {3, 6}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     GivenSample({{1, 0}, {0, 1}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_EQ(Result.SampleInformationValue, 2);
     EXPECT_EQ(Result.PerfectInformationValue, 2);
     EXPECT_EQ(Result.SampleEfficiency, 100);
@@ -232,7 +232,7 @@ TEST(Strategy, TakesTheLastOfTheAlternativesThatTie)
     GivenPayoffs({{5, 1}, {5, 1}, {1, 3}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     GivenSample({{1, 0}, {0, 1}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_THAT(ListOf(Result.StrategyDecision), ElementsAre(2, 3));
     EXPECT_THAT(ListOf(Result.Recommended), ElementsAre(1, 1, 0));
 }
@@ -242,7 +242,7 @@ TEST(Strategy, AnOutcomeThatCannotComeHasTheValueZeroAndTheLastAlternative)
     GivenPayoffs({{8, 2}, {3, 6}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     GivenSample({{1, 0}, {1, 0}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     EXPECT_EQ(Result.IndicatorProbability(2), 0);
     EXPECT_EQ(Result.PosteriorProbability(1, 2), 0);
     EXPECT_EQ(Result.StrategyDecision(2), 2);
@@ -338,7 +338,7 @@ TEST(DecisionAnalysis, ValuesInformationLikeTheBestOfAllDecisionRules)
         GivenPayoffs(payoffs, maximize, Decision::kOptimistic);
         GivenStateProbabilities(prior);
         GivenSample(likelihood);
-        Decision::Analyse();
+        Decision::SolveProblem();
 
         const Table gains = maximize ? payoffs : Negated(payoffs);
         const double blind = BestOfAllRules(gains, none);
@@ -359,11 +359,11 @@ TEST(DecisionAnalysis, TurningTheSignOfEveryPayoffTurnsGainsIntoCosts)
         const Table payoffs = RandomTable(random, Draw(random, 1, 10), Draw(random, 1, 10));
         const int criterion = Draw(random, 1, 3);
         GivenPayoffs(payoffs, true, criterion);
-        Decision::Analyse();
+        Decision::SolveProblem();
         const auto recommended = ListOf(Result.Recommended);
         const auto values = ListOf(Result.AlternativeValue);
         GivenPayoffs(Negated(payoffs), false, criterion);
-        Decision::Analyse();
+        Decision::SolveProblem();
         EXPECT_EQ(ListOf(Result.Recommended), recommended) << "round " << round;
         for (std::size_t i = 0; i < values.size(); ++i)
             EXPECT_EQ(std::abs(Result.AlternativeValue(static_cast<int>(i) + 1)), std::abs(values[i]));

@@ -87,7 +87,7 @@ TEST(DecisionFiles, LeaveNothingOfAnEarlierProblem)
     GivenLease();
     GivenStateProbabilities({0.1, 0.2, 0.7});
     GivenSample({{1}, {1}, {1}});
-    Decision::Analyse();
+    Decision::SolveProblem();
     Read("0,1,1,0,0,\"NO\",\"NO\"\r\n5\r\n");
     EXPECT_EQ(Problem.StatePrior(1), 0);
     EXPECT_EQ(Problem.Payoff(1, 2), 0);

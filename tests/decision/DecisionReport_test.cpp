@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "decision/decision_support.h"
-#include "shell/solution.h"
 #include "support/fake_desktop.h"
+#include "support/report_lines.h"
 
 using testing::ElementsAre;
 using testing::ElementsAreArray;
@@ -38,13 +38,13 @@ private:
 
 Lines ScreenText()
 {
-    Decision::SolveAndShow();
-    return SolutionLines();
+    Decision::SolveProblem();
+    return ScreenLines(Decision::WritePage);
 }
 
 Lines FullReport()
 {
-    Decision::Analyse();
+    Decision::SolveProblem();
     Recorder recorder;
     Decision::WriteReport(recorder);
     return recorder.lines;
@@ -340,7 +340,7 @@ TEST_F(DecisionReport, SetsOutcomesCloseFromFiveStatesOn)
 TEST_F(DecisionReport, BreaksPagesOnPaperOnly)
 {
     GivenPayoffs({{1}}, true, Decision::kOptimistic);
-    Decision::Analyse();
+    Decision::SolveProblem();
     Recorder paper(true);
     Decision::WriteReport(paper);
     const Lines file = FullReport();
