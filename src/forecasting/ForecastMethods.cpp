@@ -18,7 +18,7 @@ struct CentredAverages {
 
 class Forecaster {
 public:
-    explicit Forecaster(const ForecastProblem& problem);
+    Forecaster(const ForecastProblem& problem, ForecastWork* work);
     ForecastResult Run();
 
 private:
@@ -40,12 +40,13 @@ private:
     [[nodiscard]] double IndexOfPeriod(int t) const;
 
     int forecastCount_;
+    ForecastWork* work_;  // may be null
     ForecastResult result_;
 };
 
 // A copy of the series, and room for what is fitted to it.
-Forecaster::Forecaster(const ForecastProblem& problem)
-    : forecastCount_(static_cast<int>(std::max(0.0, Val(problem.ForecastCount))))
+Forecaster::Forecaster(const ForecastProblem& problem, ForecastWork* work)
+    : forecastCount_(static_cast<int>(std::max(0.0, Val(problem.ForecastCount)))), work_(work)
 {
     const int n = problem.PeriodCount;
     result_.Method = problem.ForecastMethod;
@@ -94,6 +95,15 @@ void Forecaster::FitTrend(const Array1<double>& values)
     const double sxx = sumTT - Divide(sumT * sumT, n);
     result_.TrendSlope = Divide(sxy, sxx);
     result_.TrendIntercept = sumY / n - sumT / n * result_.TrendSlope;
+    if (work_ == nullptr) return;
+    work_->SumT = sumT;
+    work_->SumY = sumY;
+    work_->SumTT = sumTT;
+    work_->SumTY = sumTY;
+    work_->Sxy = sxy;
+    work_->Sxx = sxx;
+    work_->TrendIntercept = result_.TrendIntercept;
+    work_->TrendSlope = result_.TrendSlope;
 }
 
 double Forecaster::Trend(int t) const
@@ -197,6 +207,13 @@ void Forecaster::FindSeasonalIndexes()
         sum += result_.SeasonalIndex(s);
     }
     const double factor = Divide(p, sum);
+    if (work_ != nullptr) {
+        work_->FirstCentred = centred.First;
+        work_->LastCentred = centred.Last;
+        work_->Centred = centred.Value;
+        work_->MeanRatio = result_.SeasonalIndex;
+        work_->Factor = factor;
+    }
     for (int s = 1; s <= p; ++s) {
         result_.SeasonalIndex(s) *= factor;
         if (result_.SeasonalIndex(s) == 0) ++result_.ZeroIndexCount;
@@ -217,6 +234,7 @@ void Forecaster::TrendAndSeasonal()
     Array1<double> deseasonalized(result_.PeriodCount);
     for (int t = 1; t <= result_.PeriodCount; ++t)
         deseasonalized(t) = result_.Series(t) / IndexOfPeriod(t);
+    if (work_ != nullptr) work_->Deseasonalized = deseasonalized;
     FitTrend(deseasonalized);
     FitAndForecast([this](int t) { return Trend(t) * IndexOfPeriod(t); });
 }
@@ -242,9 +260,9 @@ ForecastResult Forecaster::Run()
 
 }  // namespace
 
-ForecastResult Forecast(const ForecastProblem& problem)
+ForecastResult Forecast(const ForecastProblem& problem, ForecastWork* work)
 {
-    return Forecaster(problem).Run();
+    return Forecaster(problem, work).Run();
 }
 
 }  // namespace VtForecasting

@@ -83,8 +83,26 @@ void CancelMethod();
 
 // ---- engine ----
 
+// What the engine passes through on its way, for whoever asks; only what the method has.
+struct ForecastWork {
+    double SumT = 0;  // of the trend line: sums over all periods
+    double SumY = 0;
+    double SumTT = 0;
+    double SumTY = 0;
+    double Sxy = 0;
+    double Sxx = 0;
+    double TrendIntercept = 0;  // before it is rounded
+    double TrendSlope = 0;
+    int FirstCentred = 0;  // periods with a centred average
+    int LastCentred = 0;
+    Array1<double> Centred;
+    Array1<double> MeanRatio;  // of each season, before it is scaled
+    double Factor = 0;         // that scales them
+    Array1<double> Deseasonalized;
+};
+
 // "Division by zero" or "Overflow" where a divisor is 0: an average over all periods, a trend over one
 // period, seasonal indexes that add up to 0.
-ForecastResult Forecast(const ForecastProblem& problem);
+ForecastResult Forecast(const ForecastProblem& problem, ForecastWork* work = nullptr);
 
 }  // namespace VtForecasting

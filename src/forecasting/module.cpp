@@ -2,7 +2,10 @@
 
 #include "basic/format.h"
 #include "desktop/desktop.h"
+#include "forecasting/ForecastMeaning.h"
+#include "forecasting/ForecastPicture.h"
 #include "forecasting/ForecastReport.h"
+#include "forecasting/ForecastSteps.h"
 #include "forecasting/VtForecasting.h"
 #include "shell/checks.h"
 #include "shell/session.h"
@@ -89,6 +92,9 @@ const ModuleRoutines& Forecasting()
         .EditCommand = VtForecasting::EditCommand,
         .ReloadResetsIndicator = true,
         .Reports = {VtForecasting::WriteReport},
+        .Pictures = [] { return VtForecasting::Pictures(VtForecasting::Problem, VtForecasting::Result); },
+        .Steps = [] { return VtForecasting::Steps(VtForecasting::Problem, VtForecasting::Result); },
+        .Meaning = [] { return VtForecasting::Meaning(VtForecasting::Problem, VtForecasting::Result); },
         .Write = VtForecasting::Write,
         .Read = VtForecasting::Read,
     };
