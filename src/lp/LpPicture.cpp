@@ -65,6 +65,9 @@ Picture ValuesPicture(const LpResult& result, const Figures& figures)
     if (names.empty()) return picture;
     Chart chart{.X = {.Title = "Value", .From = 0, .To = std::max(figures.Values(largest), 1e-9)},
                 .Y = Positions(std::move(names))};
+    for (std::size_t i = 0; i < bars.Points.size(); ++i)
+        chart.Marks.push_back(
+            {.At = bars.Points[i], .Text = NumberText(problem, bars.Points[i].X), .Tip = bars.Tips[i]});
     chart.Curves.push_back(std::move(bars));
     picture.Body = std::move(chart);
     return picture;

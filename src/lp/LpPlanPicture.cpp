@@ -143,8 +143,10 @@ private:
             const bool excludes = std::find(excluding.begin(), excluding.end(), i) != excluding.end();
             if (limit.Constraint == 0 && !excludes) continue;
             const bool strong = excludes || Bounds(i);
-            if (!strong && !plane_.Region().empty()) loose.push_back(std::to_string(limit.Constraint));
-            if (!DrawLimit(limit, excludes, strong)) outside.push_back(std::to_string(limit.Constraint));
+            if (!DrawLimit(limit, excludes, strong))
+                outside.push_back(std::to_string(limit.Constraint));
+            else if (!strong)
+                loose.push_back(std::to_string(limit.Constraint));
         }
         if (!loose.empty() && !plane_.Region().empty())
             Note((loose.size() == 1 ? "Limit " : "Limits ") + picture::Listed(loose) +

@@ -14,6 +14,7 @@ class Trail : public Replay {
 public:
     void Started(const LpResult& at) override { Add(at); }
     void Turns(const LpResult& at, const Pivot& /*pivot*/) override { Add(at); }
+    void Unlimited(const LpResult& at, const Entering& /*column*/) override { Add(at); }
     bool GoesOn(const LpResult& at) override { return points.size() < kMostPoints && Replay::GoesOn(at); }
 
     void Add(const LpResult& at)

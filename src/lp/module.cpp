@@ -6,6 +6,7 @@
 #include "lp/LpMeaning.h"
 #include "lp/LpPicture.h"
 #include "lp/LpReport.h"
+#include "lp/LpSteps.h"
 #include "lp/VtLP.h"
 #include "shell/checks.h"
 #include "shell/commands.h"
@@ -104,6 +105,7 @@ ModuleRoutines CommonRoutines()
             .FinishEdit = [](TopMenu) { VtLP::FinishEdit(); },
             .Reports = {WriteReport},
             .Pictures = [] { return LP_Engine::Pictures(LP_Engine::Result); },
+            .Steps = [] { return LP_Engine::Steps(LP_Engine::Result); },
             .Meaning = [] { return LP_Engine::Meaning(LP_Engine::Result); },
             .Write = Write,
             .Read = Read};
