@@ -2,7 +2,10 @@
 
 #include "basic/error.h"
 #include "desktop/desktop.h"
+#include "project/PertMeaning.h"
+#include "project/PertPicture.h"
 #include "project/PertReport.h"
+#include "project/PertSteps.h"
 #include "project/VtPert_CPM.h"
 #include "shell/menus.h"
 #include "shell/session.h"
@@ -99,6 +102,9 @@ const ModuleRoutines& PertCpm()
         .FinishEdit = VtPert_CPM::FinishEdit,
         .SecondForm = std::string(VtPert_CPM::kEntryForm),
         .Reports = {VtPert_CPM::PrintPertReport},
+        .Pictures = [] { return VtPert_CPM::PertPictures(VtPert_CPM::Problem, VtPert_CPM::Result); },
+        .Steps = [] { return VtPert_CPM::PertSteps(VtPert_CPM::Problem, VtPert_CPM::Result); },
+        .Meaning = [] { return VtPert_CPM::PertMeaning(VtPert_CPM::Problem, VtPert_CPM::Result); },
         .Write = VtPert_CPM::Write,
         .Read = VtPert_CPM::Read,
     };

@@ -649,7 +649,7 @@ private:
         };
         if (!interval.From) RowsAcross() ? head(right, left) : head(top, bottom);
         if (!interval.To) RowsAcross() ? head(left, right) : head(bottom, top);
-        if (chart_.OwnScales) WriteEnds(bar, interval, series.As);
+        if (chart_.OwnScales || !interval.ToText.empty()) WriteEnds(bar, interval, series.As);
     }
 
     // A mark tells the figure itself.
@@ -675,7 +675,7 @@ private:
                          .Candidates = {place},
                          .Quiet = true});
         };
-        write(interval.From, interval.FromText, true);
+        if (chart_.OwnScales) write(interval.From, interval.FromText, true);
         if (interval.To && interval.From && *interval.To == *interval.From) return;
         write(interval.To, interval.ToText, false);
     }
