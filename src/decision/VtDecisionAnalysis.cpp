@@ -189,11 +189,14 @@ bool TakeIndicatorCount(std::string_view text)
     return true;
 }
 
-FeatureBox TakeFeatures(const Features& features)
+FeatureBox TakeFeatures(const Features& features, const BoxPointer& point)
 {
     const bool strategy = features.StateProbabilities && features.Strategy;
+    PointAtBox(point, 0);
     if (!IsGivenCount(kAlternatives, features.Alternatives)) return FeatureBox::Alternatives;
+    PointAtBox(point, 1);
     if (!IsGivenCount(kStates, features.States)) return FeatureBox::States;
+    PointAtBox(point, strategy ? 2 : 1);
     if (strategy && !IsGivenCount(kIndicators, features.Indicators)) return FeatureBox::Indicators;
 
     Problem = {};
@@ -285,7 +288,8 @@ void TakeNumbers(const std::vector<double>& numbers)
 bool AskSenseAndCriterion()
 {
     if (HasStateProbabilities()) {
-        if (AskCriterion({.Minimize = "Minimize the Payoff", .Maximize = "Maximize the Payoff"}))
+        if (AskCriterion({.Minimize = "Minimize the Payoff", .Maximize = "Maximize the Payoff"},
+                         Maximizes() ? Criterion::Maximize : Criterion::Minimize))
             Problem.Maximize = MaximizeFlag;
     } else {
         desktop::TheForms().ShowModal("frmdecnopt");

@@ -181,7 +181,7 @@ void DeleteVariable()
 // The grids stay as they are: the next text of the objective begins with the new word.
 void ChangeOptimizationType()
 {
-    if (!AskCriterion()) return;
+    if (!AskCriterion({}, MinimizeFlag == 1 ? Criterion::Minimize : Criterion::Maximize)) return;
     const bool maximize = MaximizeFlag == "YES";
     MinimizeFlag = maximize ? 0 : 1;
     desktop::TheForms()

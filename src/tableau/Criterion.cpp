@@ -6,10 +6,20 @@
 std::string MaximizeFlag = "NO";
 std::int16_t MinimizeFlag = 0;
 
-Criterion FirstCriterion()
+namespace {
+
+Criterion inForce = Criterion::None;
+
+}  // namespace
+
+void BeginCriterion()
 {
     MaximizeFlag = MinimizeFlag == 0 ? "YES" : "NO";
-    return MinimizeFlag == 0 ? Criterion::Maximize : Criterion::Minimize;
+}
+
+Criterion CriterionInForce()
+{
+    return inForce;
 }
 
 bool TakeCriterion(Criterion chosen)
@@ -20,11 +30,12 @@ bool TakeCriterion(Criterion chosen)
     return true;
 }
 
-bool AskCriterion(const CriterionWords& words)
+bool AskCriterion(const CriterionWords& words, std::optional<Criterion> ofProblem)
 {
     Form& form = desktop::TheForms().Loaded("frmTransObj");
     form.SetText("optMinimize", words.Minimize);
     form.SetText("optMaximize", words.Maximize);
+    inForce = ofProblem.value_or(MaximizeFlag == "YES" ? Criterion::Maximize : Criterion::Minimize);
     desktop::TheForms().ShowModal("frmTransObj");
     return !Session.DialogCancelled;
 }

@@ -15,8 +15,15 @@ frmTransObj::frmTransObj(QWidget* parent) : qt::ModalForm(parent)
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
     qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    BeginCriterion();
+}
 
-    (FirstCriterion() == Criterion::Maximize ? optMaximize : optMinimize)->setChecked(true);
+void frmTransObj::showEvent(QShowEvent* event)
+{
+    QRadioButton* chosen = CriterionInForce() == Criterion::Maximize ? optMaximize : optMinimize;
+    chosen->setChecked(true);
+    ModalForm::showEvent(event);
+    chosen->setFocus(Qt::TabFocusReason);
 }
 
 Criterion frmTransObj::Chosen() const

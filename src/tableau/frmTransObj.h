@@ -1,5 +1,4 @@
-// Minimise or maximise. The form stays loaded, so that a second showing begins with what was chosen at the
-// first.
+// Minimise or maximise. The form stays loaded; whenever it comes up, it shows the criterion in force.
 #pragma once
 
 #include "qt/forms.h"
@@ -12,6 +11,9 @@ class frmTransObj : public qt::ModalForm {
 
 public:
     explicit frmTransObj(QWidget* parent);
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private:
     [[nodiscard]] Criterion Chosen() const;
