@@ -35,10 +35,8 @@ void frmPERTCPM_Init::showEvent(QShowEvent* event)
 void frmPERTCPM_Init::Accept()
 {
     const int timeMode = optUncertain->isChecked() ? VtPert_CPM::kThreeEstimates : VtPert_CPM::kKnownTimes;
-    if (VtPert_CPM::TakeParameters(qt::TextOf(txtNumActivities), timeMode))
-        desktop::TheForms().Hide(kForm);
-    else
-        qt::SelectBox(txtNumActivities);
+    qt::SelectBox(txtNumActivities);
+    if (VtPert_CPM::TakeParameters(qt::TextOf(txtNumActivities), timeMode)) desktop::TheForms().Hide(kForm);
 }
 
 void frmPERTCPM_Init::Cancel()

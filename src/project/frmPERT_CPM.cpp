@@ -1,11 +1,16 @@
 #include "project/frmPERT_CPM.h"
 
 #include <QApplication>
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
 #include <QTimer>
 
 #include "basic/entrytext.h"
 #include "project/VtPert_CPM.h"
+#include "qt/colors.h"
 #include "qt/fields.h"
 #include "qt/text.h"
 #include "shell/session.h"
@@ -72,6 +77,29 @@ void CloseMenus()
     });
 }
 
+// Draws the table as something to read: on the ground of the form, the row of the current activity marked.
+class ReadOnlyCells : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const bool marked = index.row() == RowOf(Problem.CurrentActivity);
+        const QPalette& colors = option.palette;
+        const QColor ground = colors.color(marked ? QPalette::Highlight : QPalette::Window);
+        QStyleOptionViewItem cell = option;
+        cell.state &= ~(QStyle::State_Selected | QStyle::State_HasFocus | QStyle::State_MouseOver);
+        cell.backgroundBrush = ground;
+        cell.palette.setColor(
+            QPalette::Text,
+            qt::ReadableOn(ground, colors.color(marked ? QPalette::HighlightedText : QPalette::WindowText)));
+        painter->fillRect(option.rect, ground);
+        QStyledItemDelegate::paint(painter, cell, index);
+        painter->setPen(colors.color(QPalette::Mid));
+        painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    }
+};
+
 QVBoxLayout* AddColumn(QBoxLayout* row)
 {
     auto* column = new QVBoxLayout;
@@ -116,6 +144,10 @@ void frmPERT_CPM::AddTable(QVBoxLayout* page)
     rules.Closed = [](int, int) { return true; };
     gridDisplayEdit = new qt::EntryGrid("gridDisplayEdit", "Activities", std::move(rules));
     gridDisplayEdit->setFocusPolicy(Qt::NoFocus);
+    gridDisplayEdit->setItemDelegate(new ReadOnlyCells(gridDisplayEdit));
+    gridDisplayEdit->viewport()->setBackgroundRole(QPalette::Window);
+    gridDisplayEdit->viewport()->installEventFilter(this);
+    gridDisplayEdit->verticalHeader()->viewport()->installEventFilter(this);
     page->addWidget(gridDisplayEdit, 1);
 }
 
@@ -158,6 +190,45 @@ void frmPERT_CPM::AddTimes(QBoxLayout* row)
     column->addStretch();
 }
 
+// A click on the table goes to the field that changes what stands there.
+bool frmPERT_CPM::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool pressed =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (!pressed) return ChildForm::eventFilter(watched, event);
+    const QPoint place = static_cast<const QMouseEvent*>(event)->position().toPoint();
+    const bool onName = watched == gridDisplayEdit->verticalHeader()->viewport();
+    const int row = gridDisplayEdit->rowAt(place.y());
+    const int column = onName ? 0 : gridDisplayEdit->columnAt(place.x());
+    if (row >= kHeadingRows && column >= 0 && LeavesBoxes()) GoToField(row, column);
+    return true;
+}
+
+// The box that has the focus may be left; otherwise it was refused, and told.
+bool frmPERT_CPM::LeavesBoxes()
+{
+    for (std::size_t index = 0; index < timeBoxes_.size(); ++index) {
+        QLineEdit* box = timeBoxes_[index];
+        if (!box->hasFocus()) continue;
+        bool taken = false;
+        qt::Trap([&] { taken = TakeTime(index); });
+        if (!taken) qt::SelectBox(box);
+        return taken;
+    }
+    return true;
+}
+
+void frmPERT_CPM::GoToField(int row, int column)
+{
+    lstActivityName->setCurrentRow(row - kHeadingRows);
+    if (column >= kFirstTimeColumn)
+        qt::SelectBox(timeBoxes_[static_cast<std::size_t>(column - kFirstTimeColumn)]);
+    else if (column == kPredecessorColumn)
+        lstPredecessor->setFocus(Qt::OtherFocusReason);
+    else
+        lstActivityName->setFocus(Qt::OtherFocusReason);
+}
+
 // ---- what it shows ----
 
 void frmPERT_CPM::FillTable()
@@ -191,6 +262,7 @@ void frmPERT_CPM::ShowActivity(int activity)
     Problem.CurrentActivity = static_cast<std::int16_t>(activity);
     const std::string letter = Problem.ActivityName(activity);
     gridDisplayEdit->Cells().Select(RowOf(activity), kPredecessorColumn);
+    gridDisplayEdit->viewport()->update();
     lblPredecessor->setText(qt::ToQt("Select Predecessor of " + letter + ":"));
     lblActivityTime->setText(qt::ToQt("Enter Activity Time of " + letter + ":"));
     ShowPredecessors(activity);

@@ -20,6 +20,9 @@ public:
     explicit frmPERT_CPM(QWidget* parent);
     void Unloading() override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void AddTable(QVBoxLayout* page);
     void AddActivities(QBoxLayout* row);
@@ -27,6 +30,8 @@ private:
     void AddTimes(QBoxLayout* row);
 
     void FillTable();
+    void GoToField(int row, int column);
+    bool LeavesBoxes();
     void ShowActivity(int activity);
     void ShowPredecessors(int activity);
     void TakePredecessors();
