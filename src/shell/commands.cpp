@@ -16,6 +16,7 @@ namespace {
 constexpr std::string_view kSelectionForm = "frmModuleSelection";
 
 std::string programFolder;
+int lastModule = 0;
 
 const ModuleRoutines* Routines()
 {
@@ -150,6 +151,7 @@ void StartNewProblem()
 
 void ShowModuleSelection()
 {
+    lastModule = Session.CurrentModule;
     Session.CurrentModule = 0;
     desktop::TheScreen().SetIndicator("");
     desktop::TheForms().Load(kSelectionForm);
@@ -435,6 +437,11 @@ void SelectModule(int number)
     Session.ProblemFileExtension = module.Extension;
     if (module.IntegerProblem) Session.IntegerProblem = *module.IntegerProblem;
     Session.ProblemFolder = programFolder + "/Problems";
+}
+
+int LastModule()
+{
+    return lastModule;
 }
 
 bool ChooseModule()

@@ -1,18 +1,38 @@
 #include "shell/frmModuleSelection.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "desktop/desktop.h"
+#include "qt/fields.h"
 #include "shell/commands.h"
 #include "shell/module.h"
 
 namespace {
+
+// The option that the keys go to shows it before it has the focus.
+class ModuleOption : public QRadioButton {
+public:
+    explicit ModuleOption(const std::string& caption) : QRadioButton(QString::fromStdString(caption))
+    {
+        connect(qApp, &QApplication::focusChanged, this, qOverload<>(&QWidget::update));
+    }
+
+protected:
+    void initStyleOption(QStyleOptionButton* option) const override
+    {
+        QRadioButton::initStyleOption(option);
+        if (qt::GetsKeys(*this)) option->state |= QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    }
+};
 
 // How far an arrow key goes in the list of modules.
 int StepOf(const QKeyEvent& key)
@@ -39,6 +59,8 @@ frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
 
     auto* page = new QVBoxLayout(this);
     page->addWidget(MakeOptions());
+    const auto last = static_cast<std::size_t>(std::max(1, Commands::LastModule()));
+    setFocusProxy(options[last - 1]);  // nothing is chosen, but the keys begin there
 
     txtprobsel = new QTextBrowser;
     txtprobsel->setObjectName("txtprobsel");
@@ -64,7 +86,7 @@ QWidget* frmModuleSelection::MakeOptions()
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(kColumnGap);
     for (int number = 1; number <= kModuleCount; ++number) {
-        auto* option = new QRadioButton(QString::fromStdString(ModuleOf(number).Option));
+        auto* option = new ModuleOption(ModuleOf(number).Option);
         option->setObjectName(QStringLiteral("optProblemType(%1)").arg(number));
         option->installEventFilter(this);
         options.push_back(option);
@@ -98,7 +120,9 @@ bool frmModuleSelection::eventFilter(QObject* watched, QEvent* event)
         return true;
     }
     if (event->type() == QEvent::KeyPress) {
-        const int step = StepOf(static_cast<const QKeyEvent&>(*event));
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if ((key.modifiers() & Qt::AltModifier) != 0) desktop::TheForms().FocusMenu();
+        const int step = StepOf(key);
         if (step != 0) {
             const auto at = std::find(options.begin(), options.end(), watched) - options.begin();
             Choose(static_cast<int>(at) + step);

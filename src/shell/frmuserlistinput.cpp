@@ -1,5 +1,7 @@
 #include "shell/frmuserlistinput.h"
 
+#include <QEvent>
+
 #include "desktop/desktop.h"
 #include "qt/fields.h"
 #include "shell/userinput.h"
@@ -29,11 +31,19 @@ frmuserlistinput::frmuserlistinput(QWidget* parent) : qt::ModalForm(parent)
     for (const std::string& item : dialog.Items)
         lstModelSelection->addItem(QString::fromStdString(item));
     lstModelSelection->setMinimumWidth(lstModelSelection->sizeHintForColumn(0) + kRoom);
-    connect(lstModelSelection, &QListWidget::itemDoubleClicked, this, &frmuserlistinput::Accept);
+    lstModelSelection->viewport()->installEventFilter(this);
 
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
     qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+}
+
+// A double click is OK, on an item and beside them.
+bool frmuserlistinput::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::MouseButtonDblClick) return ModalForm::eventFilter(watched, event);
+    qt::Trap([this] { Accept(); });
+    return true;
 }
 
 void frmuserlistinput::Accept()

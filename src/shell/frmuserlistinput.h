@@ -10,6 +10,9 @@ class frmuserlistinput : public qt::ModalForm {
 public:
     explicit frmuserlistinput(QWidget* parent);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Accept();
 
