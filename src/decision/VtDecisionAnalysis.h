@@ -12,6 +12,7 @@
 
 #include "basic/array.h"
 #include "basic/variant.h"
+#include "desktop/dialogs.h"
 
 namespace Decision {
 
@@ -91,7 +92,7 @@ struct Features {
 enum class FeatureBox { None, Alternatives, States, Indicators };
 
 // OK: the box that is refused, and told; none: a new problem of that size has taken the place of the old one.
-FeatureBox TakeFeatures(const Features& features);
+FeatureBox TakeFeatures(const Features& features, const BoxPointer& point = {});
 
 // ---- entry: `frmDecisionProblem` and `frmdecnopt` ----
 

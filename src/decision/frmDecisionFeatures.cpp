@@ -1,5 +1,7 @@
 #include "decision/frmDecisionFeatures.h"
 
+#include <array>
+
 #include "decision/VtDecisionAnalysis.h"
 #include "desktop/desktop.h"
 #include "qt/fields.h"
@@ -65,23 +67,12 @@ void frmDecisionFeatures::ShowWhatApplies()
 
 void frmDecisionFeatures::Accept()
 {
-    using Decision::FeatureBox;
-    switch (Decision::TakeFeatures({.Alternatives = qt::TextOf(txtNumAlternatives),
-                                    .States = qt::TextOf(txtNumStates),
-                                    .Indicators = qt::TextOf(txtIndicator),
-                                    .StateProbabilities = chkStateProbs->isChecked(),
-                                    .Strategy = chkStrategy->isChecked()})) {
-        case FeatureBox::None:
-            Close();
-            break;
-        case FeatureBox::Alternatives:
-            qt::SelectBox(txtNumAlternatives);
-            break;
-        case FeatureBox::States:
-            qt::SelectBox(txtNumStates);
-            break;
-        case FeatureBox::Indicators:
-            qt::SelectBox(txtIndicator);
-            break;
-    }
+    const std::array boxes = {txtNumAlternatives, txtNumStates, txtIndicator};
+    const auto refused = Decision::TakeFeatures({.Alternatives = qt::TextOf(txtNumAlternatives),
+                                                 .States = qt::TextOf(txtNumStates),
+                                                 .Indicators = qt::TextOf(txtIndicator),
+                                                 .StateProbabilities = chkStateProbs->isChecked(),
+                                                 .Strategy = chkStrategy->isChecked()},
+                                                qt::PointAt(boxes));
+    if (refused == Decision::FeatureBox::None) Close();
 }

@@ -64,6 +64,11 @@ bool Refuse(std::string_view text)
     return false;
 }
 
+void PointAtBox(const BoxPointer& point, int box)
+{
+    if (point) point(box);
+}
+
 void LetUserInterrupt()
 {
     using Clock = std::chrono::steady_clock;

@@ -1,6 +1,7 @@
 // The system's own dialogs: message boxes, the input box, the file and printer dialogs, the beep.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -41,3 +42,8 @@ void ShowError(const RuntimeError& error);
 
 // The box of a refused entry: title "Data Input Error", critical icon. Always false, to be returned.
 bool Refuse(std::string_view text);
+
+// Shows which box of a form, by its number there, is being checked: a message about it comes when it has the
+// focus. May be missing.
+using BoxPointer = std::function<void(int box)>;
+void PointAtBox(const BoxPointer& point, int box);

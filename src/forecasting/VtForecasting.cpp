@@ -291,14 +291,16 @@ std::array<std::string, 2> FieldLabels(int method)
     return MethodOf(method).Labels();
 }
 
-int TakeMethod(int method, const std::array<std::string, 2>& fields)
+int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPointer& point)
 {
     desktop::TheScreen().SetIndicator(MethodOf(method).Indicator);
+    PointAtBox(point, 0);
     if (!MethodOf(method).CheckFirst(fields[0])) return 0;
     // The check has taken the thousands separators out, which would end a number when it is read.
     const std::string first = Session.CheckText;
     std::string second;
     if (method == kTrendAndSeasonal) {
+        PointAtBox(point, 1);
         if (!IsForecastCount(fields[1], Val(first))) return 1;
         second = Session.CheckText;
     }

@@ -11,6 +11,7 @@
 
 #include "basic/array.h"
 #include "basic/variant.h"
+#include "desktop/dialogs.h"
 
 namespace VtForecasting {
 
@@ -78,7 +79,7 @@ std::array<std::string, 2> FieldLabels(int method);
 
 // The check behind its Solve button. Answers which field is refused (0 or 1), after its message; -1: the
 // method and its inputs are taken.
-int TakeMethod(int method, const std::array<std::string, 2>& fields);
+int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPointer& point = {});
 void CancelMethod();
 
 // ---- engine ----

@@ -60,12 +60,9 @@ void frmForecastingModels::ShowFields()
 
 void frmForecastingModels::Solve()
 {
-    const int refused =
-        VtForecasting::TakeMethod(ChosenMethod(), {qt::TextOf(txtValue[0]), qt::TextOf(txtValue[1])});
-    if (refused < 0)
+    if (VtForecasting::TakeMethod(ChosenMethod(), {qt::TextOf(txtValue[0]), qt::TextOf(txtValue[1])},
+                                  qt::PointAt(txtValue)) < 0)
         desktop::TheForms().Unload(kForm);
-    else
-        qt::SelectBox(txtValue[static_cast<std::size_t>(refused)]);
 }
 
 void frmForecastingModels::Cancel()

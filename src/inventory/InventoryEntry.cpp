@@ -22,6 +22,12 @@ bool IsLeftOut(std::string_view text)
     return text.empty();
 }
 
+// What a box holds; an unchanged one is the stored value to its last bit.
+double ValueOf(const Variant& field, std::string_view text)
+{
+    return text == EntryText(field) ? field.Value() : Val(text);
+}
+
 // Remembers a text of which a comma has cut a part.
 void Keep(Variant& field, Box box, std::string_view text, double value)
 {
@@ -37,7 +43,7 @@ void Keep(Variant& field, Box box, std::string_view text, double value)
 bool TakePositive(Variant& field, Box box, std::string_view text, std::string_view refusal)
 {
     if (IsLeftOut(text)) return true;
-    const double value = Val(text);
+    const double value = ValueOf(field, text);
     if (!(value > 0)) return Refuse(refusal);
     Keep(field, box, text, value);
     return true;
@@ -46,7 +52,7 @@ bool TakePositive(Variant& field, Box box, std::string_view text, std::string_vi
 bool TakeNotNegative(Variant& field, Box box, std::string_view text, std::string_view refusal)
 {
     if (IsLeftOut(text)) return true;
-    const double value = Val(text);
+    const double value = ValueOf(field, text);
     if (value < 0) return Refuse(refusal);
     Keep(field, box, text, value);
     return true;
@@ -62,6 +68,14 @@ bool TakeCheckedNotNegative(Variant& field, std::string_view text, std::string_v
     if (value < 0) return Refuse(refusal);
     field = value;
     return true;
+}
+
+// The text of another writer may say the same number in another way.
+bool HoldingTextIsTheCost()
+{
+    const std::string cost = EntryText(Problem.HoldingCost);
+    return Problem.HoldingText == cost ||
+           (!Problem.HoldingText.empty() && EntryText(Val(Problem.HoldingText)) == cost);
 }
 
 bool WarnEqualRates(const Variant& demand)
@@ -105,12 +119,16 @@ bool TakeSetupCost(std::string_view text)
     return TakePositive(Problem.OrderCost, Box::OrderCost, text, "NOTE:  SETUP COST MUST BE GREATER THAN 0.");
 }
 
+bool StoreProductionRate(std::string_view text)
+{
+    return TakePositive(Problem.ProductionRate, Box::ProductionRate, text,
+                        "NOTE:  PRODUCTION RATE MUST BE GREATER THAN 0.");
+}
+
 bool TakeProductionRate(std::string_view text)
 {
     if (IsLeftOut(text)) return true;
-    if (!TakePositive(Problem.ProductionRate, Box::ProductionRate, text,
-                      "NOTE:  PRODUCTION RATE MUST BE GREATER THAN 0."))
-        return false;
+    if (!StoreProductionRate(text)) return false;
     const double rate = Problem.ProductionRate.Value();
     const double demand = Problem.AnnualDemand.Value();
     if (rate == demand) return WarnEqualRates(Problem.AnnualDemand);
@@ -126,7 +144,7 @@ bool TakeBackorderCost(std::string_view text)
 bool TakeWorkingDays(std::string_view text)
 {
     if (IsLeftOut(text)) return true;
-    const double days = Val(text);
+    const double days = ValueOf(Problem.WorkingDays, text);
     if (days < 1 || days > kMostWorkingDays)
         return Refuse("NOTE:  THE NUMBER OF WORKING DAYS MUST BE BETWEEN 1 AND 365.");
     Keep(Problem.WorkingDays, Box::WorkingDays, text, days);
@@ -176,7 +194,7 @@ bool TakeCategoryMinimum(int category, std::string_view text)
 bool TakeStockoutProbability(std::string_view text)
 {
     if (IsLeftOut(text)) return true;
-    const double probability = Val(text);
+    const double probability = ValueOf(Problem.StockoutProbability, text);
     if (probability < 0 || probability > kMostStockoutProbability)
         return Refuse(
             "NOTE:  IN THIS INVENTORY MODEL, THE PROBABILITY OF A STOCKOUT MUST BE BETWEEN .00 AND .50.");
@@ -211,7 +229,7 @@ bool TakeLowestDemand(std::string_view text)
 bool TakeHighestDemand(std::string_view text)
 {
     if (IsLeftOut(text)) return true;
-    const double highest = Val(text);
+    const double highest = ValueOf(Problem.HighestDemand, text);
     const double lowest = Problem.LowestDemand.Value();
     if (highest < lowest)
         return Refuse("NOTE:  THE HIGHEST VALUE MUST BE AT LEAST " + PlainText(lowest) + " UNITS.");
@@ -254,7 +272,7 @@ void ChooseDistribution(int kind)
 int OpeningHoldingMethod()
 {
     const bool isNew = Problem.HoldingCostMethod.IsEmpty();
-    return !isNew && Problem.HoldingText == EntryText(Problem.HoldingCost) ? kAmountMethod : kPercentMethod;
+    return !isNew && HoldingTextIsTheCost() ? kAmountMethod : kPercentMethod;
 }
 
 int OpeningServiceMethod()

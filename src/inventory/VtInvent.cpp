@@ -70,6 +70,7 @@ void GiveUpProblem()
 {
     Problem.ModelKind = 0;
     Problem.Saved = false;
+    LeaveNoProblem();
     desktop::TheScreen().SetIndicator(kModuleIndicator);
 }
 
@@ -77,7 +78,10 @@ void ShowForm()
 {
     const Model* model = CurrentModel();
     if (model == nullptr) return;
-    if (RunModelForm(model->Form) != FormExit::Cancelled) return;
+    const InventoryProblem opened = Problem;
+    const FormExit exit = RunModelForm(model->Form);
+    if (exit == FormExit::Closed) Problem = opened;
+    if (exit != FormExit::Cancelled) return;
     GiveUpProblem();
     NewProblem();
 }

@@ -154,6 +154,7 @@ bool TakeOrderCost(std::string_view text);
 bool TakeSetupCost(std::string_view text);
 // Also warns of a rate that is not above the demand; it is stored, and the focus still comes back.
 bool TakeProductionRate(std::string_view text);
+bool StoreProductionRate(std::string_view text);  // without its warnings about the demand
 bool TakeBackorderCost(std::string_view text);
 bool TakeWorkingDays(std::string_view text);
 bool TakeHoldingAmount(std::string_view text);

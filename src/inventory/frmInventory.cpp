@@ -19,9 +19,9 @@ bool TakeFirstHoldingBox(std::string_view text)
 
 }  // namespace
 
-void InventoryForm::AddField(const char* name, std::string_view label, Take take, const Variant& value)
+QLineEdit* InventoryForm::AddField(const char* name, std::string_view label, Take take, const Variant& value)
 {
-    AddField(Rows(), name, label, take, EntryText(value));
+    return AddField(Rows(), name, label, take, EntryText(value));
 }
 
 void InventoryForm::AddAnnualDemand(const char* name)

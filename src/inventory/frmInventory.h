@@ -13,7 +13,7 @@ protected:
 
     using Take = bool (*)(std::string_view text);
 
-    void AddField(const char* name, std::string_view label, Take take, const Variant& value);
+    QLineEdit* AddField(const char* name, std::string_view label, Take take, const Variant& value);
     void AddAnnualDemand(const char* name);
     void AddOrderCost(const char* name);
     void AddWorkingDays(const char* name);

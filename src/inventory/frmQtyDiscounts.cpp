@@ -55,13 +55,13 @@ std::vector<QLineEdit*> frmQtyDiscounts::AddColumn(QGridLayout* table, int colum
     PutText(table, "lbl" + std::string(name).substr(3), heading, 0, column);
     for (int k = 1; k <= VtInvent::kCategoryRows; ++k) {
         const std::string number = std::to_string(k);
+        const auto check = [take, k](std::string_view text) { return take(k, text); };
         QLineEdit* box = qt::MakeBox((std::string(name) + "(" + std::to_string(k - 1) + ")").c_str(),
-                                     std::string(heading) + ", category " + number,
-                                     [take, k](std::string_view text) { return take(k, text); });
+                                     std::string(heading) + ", category " + number, check);
         table->addWidget(box, k, column);
         qt::SetTextOf(box, EntryText(values(k)));
         box->setVisible(k <= Problem.CategoryCount.Value());
-        Require(box);
+        Require(box, check);
         boxes.push_back(box);
     }
     return boxes;

@@ -318,16 +318,22 @@ void GridToModel()
         ReadConstraint(constraints, row);
 }
 
-bool TakeFeatures(std::string_view constraints, std::string_view variables, bool minimize, bool maximize)
+bool TakeFeatures(std::string_view constraints, std::string_view variables, bool minimize, bool maximize,
+                  const BoxPointer& point)
 {
+    PointAtBox(point, 0);
     if (!PassesNumberCheck(constraints, true)) return Refuse("Number of Constraints Must be an Integer.");
+    PointAtBox(point, 1);
     if (!PassesNumberCheck(variables, true)) return Refuse("Number of Variables Must be an Integer.");
+    PointAtBox(point, 0);
     if (!TakeCount(constraints, kMostConstraints,
                    "You may only solve a problem with a maximum of 50 constraints.", Problem.NumConstraints))
         return false;
+    PointAtBox(point, 1);
     if (!TakeCount(variables, kMostVariables, "You may only solve a problem with a maximum of 100 variables.",
                    Problem.NumVariables))
         return false;
+    PointAtBox(point, 2);
     if (!minimize && !maximize) return Refuse("An optimization type must be selected.");
     MinimizeFlag = maximize ? 0 : 1;
     Session.DialogCancelled = false;

@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "basic/array.h"
+#include "desktop/dialogs.h"
 
 namespace VtLP {
 
@@ -56,8 +57,10 @@ void GridToModel();
 // then what had been read so far. Raises a run-time error for a coefficient without a name.
 void ParseLpLines();
 
-// `frmLPFeatures`. What its OK found wrong is told; otherwise the sizes and the type are stored.
-bool TakeFeatures(std::string_view constraints, std::string_view variables, bool minimize, bool maximize);
+// `frmLPFeatures`. What its OK found wrong is told, of box 0, box 1 or the types (2); otherwise the sizes and
+// the type are stored.
+bool TakeFeatures(std::string_view constraints, std::string_view variables, bool minimize, bool maximize,
+                  const BoxPointer& point = {});
 void CancelFeatures();
 // Whether the form opens for a problem that has its sizes already.
 bool ChangesFeatures();

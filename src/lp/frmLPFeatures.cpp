@@ -43,7 +43,13 @@ void frmLPFeatures::ShowProblem()
 
 void frmLPFeatures::Accept()
 {
+    const auto point = [this](int box) {
+        if (box < 2)
+            qt::SelectBox(box == 0 ? txtConstraints : txtVariables);
+        else
+            optMinimize->setFocus(Qt::TabFocusReason);
+    };
     if (VtLP::TakeFeatures(qt::TextOf(txtConstraints), qt::TextOf(txtVariables), optMinimize->isChecked(),
-                           optMaximize->isChecked()))
+                           optMaximize->isChecked(), point))
         desktop::TheForms().Unload("frmLPFeatures");
 }

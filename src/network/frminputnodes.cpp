@@ -28,11 +28,8 @@ void frminputnodes::showEvent(QShowEvent* event)
 
 void frminputnodes::Accept()
 {
-    const int refused = Network::TakeNodes(qt::TextOf(txtAnswer[0]), qt::TextOf(txtAnswer[1]));
-    if (refused < 0)
+    if (Network::TakeNodes(qt::TextOf(txtAnswer[0]), qt::TextOf(txtAnswer[1]), qt::PointAt(txtAnswer)) < 0)
         desktop::TheForms().Hide("frminputnodes");
-    else
-        qt::SelectBox(txtAnswer.at(static_cast<std::size_t>(refused)));
 }
 
 void frminputnodes::Cancel()

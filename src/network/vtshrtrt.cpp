@@ -193,11 +193,13 @@ std::int32_t ToThousandths(double distance)
     return ToInt32(Int(distance * kThousand + 0.5));
 }
 
-int TakeNodes(const std::string& start, const std::string& end)
+int TakeNodes(const std::string& start, const std::string& end, const BoxPointer& point)
 {
     std::int16_t startNode = 0;
     std::int16_t endNode = 0;
+    PointAtBox(point, 0);
     if (!TakeNode(start, {"Starting Node must be an integer.", &startNode})) return 0;
+    PointAtBox(point, 1);
     if (!TakeNode(end, {"Ending Node must be an integer.", &endNode})) return 1;
     Problem.StartNode = startNode;
     Problem.EndNode = endNode;

@@ -10,6 +10,7 @@
 
 #include "basic/array.h"
 #include "basic/variant.h"
+#include "desktop/dialogs.h"
 
 namespace Network {
 
@@ -50,6 +51,6 @@ void TakeNumbers(const std::vector<double>& numbers);
 std::int32_t ToThousandths(double distance);
 
 // Which answer of `frminputnodes` is refused, after its message (0: start, 1: end); -1: both are stored.
-int TakeNodes(const std::string& start, const std::string& end);
+int TakeNodes(const std::string& start, const std::string& end, const BoxPointer& point = {});
 
 }  // namespace Network

@@ -32,4 +32,11 @@ QColor ReadableOn(const QColor& ground, const QColor& wanted)
     return Contrast(ground, Qt::black) > Contrast(ground, Qt::white) ? Qt::black : Qt::white;
 }
 
+QColor AlertOn(const QColor& ground)
+{
+    const QColor onLight(0xc0, 0x1c, 0x28);
+    const QColor onDark(0xff, 0x7b, 0x63);
+    return Contrast(ground, onLight) >= Contrast(ground, onDark) ? onLight : onDark;
+}
+
 }  // namespace qt

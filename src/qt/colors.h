@@ -14,4 +14,7 @@ constexpr double kVisible = 3;     // of a line or frame
 // `wanted`, or else black or white, whichever stands out more, where it cannot be read on `ground`.
 [[nodiscard]] QColor ReadableOn(const QColor& ground, const QColor& wanted);
 
+// A red that warns on this ground.
+[[nodiscard]] QColor AlertOn(const QColor& ground);
+
 }  // namespace qt

@@ -1,13 +1,18 @@
 #include "qt/dialogs.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
+#include <QScreen>
+#include <array>
 
+#include "qt/fields.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -70,6 +75,39 @@ QWidget* Behind()
     return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
+// What a message speaks of: the box or the cell that has the focus behind it. On the whole screen; nothing
+// where there is none.
+QRect SpokenOf(const QWidget* behind)
+{
+    QWidget* spoken = behind == nullptr ? nullptr : behind->focusWidget();
+    if (spoken == nullptr || !spoken->isVisible()) return {};
+    if (const auto* table = qobject_cast<QAbstractItemView*>(spoken)) {
+        const QRect cell = table->visualRect(table->currentIndex());
+        return {table->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
+    }
+    if (qobject_cast<QLineEdit*>(spoken) == nullptr) return {};
+    return {spoken->mapToGlobal(QPoint()), spoken->size()};
+}
+
+// A message box that leaves in sight what it speaks of.
+class Message : public QMessageBox {
+public:
+    explicit Message(QWidget* behind) : QMessageBox(behind), spoken_(SpokenOf(behind)) {}
+
+protected:
+    void showEvent(QShowEvent* event) override
+    {
+        QMessageBox::showEvent(event);
+        const QRect room = screen()->availableGeometry();
+        QRect place(pos(), frameGeometry().size().expandedTo(sizeHint()));
+        if (spoken_.isEmpty() || !place.intersects(spoken_)) return;
+        move(StandClear(place, spoken_, room).topLeft());
+    }
+
+private:
+    const QRect spoken_;
+};
+
 // "*.out" for any case of its letters: file systems that tell them apart are asked for each.
 QString AnyCase(const QString& pattern)
 {
@@ -118,6 +156,20 @@ void SetKind(QFileDialog& dialog, const FileQuestion& question)
 
 }  // namespace
 
+QRect StandClear(const QRect& window, const QRect& of, const QRect& room)
+{
+    constexpr int kGap = 12;
+    const std::array places = {
+        window.translated(0, of.bottom() + kGap - window.top()),
+        window.translated(0, of.top() - kGap - window.bottom()),
+        window.translated(of.right() + kGap - window.left(), 0),
+        window.translated(of.left() - kGap - window.right(), 0),
+    };
+    for (const QRect& place : places)
+        if (room.contains(place)) return place;
+    return window;
+}
+
 QStringList NameFilters(std::string_view filter)
 {
     const QStringList parts = ToQt(filter).split(QLatin1Char('|'));
@@ -131,12 +183,14 @@ QStringList NameFilters(std::string_view filter)
 
 Answer QtDialogs::MsgBox(std::string_view text, std::string_view title, Icon icon, Buttons buttons)
 {
-    QMessageBox box(Behind());
+    QWidget* behind = Behind();
+    Message box(behind);
     box.setTextFormat(Qt::PlainText);
     box.setText(ToQt(text));
     box.setWindowTitle(ToQt(title));
     box.setIcon(IconOf(icon));
     SetButtons(box, buttons);
+    const Mark mark(icon != Icon::Question && behind != nullptr ? behind->focusWidget() : nullptr);
     return AnswerOf(box.exec());
 }
 

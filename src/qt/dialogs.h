@@ -1,6 +1,7 @@
 // The dialogs of the toolkit: message boxes, the input box, the file dialog, the beep.
 #pragma once
 
+#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -16,6 +17,10 @@ public:
     std::optional<std::string> AskFile(const FileQuestion& question) override;
     void Beep() override;  // a session player overrides it, to hear it
 };
+
+// Where a window stands in `room` without covering `of`: below it, above it or beside it. As it stood where
+// there is no such place.
+QRect StandClear(const QRect& window, const QRect& of, const QRect& room);
 
 // The name filters of "OUT File|*.OUT|All Files (*.*)|*.*": each pattern in any case, "*.*" for every file.
 QStringList NameFilters(std::string_view filter);

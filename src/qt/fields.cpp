@@ -2,6 +2,9 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QStyledItemDelegate>
 #include <QValidator>
 #include <QtMath>
 #include <algorithm>
@@ -9,6 +12,7 @@
 #include "basic/error.h"
 #include "desktop/desktop.h"
 #include "qt/application.h"
+#include "qt/colors.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -16,12 +20,21 @@ namespace {
 
 constexpr int kTextLines = 9;  // of a text to read; more of them scroll
 
-// A text box whose whole text is selected whenever it gets the focus.
+// The box that had the focus last.
+QPointer<QLineEdit>& LastBox()
+{
+    static QPointer<QLineEdit> box;
+    return box;
+}
+
+// A text box whose whole text is selected whenever it gets the focus. It is framed while a message speaks of
+// it, which takes the focus away from its window.
 class TextBox : public QLineEdit {
 protected:
     void focusInEvent(QFocusEvent* event) override
     {
         QLineEdit::focusInEvent(event);
+        LastBox() = this;
         if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) return;
         selectAll();
         clickedInto_ = event->reason() == Qt::MouseFocusReason;
@@ -37,6 +50,16 @@ protected:
     {
         if (!clickedInto_) QLineEdit::mouseReleaseEvent(event);
         clickedInto_ = false;
+    }
+
+    void paintEvent(QPaintEvent* event) override
+    {
+        constexpr int kWidth = 3;
+        QLineEdit::paintEvent(event);
+        if (!property(kMarked).toBool()) return;
+        QPainter painter(this);
+        painter.setPen(QPen(AlertOn(palette().color(QPalette::Base)), kWidth));
+        painter.drawRect(rect().adjusted(1, 1, -2, -2));
     }
 
 private:
@@ -71,7 +94,7 @@ bool IsArrow(int key)
 }
 
 // Tab goes to the chosen one of some options. While none is chosen, an arrow key chooses the one that it goes
-// to.
+// to, or at the end the one that it comes from.
 class OptionButton : public QRadioButton {
 public:
     using QRadioButton::QRadioButton;
@@ -81,6 +104,7 @@ protected:
     {
         QRadioButton::showEvent(event);
         if (!isChecked()) return;
+        setFocusPolicy(Qt::FocusPolicy(focusPolicy() | Qt::TabFocus));
         for (OptionButton* other : Others())
             other->setFocusPolicy(Qt::FocusPolicy(other->focusPolicy() & ~Qt::TabFocus));
     }
@@ -91,7 +115,8 @@ protected:
         QRadioButton::keyPressEvent(event);
         if (!open) return;
         for (OptionButton* other : Others())
-            if (other->hasFocus()) other->click();
+            if (other->hasFocus()) return other->click();
+        click();  // there is none further on
     }
 
 private:
@@ -113,16 +138,62 @@ private:
 };
 
 // A list of one choice in which nothing is chosen yet: the first arrow key chooses the entry that it stands
-// on.
+// on. Until then no entry looks as if it were chosen; the list itself shows that the keys are its own.
 class List : public QListWidget {
+public:
+    List()
+    {
+        setItemDelegate(new Entries(*this));
+        connect(qApp, &QApplication::focusChanged, viewport(), qOverload<>(&QWidget::update));
+    }
+
 protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QListWidget::paintEvent(event);
+        if (!IsOpen() || (!hasFocus() && !GetsKeys(*this))) return;
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+    }
+
     void keyPressEvent(QKeyEvent* event) override
     {
-        const bool open = selectionMode() == SingleSelection && selectedItems().isEmpty();
-        if (open && IsArrow(event->key()) && count() > 0)
+        if (selectionMode() == SingleSelection && IsOpen() && IsArrow(event->key()) && count() > 0)
             setCurrentRow(qMax(0, currentRow()), QItemSelectionModel::ClearAndSelect);
         else
             QListWidget::keyPressEvent(event);
+    }
+
+private:
+    class Entries : public QStyledItemDelegate {
+    public:
+        explicit Entries(List& list) : QStyledItemDelegate(&list), list_(list) {}
+
+    protected:
+        void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+        {
+            QStyledItemDelegate::initStyleOption(option, index);
+            const bool open = list_.selectionMode() == SingleSelection && list_.IsOpen();
+            if (open) option->state.setFlag(QStyle::State_HasFocus, false);
+        }
+
+    private:
+        const List& list_;
+    };
+
+    [[nodiscard]] bool IsOpen() const { return !selectionModel()->hasSelection(); }
+};
+
+// The wheel turns the list only where the user is.
+class Combo : public QComboBox {
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
     }
 };
 
@@ -212,6 +283,14 @@ public:
     }
 };
 
+// The form whose Cancel button was pressed is still there: the user goes on with the box that was left.
+void GoBackToBox(const QWidget& cancel)
+{
+    QLineEdit* box = LastBox();
+    if (cancel.isVisible() && box != nullptr && box->window() == cancel.window() && box->isVisible())
+        SelectBox(box);
+}
+
 }  // namespace
 
 void Trap(const std::function<void()>& steps)
@@ -245,8 +324,7 @@ QLineEdit* MakeBox(const char* name, std::string_view description, TextCheck che
     box->setAccessibleName(ToQt(description).trimmed());
     if (!check) return box;
     CheckOnLeaving(box, [box, check = std::move(check)] {
-        bool taken = false;  // nor is a number that does not fit
-        Trap([&] { taken = check(TextOf(box)); });
+        const bool taken = IsTaken(box, check);
         if (!taken) SelectBox(box);
         return taken;
     });
@@ -283,7 +361,7 @@ QCheckBox* AddCheck(QLayout* layout, const char* name, std::string_view caption)
 
 QComboBox* AddCombo(QFormLayout* rows, const char* name, std::string_view label, const char* labelName)
 {
-    auto* combo = Named(new QComboBox, name);
+    auto* combo = Named(new Combo, name);
     combo->setFocusPolicy(Qt::StrongFocus);  // turning the wheel over it takes no focus
     return PutRow(rows, combo, label, labelName);
 }
@@ -335,6 +413,8 @@ QPushButton* AddCancelButton(QLayout* row, const char* name, std::string_view ca
                              std::function<void()> clicked)
 {
     QPushButton* button = AddButton(row, name, caption, std::move(clicked));
+    QObject::connect(button, &QPushButton::clicked, button, [button] { GoBackToBox(*button); });
+    button->setFocusPolicy(Qt::TabFocus);
     button->setProperty(kCancelsForm, true);
     LeavesUnchecked(button);
     return button;
@@ -354,6 +434,41 @@ void SelectBox(QLineEdit* box)
 {
     box->setFocus(Qt::OtherFocusReason);
     box->selectAll();
+}
+
+bool IsTaken(QLineEdit* box, const TextCheck& check)
+{
+    if (!check) return true;
+    if (!box->hasFocus()) SelectBox(box);
+    bool taken = false;  // nor is a number that does not fit
+    Trap([&] { taken = check(TextOf(box)); });
+    return taken;
+}
+
+bool GetsKeys(const QWidget& control)
+{
+    if (!control.isVisible() || !control.window()->hasFocus()) return false;
+    for (const QWidget* parent = control.parentWidget(); parent != nullptr; parent = parent->parentWidget())
+        if (parent->focusProxy() == &control) return true;
+    return false;
+}
+
+Mark::Mark(QWidget* box) : box_(qobject_cast<QLineEdit*>(box))
+{
+    if (box_ != nullptr) box_->selectAll();
+    Set(true);
+}
+
+Mark::~Mark()
+{
+    Set(false);
+}
+
+void Mark::Set(bool marked)
+{
+    if (box_ == nullptr) return;
+    box_->setProperty(kMarked, marked);
+    box_->update();
 }
 
 void ShowRow(QWidget* control, bool visible)

@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 #include <functional>
@@ -57,7 +58,8 @@ QListWidget* AddList(QLayout* layout, const char* name, std::string_view descrip
 QHBoxLayout* AddButtonRow(QLayout* layout);
 QPushButton* AddButton(QLayout* row, const char* name, std::string_view caption,
                        std::function<void()> clicked = {});
-// The button that the window's close button and Escape stand for; it checks no box.
+// The button that the window's close button and Escape stand for; it checks no box and takes no focus when it
+// is clicked, so that a form that stays goes on where it was.
 QPushButton* AddCancelButton(QLayout* row, const char* name, std::string_view caption,
                              std::function<void()> clicked = {});
 
@@ -67,12 +69,35 @@ QPushButton* AddCancelButton(QLayout* row, const char* name, std::string_view ca
 void SetTextOf(QLineEdit* box, std::string_view text);
 // Gives it the focus, its whole text selected.
 void SelectBox(QLineEdit* box);
+// Whether the check takes what stands in the box; a missing one takes everything. The box has the focus.
+bool IsTaken(QLineEdit* box, const TextCheck& check);
+// The same for the box of that number, before a message speaks of it.
+template <typename Boxes>
+auto PointAt(const Boxes& boxes)
+{
+    return [&boxes](int index) { SelectBox(boxes.at(static_cast<std::size_t>(index))); };
+}
+// While it lives the box is seen to be the one that a message speaks of. Null: nothing is marked.
+class Mark {
+public:
+    explicit Mark(QWidget* box);
+    ~Mark();
+    Mark(const Mark&) = delete;
+    Mark& operator=(const Mark&) = delete;
+
+private:
+    void Set(bool marked);
+
+    QPointer<QLineEdit> box_;
+};
 // Shows or hides a control with its label.
 void ShowRow(QWidget* control, bool visible);
 void SetRowLabel(QWidget* control, std::string_view text);
 // Only characters that `takes` answers true for can be typed; others are dropped silently.
 void FilterKeys(QLineEdit* box, std::function<bool(char)> takes);
 void OnlyDigits(QLineEdit* box);
+// The next key goes to the control, although the main window has the focus.
+[[nodiscard]] bool GetsKeys(const QWidget& control);
 // A click on it gives the focus to the main window.
 void PassClickToMenu(QWidget* widget);
 
@@ -86,5 +111,6 @@ void LeavesUnchecked(QWidget* control);
 // The properties behind it.
 constexpr const char* kLeavesUnchecked = "leavesUnchecked";
 constexpr const char* kCancelsForm = "cancelsForm";
+constexpr const char* kMarked = "marked";
 
 }  // namespace qt

@@ -2,6 +2,7 @@
 
 #include "desktop/desktop.h"
 #include "qt/text.h"
+#include "shell/session.h"
 
 ModelEntryForm::ModelEntryForm(QWidget* parent, const char* name, std::string_view title)
     : qt::ModalForm(parent), rows_(new QFormLayout(this))
@@ -13,15 +14,21 @@ ModelEntryForm::ModelEntryForm(QWidget* parent, const char* name, std::string_vi
 QLineEdit* ModelEntryForm::AddField(QFormLayout* rows, const char* name, std::string_view label,
                                     qt::TextCheck check, std::string_view text, const char* labelName)
 {
-    QLineEdit* box = qt::AddBox(rows, name, label, std::move(check), labelName);
+    QLineEdit* box = qt::AddBox(rows, name, label, check, labelName);
     qt::SetTextOf(box, text);
-    Require(box);
+    Require(box, std::move(check));
     return box;
 }
 
-void ModelEntryForm::Require(QLineEdit* box)
+void ModelEntryForm::Require(QLineEdit* box, qt::TextCheck check)
 {
-    required_.push_back(box);
+    fields_.push_back({box, std::move(check)});
+}
+
+void ModelEntryForm::CheckAtSolve(const QLineEdit* box, qt::TextCheck check)
+{
+    for (Field& field : fields_)
+        if (field.Box == box) field.Check = std::move(check);
 }
 
 void ModelEntryForm::AddButtons()
@@ -30,22 +37,37 @@ void ModelEntryForm::AddButtons()
     qt::AddButton(buttons, "cmdSolve", "Solve", [this] { Leave(FormExit::Solve); });
     qt::AddButton(buttons, "cmdSave", "Save", [this] { Leave(FormExit::Save); });
     qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [this] { Cancel(); });
-    qt::SelectBox(required_.front());
+    qt::SelectBox(fields_.front().Box);
 }
 
 bool ModelEntryForm::IsComplete()
 {
-    for (QLineEdit* box : required_) {
-        if (!box->isVisibleTo(this) || RequireValue(qt::TextOf(box))) continue;
-        qt::SelectBox(box);
+    for (const Field& field : fields_) {
+        if (!field.Box->isVisibleTo(this) || !qt::TextOf(field.Box).empty()) continue;
+        qt::SelectBox(field.Box);
+        return RequireValue({});
+    }
+    return true;
+}
+
+// The last number that was looked at stays the one of the box that was left last.
+bool ModelEntryForm::IsTaken()
+{
+    const std::string checkText = Session.CheckText;
+    const std::string isNumber = Session.IsNumber;
+    for (const Field& field : fields_) {
+        if (!field.Box->isVisibleTo(this) || qt::IsTaken(field.Box, field.Check)) continue;
+        qt::SelectBox(field.Box);
         return false;
     }
+    Session.CheckText = checkText;
+    Session.IsNumber = isNumber;
     return true;
 }
 
 void ModelEntryForm::Leave(FormExit exit)
 {
-    if (!IsComplete() || !Keep()) return;
+    if (!IsComplete() || !IsTaken() || !Keep()) return;
     LeaveModelForm(exit);
     desktop::TheForms().Unload(qt::FromQt(objectName()));
 }

@@ -47,9 +47,5 @@ void frmUserInput::Accept()
     std::vector<std::string> texts;
     for (const QLineEdit* box : txtAnswer)
         texts.push_back(qt::TextOf(box));
-    const int refused = UserInput::TakeSizes(texts);
-    if (refused < 0)
-        desktop::TheForms().Unload("frmUserInput");
-    else
-        qt::SelectBox(txtAnswer[static_cast<std::size_t>(refused)]);
+    if (UserInput::TakeSizes(texts, qt::PointAt(txtAnswer)) < 0) desktop::TheForms().Unload("frmUserInput");
 }

@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
+#include "shell/session.h"
 #include "shell/solution.h"
 
 namespace {
@@ -44,6 +45,14 @@ void ReturnToModelForm(void (*show)())
     UnloadSolution();
     Menus.SetEnabled(EditItemName(0), false);
     show();
+}
+
+void LeaveNoProblem()
+{
+    Session.ProblemOnDisplay = "NO";
+    for (const char* item : {"mnuFileSave", "mnudispedit", "mnuSolution"})
+        Menus.SetEnabled(item, false);
+    Menus.SetCaption(EditItemName(0), "");
 }
 
 void LeaveModelForm(FormExit exit)

@@ -4,19 +4,23 @@
 #include <string_view>
 
 enum class FormExit {
-    Closed,     // the problem is kept as it is
+    Closed,     // the problem is kept as it was when the form was opened
     Solve,      // the Solve command follows
     Save,       // the Save command follows
     Cancelled,  // the problem is given up, the list of models follows
 };
 
 // Shows the form, the menus off while it is open, and runs the command that it was left with. The problem has
-// then either been kept, or the answer is FormExit::Cancelled.
+// then either been kept, or the answer is FormExit::Cancelled; after
+// FormExit::Closed the module puts it back.
 FormExit RunModelForm(std::string_view form);
 
 // The two ways to a model's form: as a new problem or one from a file, and from its report. `show` runs it.
 void DisplayModelForm(void (*show)());
 void ReturnToModelForm(void (*show)());
+
+// The problem of a form has been given up, the menus are those of a module without one.
+void LeaveNoProblem();
 
 // ---- for the forms ----
 

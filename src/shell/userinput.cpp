@@ -13,7 +13,7 @@ int chosenItem = 0;
 
 bool IsDigits(std::string_view text)
 {
-    return text.find_first_not_of("0123456789") == std::string_view::npos;
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 }  // namespace
@@ -41,11 +41,12 @@ const SizeDialog& CurrentSizes()
     return sizes;
 }
 
-int TakeSizes(const std::vector<std::string>& texts)
+int TakeSizes(const std::vector<std::string>& texts, const BoxPointer& point)
 {
     std::vector<std::int16_t> taken;
     for (std::size_t i = 0; i < sizes.Questions.size(); ++i) {
         const SizeQuestion& question = sizes.Questions[i];
+        PointAtBox(point, static_cast<int>(i));
         if (!question.WholeMessage.empty() && !IsDigits(texts[i])) {
             Refuse(question.WholeMessage);
             return static_cast<int>(i);

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "desktop/dialogs.h"
+
 // One question of `frmUserInput`, answered by a whole number.
 struct SizeQuestion {
     std::string Question = {};
@@ -43,7 +45,7 @@ namespace UserInput {
 
 const SizeDialog& CurrentSizes();
 // Which answer is refused, after its message (0 or 1); -1: both are taken and stored.
-int TakeSizes(const std::vector<std::string>& texts);
+int TakeSizes(const std::vector<std::string>& texts, const BoxPointer& point = {});
 bool ConfirmCancel();  // asks; sets DialogCancelled on Yes
 
 const ListDialog& CurrentList();

@@ -71,13 +71,17 @@ void GiveUpProblem()
 {
     Problem.WaitingModel = 0;
     Problem.Saved = false;
+    LeaveNoProblem();
     desktop::TheScreen().SetIndicator(kModuleIndicator);
 }
 
 void ShowForm()
 {
     if (!HasModel()) return;
-    if (RunModelForm(kForm) != FormExit::Cancelled) return;
+    const WaitingProblem opened = Problem;
+    const FormExit exit = RunModelForm(kForm);
+    if (exit == FormExit::Closed) Problem = opened;
+    if (exit != FormExit::Cancelled) return;
     GiveUpProblem();
     NewProblem();
 }

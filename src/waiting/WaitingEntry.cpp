@@ -1,6 +1,7 @@
 // What the boxes of the form accept, and what Solve and Save ask of them together.
 #include <cmath>
 
+#include "basic/entrytext.h"
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/dialogs.h"
@@ -33,6 +34,19 @@ Variant Number(std::string_view text, std::string_view refusal)
     return {};
 }
 
+// The same for a box that may be unchanged: it holds the stored value to its last bit.
+Variant ValueOf(const Variant& field, std::string_view text, std::string_view refusal)
+{
+    const Variant value = Number(text, refusal);
+    return !value.IsEmpty() && text == EntryText(field) ? field : value;
+}
+
+// Rates come as decimals: a product of two of them may be off in its last bit.
+double At15Digits(double value)
+{
+    return Val(PlainText(value));
+}
+
 // An empty box waits for Solve and Save.
 bool IsLeftOut(std::string_view text)
 {
@@ -42,7 +56,7 @@ bool IsLeftOut(std::string_view text)
 bool TakeRate(Variant& field, std::string_view text, std::string_view refusal)
 {
     if (IsLeftOut(text)) return true;
-    const Variant rate = Number(text, refusal);
+    const Variant rate = ValueOf(field, text, refusal);
     if (rate.IsEmpty()) return false;
     if (!(rate.Value() > 0)) return Refuse(kMeanRefused);
     field = rate;
@@ -52,7 +66,7 @@ bool TakeRate(Variant& field, std::string_view text, std::string_view refusal)
 bool TakeAny(Variant& field, std::string_view text)
 {
     if (IsLeftOut(text)) return true;
-    const Variant value = Number(text, kNoNumber);
+    const Variant value = ValueOf(field, text, kNoNumber);
     if (!value.IsEmpty()) field = value;
     return !value.IsEmpty();
 }
@@ -135,10 +149,9 @@ bool TakeCostPerChannel(std::string_view text)
 
 bool CheckRates()
 {
-    const double arrivals = Problem.ArrivalRate.Value();
+    const double arrivals = At15Digits(Problem.ArrivalRate.Value());
     const double channels = Problem.Channels.Value();
-    const double capacity =
-        AsksForChannels() ? channels * Problem.ServiceRate.Value() : Problem.ServiceRate.Value();
+    const double capacity = At15Digits((AsksForChannels() ? channels : 1) * Problem.ServiceRate.Value());
     if (!(arrivals > 0)) return Refuse(kMeanRefused);
     if (Problem.WaitingModel == kNoWaiting || Problem.WaitingModel == kFinitePopulation)
         return CheckChannelCapacity(arrivals, channels, capacity);

@@ -85,7 +85,6 @@ void frmWL_Model::ChooseEconomicAnalysis(bool wanted)
 
 bool frmWL_Model::Keep()
 {
-    if (VtWait::CheckRates()) return true;
     qt::SelectBox(arrivalRate_);
-    return false;
+    return VtWait::CheckRates();
 }

@@ -14,6 +14,8 @@
 #include <QTimer>
 #include <functional>
 
+#include "qt/fields.h"
+
 namespace {
 
 template <typename Dialog>
@@ -214,4 +216,48 @@ TEST(QtDialogs, OpeningTakesOnlyAFileThatExists)
     });
     const auto path = dialogs.AskFile(Question(folder.path(), false));
     EXPECT_EQ(QString::fromStdString(path.value_or("")), folder.filePath("there.mrk"));
+}
+
+// A window of 100 x 50 in front of a box of 40 x 20, on a screen of 400 x 300.
+TEST(QtDialogs, AWindowStandsBelowWhatItSpeaksOfAboveItOrBesideIt)
+{
+    const QRect room(0, 0, 400, 300);
+    const auto placed = [&room](const QPoint& box) {
+        const QRect of(box, QSize(40, 20));
+        return qt::StandClear(QRect(box, QSize(100, 50)), of, room);
+    };
+    EXPECT_EQ(placed({50, 100}), QRect(50, 131, 100, 50));
+    EXPECT_EQ(placed({50, 260}), QRect(50, 199, 100, 50));
+    const QRect low(0, 0, 400, 70);  // neither below nor above
+    EXPECT_EQ(qt::StandClear({10, 10, 100, 50}, {10, 20, 40, 20}, low), QRect(61, 10, 100, 50));
+    EXPECT_EQ(qt::StandClear({300, 10, 100, 50}, {350, 20, 40, 20}, low), QRect(239, 10, 100, 50));
+    const QRect none(0, 0, 110, 60);
+    EXPECT_EQ(qt::StandClear({5, 5, 100, 50}, {40, 20, 40, 20}, none), QRect(5, 5, 100, 50));
+}
+
+TEST(QtDialogs, AMessageLeavesTheBoxThatItSpeaksOfInSightAndMarked)
+{
+    QWidget form;
+    QLineEdit* box = qt::MakeBox("txtBox", "Box");
+    box->setParent(&form);
+    box->setText("12x");
+    form.resize(300, 120);
+    box->setGeometry(100, 50, 100, 30);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    box->setFocus();
+    qt::QtDialogs dialogs;
+    Meanwhile<QMessageBox>([box](QMessageBox& message) {
+        EXPECT_TRUE(box->property(qt::kMarked).toBool());
+        EXPECT_EQ(box->selectedText(), "12x");
+        EXPECT_FALSE(message.frameGeometry().intersects({box->mapToGlobal(QPoint()), box->size()}));
+        message.close();
+    });
+    dialogs.MsgBox("Refused", "Data Input Error", Icon::Critical, Buttons::OK);
+    EXPECT_FALSE(box->property(qt::kMarked).toBool());
+    Meanwhile<QMessageBox>([box](QMessageBox& question) {
+        EXPECT_FALSE(box->property(qt::kMarked).toBool());  // it speaks of no box
+        question.close();
+    });
+    dialogs.MsgBox("Sure?", "Cancel", Icon::Question, Buttons::YesNo);
 }

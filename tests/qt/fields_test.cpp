@@ -11,6 +11,8 @@
 #include <memory>
 
 #include "basic/error.h"
+#include "shell/frmuserlistinput.h"
+#include "shell/userinput.h"
 #include "support/qt_desktop.h"
 
 namespace {
@@ -361,4 +363,60 @@ TEST_F(ChoicesTest, AnArrowKeyInAnEmptyListChoosesNothing)
     form.Open();
     Choices::Press(Qt::Key_Down);
     EXPECT_TRUE(form.list->selectedItems().isEmpty());
+}
+
+TEST_F(FieldsTest, ACancelThatLeavesTheFormLeadsBackToTheBox)
+{
+    form.second->setFocus();
+    form.second->setText("x");
+    form.second->deselect();
+    Click(form.cancel);
+    EXPECT_EQ(form.cancelled, 1);
+    EXPECT_TRUE(form.second->hasFocus());
+    EXPECT_EQ(form.second->selectedText(), "x");
+    EXPECT_EQ(form.checked, Texts{});
+    form.second->setText("1");
+    form.cancel->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(form.cancel, Qt::Key_Space);
+    EXPECT_EQ(form.cancelled, 2);
+    EXPECT_TRUE(form.second->hasFocus());
+}
+
+TEST_F(FieldsTest, TheWheelTurnsAListOnlyWhereTheFocusIs)
+{
+    auto* rows = new QFormLayout;
+    static_cast<QVBoxLayout*>(form.layout())->addLayout(rows);
+    QComboBox* combo = qt::AddCombo(rows, "comboThing", "Thing:");
+    combo->addItems({"One", "Two"});
+    QCoreApplication::processEvents();
+    const auto turn = [combo] {
+        const QPointF place = combo->rect().center();
+        QWheelEvent wheel(place, combo->mapToGlobal(place), QPoint(), QPoint(0, -120), Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(combo, &wheel);
+    };
+    turn();
+    EXPECT_EQ(combo->currentIndex(), 0);
+    combo->setFocus();
+    turn();
+    EXPECT_EQ(combo->currentIndex(), 1);
+}
+
+TEST(ListOfModels, ADoubleClickBesideTheItemsIsOK)
+{
+    QtDesktop desktop;
+    desktop.forms.Add<frmuserlistinput>("frmuserlistinput", qt::Place::Modal);
+    QTimer::singleShot(0, [&desktop] {
+        auto* form = desktop.forms.Find("frmuserlistinput");
+        auto* list = form->findChild<QListWidget*>("lstModelSelection");
+        const QPoint beside(5, list->viewport()->height() - 3);
+        EXPECT_EQ(list->itemAt(beside), nullptr);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, beside);
+        EXPECT_TRUE(form->isVisible());  // nothing was chosen
+        list->setCurrentRow(1);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, beside);
+    });
+    EXPECT_EQ(
+        AskListItem({.Caption = "", .Items = {"A", "B"}, .EmptyMessage = "None", .ModuleIndicator = ""}), 2);
+    EXPECT_EQ(desktop.dialogs.Last(), Refused("None"));
 }

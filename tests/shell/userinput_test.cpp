@@ -65,8 +65,8 @@ TEST_F(UserInputs, BeyondTheRangeTheMessageOfTheQuestionComes)
 
 TEST_F(UserInputs, AnEmptyFieldFailsLikeZero)
 {
-    Ask(kTwo, {"", "3"});
-    EXPECT_EQ(desktop.dialogs.Last(), Refused("2 to 20"));
+    Ask(kOneToTen, {""});
+    EXPECT_EQ(desktop.dialogs.Last(), Refused("1 to 10"));
 }
 
 TEST_F(UserInputs, WhatIsNotWholeHasAMessageOfItsOwn)
@@ -75,6 +75,8 @@ TEST_F(UserInputs, WhatIsNotWholeHasAMessageOfItsOwn)
     EXPECT_EQ(desktop.dialogs.Last(), Refused("whole rows"));
     Ask(kTwo, {"2", "x"});
     EXPECT_EQ(desktop.dialogs.Last(), Refused("whole columns"));
+    Ask(kTwo, {"", "3"});
+    EXPECT_EQ(desktop.dialogs.Last(), Refused("whole rows"));
 }
 
 TEST_F(UserInputs, CancelAsksFirst)
