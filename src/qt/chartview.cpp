@@ -91,6 +91,7 @@ public:
         SetRanges();
         MakeRoom();
         labels_.SetRoom(room_, plot_);
+        KeepAxesFree();
         DrawLegend();
         DrawBands();
         DrawGrid();
@@ -156,6 +157,16 @@ private:
         plot_ = QRectF(QPointF(left, top), QPointF(std::max(right, left + 10), std::max(bottom, top + 10)));
         xTicks_ =
             FittingTicks(x_, chart_.X.Counts, [&](const picture::Ticks& ticks) { return XTextsFit(ticks); });
+    }
+
+    // No label covers the texts beside and below the axes, or the title of the upright one.
+    void KeepAxesFree()
+    {
+        labels_.Avoid(QRectF(room_.topLeft(), QPointF(plot_.left() - 1, room_.bottom())));
+        labels_.Avoid(QRectF(QPointF(room_.left(), plot_.bottom() + 1), room_.bottomRight()));
+        const double title = metrics_.horizontalAdvance(ToQt(chart_.Y.Title));
+        labels_.Avoid(QRectF(room_.left(), room_.top(), title + kGap, LegendHeight() + metrics_.height()));
+        if (LegendHeight() > 0) labels_.Avoid(QRectF(room_.topLeft(), QSizeF(room_.width(), LegendHeight())));
     }
 
     template <typename Fits>
@@ -895,6 +906,11 @@ private:
 
 ChartView::ChartView(picture::Chart chart) : chart_(std::move(chart))
 {
+}
+
+double ChartView::HeightIn(const QSizeF& room, const Look& look)
+{
+    return chart_.Cells ? std::min(room.height(), LeastOfCells(chart_, look).height()) : room.height();
 }
 
 QSizeF ChartView::Least(const Look& look)

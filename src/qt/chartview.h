@@ -10,6 +10,7 @@ public:
     explicit ChartView(picture::Chart chart);
 
     [[nodiscard]] QSizeF Least(const Look& look) override;
+    [[nodiscard]] double HeightIn(const QSizeF& room, const Look& look) override;
     std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) override;
     [[nodiscard]] int LeftOut() const override { return leftOut_; }
 

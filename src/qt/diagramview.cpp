@@ -348,12 +348,21 @@ QSizeF DiagramView::Least(const Look& look)
     return {least.Width, least.Height};
 }
 
+// A lower room that holds all of the last placement has the same one.
 void DiagramView::PlaceIn(const QSizeF& room, const Look& look)
 {
-    if (room == placedFor_ && look.Bold == placedIn_) return;
+    const bool holds = room.width() == placedFor_.width() && room.height() <= placedFor_.height() &&
+                       room.height() >= placement_.Size.Height;
+    if ((room == placedFor_ || holds) && look.Bold == placedIn_) return;
     placement_ = picture::Place(diagram_, {room.width(), room.height()}, MeasureIn(look.Bold));
     placedFor_ = room;
     placedIn_ = look.Bold;
+}
+
+double DiagramView::HeightIn(const QSizeF& room, const Look& look)
+{
+    PlaceIn(room, look);
+    return std::min(room.height(), placement_.Size.Height);
 }
 
 std::vector<Item> DiagramView::Paint(QPainter& painter, const QRectF& room, const Look& look)

@@ -11,6 +11,7 @@ public:
     explicit DiagramView(picture::Diagram diagram);
 
     [[nodiscard]] QSizeF Least(const Look& look) override;
+    [[nodiscard]] double HeightIn(const QSizeF& room, const Look& look) override;
     std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) override;
     [[nodiscard]] int LeftOut() const override { return placement_.LeftOut; }
     [[nodiscard]] QPointF Start() const override;

@@ -28,6 +28,8 @@ public:
     virtual ~Drawing() = default;
     // The smallest size at which all of it can be read.
     [[nodiscard]] virtual QSizeF Least(const Look& look) = 0;
+    // How much of the room's height it uses; the notes come below.
+    [[nodiscard]] virtual double HeightIn(const QSizeF& room, const Look& look) = 0;
     // Draws into the room and tells what stands where.
     virtual std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) = 0;
     // What the last Paint had no place for.

@@ -100,7 +100,8 @@ std::vector<QRectF> Labels::Inside(const QString& text, picture::Role role, cons
     std::vector<QRectF> places;
     const QRectF shown = area & plot_;
     for (double y = shown.top() + 2; y + size.height() <= plot_.bottom(); y += size.height() + 2) {
-        places.emplace_back(QPointF(shown.center().x() - size.width() / 2, y), size);
+        const double middle = shown.center().x() - size.width() / 2;
+        places.emplace_back(QPointF(std::max(plot_.left() + 2, middle), y), size);
         places.emplace_back(QPointF(shown.left() + 2, y), size);
         places.emplace_back(QPointF(shown.right() + 3, y), size);
     }

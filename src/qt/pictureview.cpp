@@ -74,7 +74,8 @@ std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, cons
     painter.setPen(look.Text);
     painter.drawText(room, Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop, ToQt(picture_.Title));
     room.setTop(room.top() + TitleHeight(look, room.width()));
-    const QRectF body(room.topLeft(), QPointF(room.right(), room.bottom() - NotesHeight(look, room.width())));
+    QRectF body(room.topLeft(), QPointF(room.right(), room.bottom() - NotesHeight(look, room.width())));
+    body.setHeight(drawing_->HeightIn(body.size(), look));
     body_ = body.topLeft();
     painter.setClipRect(page);
     std::vector<Item> items = drawing_->Paint(painter, body, look);

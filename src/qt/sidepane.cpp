@@ -180,7 +180,8 @@ QWidget* SidePane::MakePicturePage()
 
 QWidget* SidePane::MakeStepsPage()
 {
-    auto* parts = new QSplitter(Qt::Vertical);
+    stepParts_ = new QSplitter(Qt::Vertical);
+    auto* parts = stepParts_;
     parts->setChildrenCollapsible(false);
     list_ = new QListWidget;
     list_->setFocusPolicy(Qt::ClickFocus);
@@ -307,6 +308,7 @@ void SidePane::FillPictures()
     int id = 0;
     for (const picture::Picture& picture : Pictures()) {
         auto* button = new QToolButton;
+        button->setObjectName(QStringLiteral("cmdPicture(%1)").arg(id));
         button->setText(ToQt(picture.Title));
         button->setCheckable(true);
         button->setFocusPolicy(Qt::ClickFocus);
@@ -355,10 +357,21 @@ void SidePane::ShowStep(int row)
             lines.append(ToQt(line));
     figures_->setPlainText(lines.join(QLatin1Char('\n')));
     figures_->setVisible(!lines.isEmpty());
+    ShowStepPicture(step);
+}
+
+// The picture that the step belongs to, with its part marked; it takes the lower half.
+void SidePane::ShowStepPicture(const picture::Step& step)
+{
     const picture::Picture* shown = nullptr;
     if (!step.Picture.empty())
         for (const picture::Picture& picture : Pictures())
             if (picture.Title == step.Picture) shown = &picture;
+    if (shown != nullptr && stepView_->isHidden()) {
+        const int part = stepParts_->height() / 10;
+        stepView_->show();
+        stepParts_->setSizes({2 * part, 3 * part, 5 * part});
+    }
     stepView_->setVisible(shown != nullptr);
     if (shown == nullptr) return;
     stepView_->SetPicture(shown);
@@ -397,8 +410,10 @@ void SidePane::TakeFocus()
     }
 }
 
+// The focus waits on the tabs: a page that is hidden with it would give it to whatever comes next.
 void SidePane::NextTab(int by)
 {
+    tabs_->tabBar()->setFocus(Qt::OtherFocusReason);
     tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
     TakeFocus();
 }

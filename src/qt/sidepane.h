@@ -72,6 +72,7 @@ private:
     void FillMeaning();
     void ShowPicture(std::size_t number);
     void ShowStep(int row);
+    void ShowStepPicture(const picture::Step& step);
     void ConnectMenu(PictureView& view);
     void ShowPictureMenu(PictureView& view, const QPoint& at);
     void ShowStepsMenu(const QPoint& at);
@@ -93,6 +94,7 @@ private:
     QHBoxLayout* buttons_ = nullptr;
     QButtonGroup* group_ = nullptr;
     PictureView* view_ = nullptr;
+    QSplitter* stepParts_ = nullptr;
     QListWidget* list_ = nullptr;
     QLabel* why_ = nullptr;
     QPlainTextEdit* figures_ = nullptr;
