@@ -180,7 +180,7 @@ void Sayer::SayLag()
         return;
     Say(SentenceKind::Caution, "On average the past forecasts were " + ForecastText(std::abs(mean)) +
                                    (mean > 0 ? " too low" : " too high") +
-                                   ": this method comes behind a series that goes one way.");
+                                   ": this method lags behind a series that goes one way.");
 }
 
 // Constants with which a method does nothing.

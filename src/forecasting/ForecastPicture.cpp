@@ -86,7 +86,7 @@ Picture SeriesPicture(const ForecastProblem& problem, const ForecastResult& resu
     if (!fitted.Points.empty()) chart.Curves.push_back(std::move(fitted));
     if (!forecast.Points.empty()) {
         chart.Curves.push_back(std::move(forecast));
-        chart.Rules.push_back({.Value = n + kHalf, .Text = "forecast"});
+        chart.Rules.push_back({.Value = n + kHalf});
     }
     Picture series{.Title = "Series", .Notes = {ForecastNote(result)}};
     if (HasForecasts(result) && result.FirstFittedPeriod > 1 && FittedPeriods(result) > 0)

@@ -94,13 +94,13 @@ void Sayer::SayWait()
     Say(SentenceKind::Result, "With its service a unit stays " + Periods(result_.TimeInSystem) +
                                   "; the system holds " + Units(result_.UnitsInSystem) + " on average.");
     if (model_ != kFinitePopulation)
-        Say(SentenceKind::Result, "A unit that arrives has to wait with a chance of " +
+        Say(SentenceKind::Result, "The chance that an arriving unit has to wait is " +
                                       picture::Chance(result_.ProbabilityWait, 4) + ".");
 }
 
 void Sayer::SayLost()
 {
-    Say(SentenceKind::Result, "A unit that arrives finds all channels busy and is lost with a chance of " +
+    Say(SentenceKind::Result, "The chance that an arriving unit finds all channels busy and is lost is " +
                                   picture::Chance(result_.ProbabilityWait, 4) + ".");
     Say(SentenceKind::Result, "Of " + problem_.ArrivalRate.Text() + " arrivals per time period " +
                                   AverageText(problem_.ArrivalRate.Value() * result_.ProbabilityWait) +
@@ -178,7 +178,7 @@ void Sayer::SayOnArrival()
     const std::string what = k_ == 1 ? "finds it busy" : "finds all channels busy";
     if (k_ > 1)
         Say(SentenceKind::Result,
-            "All channels are busy with a chance of " + picture::Chance(result_.ProbabilityWait, 4) + ".");
+            "The chance that all channels are busy is " + picture::Chance(result_.ProbabilityWait, 4) + ".");
     if (ChanceText(arriving) != ChanceText(result_.ProbabilityWait))
         Say(SentenceKind::Caution, "A unit that arrives " + what + " less often, in " +
                                        picture::Percent(ChanceText(arriving)) +

@@ -223,8 +223,8 @@ Picture LostPicture(const WaitingProblem& problem, const WaitingResult& result)
     MarkCount(chart, Role::Chosen, k, result.ProbabilityWait, "given " + ChanceText(result.ProbabilityWait),
               "given");
     Picture lost{.Title = "Lost"};
-    lost.Notes = {"With " + picture::Counted(k, "channel") + " a share of " +
-                  picture::Chance(result.ProbabilityWait, 4) + " of the units is lost."};
+    lost.Notes = {"With " + picture::Counted(k, "channel") + " the share of units that is lost is " +
+                  picture::Chance(result.ProbabilityWait, 4) + "."};
     lost.Body = std::move(chart);
     return lost;
 }

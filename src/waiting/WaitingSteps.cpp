@@ -26,7 +26,7 @@ std::string Term(double value)
 
 std::string Row(int n, const std::string& formula, double value)
 {
-    return FlushRight(Num(n), 4) + "  " + FlushLeft(formula, 26) + Term(value);
+    return FlushRight(Num(n), 4) + "  " + FlushLeft(formula, 36) + Term(value);
 }
 
 double Factorial(int n)

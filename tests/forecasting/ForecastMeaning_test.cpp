@@ -65,7 +65,7 @@ TEST(ForecastMeaning, AveragesLagBehindALine)
     EXPECT_THAT(
         Said(kMovingAverages, "2"),
         Contains(
-            "On average the past forecasts were 1.50 too low: this method comes behind a series that goes "
+            "On average the past forecasts were 1.50 too low: this method lags behind a series that goes "
             "one way."));
     Given({1, 2, 3, 4});
     EXPECT_THAT(Said(kMovingAverages, "2"), Not(Contains(HasSubstr("On average"))));

@@ -44,7 +44,7 @@ TEST(WaitingMeaning, OneExponentialChannel)
         ElementsAre(
             "A unit waits 0.6667 time periods on average; the line holds 1.3333 units.",
             "With its service a unit stays 1.0000 time periods; the system holds 2.0000 units on average.",
-            "A unit that arrives has to wait with a chance of 0.6667.",
+            "The chance that an arriving unit has to wait is 0.6667.",
             "The channel is busy 66.67 % of the time.",
             "With one channel more a unit would wait 0.0417 time periods on average, not 0.6667."));
 }
@@ -70,7 +70,7 @@ TEST(WaitingMeaning, AWaitThatIsPrintedAsZeroIsSmall)
     EXPECT_EQ(
         said[0],
         "A unit waits less than 0.0001 time periods on average; the line holds less than 0.0001 units.");
-    EXPECT_EQ(said[2], "A unit that arrives has to wait with a chance of below 0.0001.");
+    EXPECT_EQ(said[2], "The chance that an arriving unit has to wait is below 0.0001.");
     EXPECT_THAT(said, Not(Contains(HasSubstr("one channel more"))));
 }
 
@@ -116,12 +116,11 @@ TEST(WaitingMeaning, WhatDifferentServiceTimesCost)
 TEST(WaitingMeaning, UnitsAreLostWithoutWaiting)
 {
     GivenNoWaiting(3, 2, 1);
-    EXPECT_THAT(
-        Said(),
-        ElementsAre("A unit that arrives finds all channels busy and is lost with a chance of 0.2105.",
-                    "Of 2 arrivals per time period 0.4211 are lost on average.",
-                    "Each of the 3 channels is busy 52.63 % of the time on average.",
-                    "With one channel more the chance to be lost would be 0.0952."));
+    EXPECT_THAT(Said(),
+                ElementsAre("The chance that an arriving unit finds all channels busy and is lost is 0.2105.",
+                            "Of 2 arrivals per time period 0.4211 are lost on average.",
+                            "Each of the 3 channels is busy 52.63 % of the time on average.",
+                            "With one channel more the chance to be lost would be 0.0952."));
 }
 
 // ---- finite population ----

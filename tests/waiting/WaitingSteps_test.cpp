@@ -60,8 +60,8 @@ TEST(WaitingSteps, ExponentialChannelsFollowErlang)
     EXPECT_THAT(steps[0].Figures,
                 ElementsAre("r = arrivals / services = 3 / 2 = 1.5000", "r / k = 1.5000 / 2 = 0.7500"));
     EXPECT_THAT(steps[1].Figures,
-                ElementsAre("   n  r^n / n!", "   0  r^0 / 0!                            1.0000",
-                            "   1  r^1 / 1!                            1.5000", "S = 2.5000",
+                ElementsAre("   n  r^n / n!", "   0  r^0 / 0!                                      1.0000",
+                            "   1  r^1 / 1!                                      1.5000", "S = 2.5000",
                             "T = 2 / (2 x 2 - 3) x r^2 / 1! = 4.5000", "P0 = 1 / (T + S) = 0.1429"));
     EXPECT_THAT(steps[2].Figures, Contains("   = 1.9286"));
     EXPECT_THAT(steps[6].Figures, Contains("   = 0.6429"));
