@@ -113,14 +113,19 @@ Picture ErrorsPicture(const ForecastResult& result)
     Open(y);
     Chart chart{.X = {.Title = "Period", .From = first - kHalf, .To = last + kHalf, .Counts = true}, .Y = y};
     chart.Curves = {bars};
-    const std::string text = ForecastText(root);
-    chart.Rules = {{.Across = picture::Direction::Y, .As = Role::Limit, .Value = root, .Text = "+" + text},
-                   {.Across = picture::Direction::Y, .As = Role::Limit, .Value = -root, .Text = "-" + text}};
     Picture errors{.Title = "Errors"};
-    errors.Notes = {
-        "The largest error, " + SignedText(result.FitError(largest)) + ", is that of period " +
-            std::to_string(largest) + ".",
-        "The dashed lines stand at plus and minus the root of the mean square error, " + text + "."};
+    const std::string text = ForecastText(root);
+    if (text == ForecastText(0)) {
+        errors.Notes = {"The fitted values meet the series in every period."};
+    } else {
+        chart.Rules = {
+            {.Across = picture::Direction::Y, .As = Role::Limit, .Value = root, .Text = "+" + text},
+            {.Across = picture::Direction::Y, .As = Role::Limit, .Value = -root, .Text = "-" + text}};
+        errors.Notes = {
+            "The largest error, " + SignedText(result.FitError(largest)) + ", is that of period " +
+                std::to_string(largest) + ".",
+            "The dashed lines stand at plus and minus the root of the mean square error, " + text + "."};
+    }
     errors.Body = std::move(chart);
     return errors;
 }

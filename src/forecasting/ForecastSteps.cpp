@@ -204,8 +204,10 @@ void Teller::TellTrendForecasts()
         const int t = n_ + i;
         const bool seasonal = result_.Method == kTrendAndSeasonal;
         const std::string b0 = seasonal ? Fine(result_.TrendIntercept) : PlainText(result_.TrendIntercept);
-        const std::string b1 = seasonal ? Fine(result_.TrendSlope) : PlainText(result_.TrendSlope);
-        const std::string line = "(" + b0 + " + " + b1 + " x " + Num(t) + ")";
+        const double slope = std::abs(result_.TrendSlope);
+        const std::string b1 = seasonal ? Fine(slope) : PlainText(slope);
+        const std::string line =
+            "(" + b0 + (result_.TrendSlope < 0 ? " - " : " + ") + b1 + " x " + Num(t) + ")";
         Step& step =
             Add("Period " + Num(t),
                 {"forecast = " + line +
@@ -243,8 +245,9 @@ void Teller::TellCentred()
     const std::string p = Num(result_.SeasonCount);
     Add("Centred averages and ratios", rows,
         result_.SeasonCount % 2 == 1
-            ? "Averages over all " + p + " seasons, set against their middle, have no season left in them."
-            : "Averages over all " + p +
+            ? "Averages over a cycle of " + p + (p == "1" ? " season" : " seasons") +
+                  ", set against their middle, have no season left in them."
+            : "Averages over a cycle of " + p +
                   " seasons have no season left in them; of two neighbours the mean stands against a "
                   "period.");
 }

@@ -106,6 +106,14 @@ TEST(ForecastPicture, ErrorsStandBetweenTheRootsOfTheirMeanSquare)
     EXPECT_EQ(errors.X.From, 3.5);
 }
 
+TEST(ForecastPicture, AFitWithoutErrorHasNoLinesAroundIt)
+{
+    Given({4, 4, 4, 4});
+    const auto pictures = Drawn(kMovingAverages, "2");
+    EXPECT_THAT(ChartOf(pictures, "Errors").Rules, IsEmpty());
+    EXPECT_THAT(pictures[1].Notes, ElementsAre("The fitted values meet the series in every period."));
+}
+
 TEST(ForecastPicture, OnePeriodHasNoErrors)
 {
     Given({7});

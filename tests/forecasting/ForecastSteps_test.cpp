@@ -110,6 +110,13 @@ TEST(ForecastSteps, TheLineIsRoundedInAStepOfItsOwn)
     EXPECT_THAT(steps[4].Figures, ElementsAre("forecast = (0 + 0.333 x 4) = 1.33"));
 }
 
+TEST(ForecastSteps, AFallingLineIsWrittenWithItsMinus)
+{
+    Given({5, 3, 1});
+    EXPECT_THAT(Headed(Told(kTrendProjection, "", "1"), "Period 4").Figures,
+                ElementsAre("forecast = (7 - 2 x 4) = -1.00"));
+}
+
 // By hand, p = 2: averages 4 5 7 8 10, centred 4.5 6 7.5 9 at periods 2 to 5; ratios 6/4.5, 4/6, 10/7.5, 6/9;
 // both seasons average them exactly, 4/3 and 2/3, and these already average 1.
 TEST(ForecastSteps, SeasonsAreCentredAveragedAndScaled)
