@@ -2,7 +2,10 @@
 
 #include "basic/error.h"
 #include "decision/DecisionCheck.h"
+#include "decision/DecisionMeaning.h"
+#include "decision/DecisionPicture.h"
 #include "decision/DecisionReport.h"
+#include "decision/DecisionSteps.h"
 #include "decision/VtDecisionAnalysis.h"
 
 namespace Decision {
@@ -88,6 +91,9 @@ const ModuleRoutines& DecisionAnalysis()
         .Solve = Decision::Answer,
         .Page = Decision::WritePage,
         .Reports = {Decision::WriteReport},
+        .Pictures = [] { return Decision::Pictures(Decision::Problem, Decision::Result); },
+        .Steps = [] { return Decision::Steps(Decision::Problem, Decision::Result); },
+        .Meaning = [] { return Decision::Meaning(Decision::Problem, Decision::Result); },
         .Write = Decision::Write,
         .Read = Decision::Read,
     };
