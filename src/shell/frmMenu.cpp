@@ -218,6 +218,13 @@ void frmMenu::closeEvent(QCloseEvent* event)
     QApplication::exit(0);
 }
 
+// Behind a report stands its problem: Tab does not go there.
+bool frmMenu::focusNextPrevChild(bool next)
+{
+    const auto* page = findChild<QWidget*>("gridSolution");
+    return (page == nullptr || !page->isVisible()) && QMainWindow::focusNextPrevChild(next);
+}
+
 // The report page never has the focus; its scrolling keys arrive here. Those that it has no use for, at its
 // ends, come back.
 void frmMenu::keyPressEvent(QKeyEvent* event)
