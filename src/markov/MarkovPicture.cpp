@@ -175,21 +175,23 @@ Picture MatrixPicture(const ChainShape& shape)
     Chart table{.X = StateAxis("To state", states), .Y = StateAxis("From state", states), .Cells = true};
     int largestFrom = 1;
     int largestTo = 1;
-    for (const int from : states) {
-        for (const int to : states) {
-            const double chance = shape.Chance(from, to);
-            if (chance > shape.Chance(largestFrom, largestTo)) {
+    for (const int from : states)
+        for (const int to : states)
+            if (shape.Chance(from, to) > shape.Chance(largestFrom, largestTo)) {
                 largestFrom = from;
                 largestTo = to;
             }
+    const double largest = shape.Chance(largestFrom, largestTo);  // above 0: there are many arcs
+    for (const int from : states)
+        for (const int to : states) {
+            const std::string chance = ShareText(shape.Chance(from, to));
+            const std::string ends = std::to_string(from) + " to state " + std::to_string(to);
             table.Marks.push_back({.At = {.X = static_cast<double>(to), .Y = static_cast<double>(from)},
-                                   .Text = ShareText(chance),
-                                   .Tip = "From state " + std::to_string(from) + " to state " +
-                                          std::to_string(to) + ": " + ShareText(chance),
+                                   .Text = chance,
+                                   .Tip = "From state " + ends + ": " + chance,
                                    .Id = std::to_string(from) + "-" + std::to_string(to),
-                                   .Shade = std::min(chance, 1.0)});
+                                   .Shade = shape.Chance(from, to) / largest});
         }
-    }
     Picture matrix{.Title = "Matrix"};
     matrix.Notes = {picture::Counted(shape.ArcCount(), "probability", "probabilities") +
                     " above 0; the largest, " + ShareText(shape.Chance(largestFrom, largestTo)) +
@@ -298,11 +300,14 @@ Chart CourseChart(std::string title, int steps)
             .Y = {.Title = std::move(title), .From = 0, .To = 1}};
 }
 
+// Shares of many states are small: the axis ends at the largest.
 void FitHeight(Chart& chart)
 {
+    double highest = 0;
     for (const Series& line : chart.Curves)
         for (const picture::Point& point : line.Points)
-            chart.Y.To = std::max(chart.Y.To, point.Y);
+            highest = std::max(highest, point.Y);
+    if (highest > 0) chart.Y.To = highest;
 }
 
 std::string EndOf(const Course& course)

@@ -159,7 +159,7 @@ TEST(MarkovPicture, TheMatrixShowsEachProbabilityInItsCell)
     EXPECT_EQ(matrix.Marks[6].At.X, 2);  // to
     EXPECT_EQ(matrix.Marks[6].At.Y, 2);  // from
     EXPECT_EQ(matrix.Marks[5].Text, "0.100");
-    EXPECT_EQ(matrix.Marks[5].Shade, 0.1);
+    EXPECT_NEAR(matrix.Marks[5].Shade, 1.0 / 3, 1e-12);  // of the darkest, 0.3
     EXPECT_THAT(Titled(pictures, "Matrix").Notes,
                 ElementsAre("25 probabilities above 0; the largest, 0.300, is from state 2 to state 2."));
 }
@@ -203,6 +203,7 @@ TEST(MarkovPicture, TheCourseEndsWhereItSettled)
 {
     const auto pictures = Drawn(Ring(4));
     EXPECT_EQ(ChartOf(pictures, "Course").X.To, 1);
+    EXPECT_EQ(ChartOf(pictures, "Course").Y.To, 0.25);
     EXPECT_THAT(Titled(pictures, "Course").Notes,
                 ElementsAre("Settled after 1 step.", "The start has equal shares."));
 }
