@@ -90,7 +90,8 @@ public:
             if (HasReorderPoint(p_)) WhenToOrder();
             if (IsModel(p_, kDiscounts)) OtherCategories();
             Flatness();
-            if (r_.OrdersPerYear < kYearLong) Caution(kLongCycle, {{"order", OrderWord(p_)}});
+            if (r_.OrdersPerYear < kYearLong)
+                Caution(kLongCycle, {{"order", IsModel(p_, kLotSize) ? "lot" : "order"}});
         }
         CutFigures();
         Commas();

@@ -43,7 +43,8 @@ void TakeHeights(Chart& chart)
 // ---- costs ----
 
 constexpr double kWindow = 12;  // from a quarter of the best quantity to three times it
-constexpr int kSteps = 48;      // of a curve; their quantities grow by equal factors, as it bends most on the left
+constexpr int kSteps =
+    48;  // of a curve; their quantities grow by equal factors, as it bends most on the left
 
 using Cost = double (CostCurve::*)(double) const;
 
@@ -180,7 +181,7 @@ private:
 
     void CategoryMark(int k)
     {
-        const std::string text = "category " + std::to_string(k) + ": " + Money(result_.CategoryTotal(k));
+        const std::string text = Money(result_.CategoryTotal(k));
         const double quantity = result_.CategoryQuantity(k);
         if (k == result_.BestCategory) {
             BestMark(InsideOwnPrice(problem_, k, best_) ? Role::Best : Role::Limit, text);
@@ -188,7 +189,8 @@ private:
             chart_.Marks.push_back({.As = Role::Plain,
                                     .At = {quantity, result_.CategoryTotal(k)},
                                     .Text = text,
-                                    .Tip = text + " a year at " + Units(quantity) + " units",
+                                    .Tip = "category " + std::to_string(k) + ": " + text + " a year at " +
+                                           Units(quantity) + " units",
                                     .Id = "category " + std::to_string(k)});
         } else {
             notes_.push_back("Category " + std::to_string(k) + " would cost " +

@@ -779,6 +779,7 @@ private:
     {
         const RoleLook look = look_.Of(role);
         const QPainterPath path = MarkPath(at, look.Mark, look.Bold ? kMarkSize + 2 : kMarkSize);
+        painter_.strokePath(path, QPen(look_.Ground, 5));  // a ring about it, also on a bar of its own colour
         painter_.fillPath(path, look.Mark == MarkForm::Filled ? look.Stroke : look_.Ground);
         if (look.Mark == MarkForm::Round) painter_.fillPath(path, look.Fill);
         painter_.strokePath(path, QPen(look.Stroke, 1.5));
