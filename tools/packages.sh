@@ -2,7 +2,7 @@
 
 RUN_PACKAGES=(
     g++ cmake ninja-build
-    qt6-base-dev qt6-wayland
+    qt6-base-dev qt6-svg-dev qt6-wayland
     fonts-dejavu-core fonts-liberation
 )
 TEST_PACKAGES=(

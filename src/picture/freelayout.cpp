@@ -367,9 +367,15 @@ void DrawLinks(const Sized& sized, Placement& placement)
 }
 
 // The rooms of the parts: the first has the most of the height, those in frames stand in a row below.
-std::vector<Box> RoomsOf(const std::vector<Part>& parts, const Extent& size)
+std::vector<Box> RoomsOf(const Sized& sized, const std::vector<Part>& parts, const Extent& size)
 {
-    const Box whole{kMargin, kMargin, size.Width - 2 * kMargin, size.Height - 2 * kMargin};
+    constexpr double kBadge = 10;  // reaches so far out of its node, to the right and up
+    const auto& nodes = sized.Of.Nodes;
+    const bool badges =
+        std::any_of(nodes.begin(), nodes.end(), [](const Node& n) { return !n.Badge.empty(); });
+    const double badge = badges ? kBadge : 0;
+    const Box whole{kMargin, kMargin + badge, size.Width - 2 * kMargin - badge,
+                    size.Height - 2 * kMargin - badge};
     if (parts.size() == 1 && !parts.front().Framed) return {whole};
     const std::size_t framedFrom = parts.front().Framed ? 0 : 1;
     double all = 0;
@@ -403,7 +409,7 @@ Attempt Try(const Sized& sized, const std::vector<Part>& parts, const Extent& si
     attempt.Placed.Size = size;
     attempt.Placed.Nodes.resize(sized.Count());
     attempt.Placed.Arcs.resize(sized.From.size());
-    const std::vector<Box> rooms = RoomsOf(parts, size);
+    const std::vector<Box> rooms = RoomsOf(sized, parts, size);
     for (std::size_t part = 0; part < parts.size(); ++part) {
         Network network(sized, parts[part].Nodes, rooms[part]);
         network.Start(seed);

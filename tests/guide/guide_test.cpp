@@ -237,6 +237,9 @@ TEST(Guide, WritesInBoldOnlyWhatAScreenShows)
     std::set<std::string> shown;
     for (const auto& text : TextsOfScreens(false))
         shown.insert(Replaced(text, "\x01", "&"));
+    const std::string pane = TextOf(kRoot / "src/qt/sidepane.cpp");
+    for (const auto& text : LiteralReader(pane).Read())
+        shown.insert(Replaced(AsShown(text), "\x01", "&"));
     std::size_t checked = 0;
     for (const auto& page : FilesBelow(kGuide, {".md"}))
         for (const auto& caption : Matches(WithoutBlocks(TextOf(page)), R"(\*\*([^*]+)\*\*)")) {
