@@ -64,7 +64,7 @@ Arc EdgeOf(const NetworkProblem& problem, const Link& link, Role role)
 void FramePieces(const std::vector<std::vector<int>>& pieces, Diagram& diagram)
 {
     for (std::size_t i = 1; i < pieces.size(); ++i)
-        diagram.Frames.push_back({"not reached", Names(pieces[i])});
+        diagram.Frames.push_back({"apart", Names(pieces[i])});
 }
 
 std::string PiecesNote(const std::vector<std::vector<int>>& pieces, int from)

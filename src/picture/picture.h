@@ -68,6 +68,7 @@ struct Series {
     std::vector<Interval> Intervals =
         {};                              // of kind Interval: along x where the y axis has names, else along y
     std::vector<std::string> Tips = {};  // one a point or interval, or none
+    std::vector<std::string> Texts = {};  // one a bar, written at its end, or none
     std::string Id = {};
     Side Forbidden = Side::None;  // short strokes on this side
     bool Arrow = false;           // a head at the last point

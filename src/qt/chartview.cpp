@@ -510,6 +510,23 @@ private:
         painter_.drawRect(block);
     }
 
+    // The figure of a bar, beyond its end.
+    void WriteAtEnd(const QRectF& bar, const Series& series, std::size_t i)
+    {
+        const Point& point = series.Points[i];
+        const QString text = ToQt(series.Texts[i]);
+        const QSizeF size = SizeOf(text, look_.Plain);
+        const bool beyond = (RowsAcross() ? point.X : point.Y) >= chart_.BarsFrom;
+        QPointF corner;
+        if (RowsAcross())
+            corner = {beyond ? bar.right() + 4 : bar.left() - size.width() - 4,
+                      bar.center().y() - size.height() / 2};
+        else
+            corner = {bar.center().x() - size.width() / 2,
+                      beyond ? bar.top() - size.height() - 2 : bar.bottom() + 2};
+        labels_.Add({.Text = text, .As = Role::Plain, .Candidates = {QRectF(corner, size)}, .Quiet = true});
+    }
+
     // Bars that stand at one position stand side by side.
     void DrawBars(const Series& series)
     {
@@ -536,6 +553,7 @@ private:
             bar = bar.normalized();
             DrawBlock(bar, series);
             labels_.Avoid(bar);
+            if (i < series.Texts.size()) WriteAtEnd(bar, series, i);
             AddItem(RectPath(bar), TipOf(series, i), series.Id);
         }
     }

@@ -227,6 +227,10 @@ void SetValueAxis(const std::vector<Route>& routes, Chart& chart)
         chart.X.To = std::max(chart.X.To, route.Value);
     }
     if (chart.X.From == chart.X.To) chart.X.To = 1;
+    constexpr double kRoom = 0.15;  // for the figures at the ends of the bars
+    const double span = chart.X.To - chart.X.From;
+    if (chart.X.To > 0) chart.X.To += kRoom * span;
+    if (chart.X.From < 0) chart.X.From -= kRoom * span;
 }
 
 Picture Costs(const TableauProblem& problem, std::vector<Route> routes, double total)
@@ -242,6 +246,7 @@ Picture Costs(const TableauProblem& problem, std::vector<Route> routes, double t
         chart.Y.Names.push_back(std::to_string(route.Origin) + " to " + std::to_string(route.Destination));
         bars.Points.push_back({route.Value, static_cast<double>(chart.Y.Names.size())});
         bars.Tips.push_back(Shipment(problem, route).Tip);
+        bars.Texts.push_back(CostText(problem, route.Value));
     }
     std::vector<std::string> notes{"Nothing is shipped."};
     if (!routes.empty()) {

@@ -225,7 +225,7 @@ TEST(TransportationPicture, ShowsBlocksAndShipments)
                             "note \"Origin 2 keeps 5.\""));
     EXPECT_THAT(Listing(pictures[1], 2, 2),
                 ElementsAre("picture 2 of 2 chart \"Cost\"",                              //
-                            "axis x \"Value\" 0 25",                                      //
+                            "axis x \"Value\" 0 28.75",                                   //
                             "axis y \"Route\" 0.5 3.5 \"1 to 2\" \"2 to 1\" \"2 to 2\"",  //
                             "bars chosen \"shipments times cost\" 25,1 15,2 15,3",        //
                             "note \"The largest part is route 1 to 2 with 25.0.\"",       //
@@ -263,7 +263,7 @@ TEST(TransportationPicture, ABlockWithoutDemandGrowsWithWhatItReceives)
     const auto pictures = TransportPictures();
     EXPECT_EQ(DiagramOf(pictures[0]).Nodes[1].Amount, 7);
     EXPECT_EQ(DiagramOf(pictures[0]).Nodes[1].Lines[1], "demand 0, 7 more");
-    EXPECT_EQ(ChartOf(pictures[1]).X.From, -21);
+    EXPECT_EQ(ChartOf(pictures[1]).X.From, -24.15);
     EXPECT_EQ(ChartOf(pictures[1]).X.To, 0);
 }
 
