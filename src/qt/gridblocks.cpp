@@ -137,12 +137,14 @@ bool EntryGrid::HasRoomFor(const BlockText& block, QPoint at) const
 void EntryGrid::PasteBlock(const BlockText& block, QPoint at)
 {
     BeginStep();
+    const QList<QString> before = model_->Texts();
     const bool whole = PasteCells(block, at);
     if (whole) {
         GoTo(at.y(), at.x());
         corner_ = at + QPoint(ColumnsOf(block) - 1, static_cast<int>(block.size()) - 1);
         ShowBlock();
     }
+    if (history_ != nullptr && model_->Texts() == before) history_->GiveUp();
     EndStep();
     viewport()->update();
 }

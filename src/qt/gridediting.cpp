@@ -168,9 +168,12 @@ bool EntryGrid::Commit(bool always)
     if (!model_->Has(row, column) || model_->IsFixed(row, column)) return true;
     const QString text = model_->Text(row, column);
     const QString former = editing_ ? former_ : text;
-    const bool counts = text != former || refused_ || always;
+    const bool counts = text != former || always || (refused_ && history_ == nullptr);
     const bool within = within_;
-    if (counts) BeginStep();
+    if (counts)
+        BeginStep();
+    else if (refused_ && history_ != nullptr)
+        history_->GiveUp();  // a refused value may stand in the record; nothing stood there before
     EndEdit();
     viewport()->update();
     const bool stored = !counts || ((!within || Passes(row, column, text)) && Store(row, column, text));

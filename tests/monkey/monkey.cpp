@@ -1,7 +1,9 @@
-// Keys and clicks at random over every screen of the real program: it must neither crash nor hang, and its
-// menus and its session must stay what they can be.
+// Keys and clicks at random over every screen of the real program: it must neither crash nor hang, its menus
+// and its session must stay what they can be, and what invariants.h says holds after each of them.
 //
-//   monkey SEED ACTIONS FOLDER PROBLEMS    FOLDER is for what is saved, PROBLEMS is opened from
+//   monkey SEED ACTIONS FOLDER PROBLEMS [MODULE]
+//
+// FOLDER is for what is saved, PROBLEMS is opened from. With a module it stays there.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QBasicTimer>
@@ -12,14 +14,17 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QScrollBar>
 #include <QTimerEvent>
 #include <array>
 #include <cstdlib>
+#include <deque>
 #include <iostream>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "invariants.h"
 #include "play/alarm.h"
 #include "play/controls.h"
 #include "play/hands.h"
@@ -41,13 +46,33 @@ void Demand(bool holds, const char* what)
     std::_Exit(EXIT_FAILURE);
 }
 
+// Tells what it has done last, so that a fault can be played again.
+class Diary {
+public:
+    void Write(const std::string& action)
+    {
+        lines_.push_back(action);
+        if (lines_.size() > kKept) lines_.pop_front();
+    }
+    void Show() const
+    {
+        for (const std::string& line : lines_)
+            std::cerr << "  " << line << "\n";
+    }
+
+private:
+    static constexpr std::size_t kKept = 30;
+    std::deque<std::string> lines_;
+};
+
 class Monkey : public QObject {
 public:
-    Monkey(unsigned seed, int actions, QString folder, const QString& problems, const Program& program)
+    Monkey(unsigned seed, int actions, QString folder, const QString& problems, int module, Program& program)
         : random_(seed),
           actions_(actions),
           folder_(std::move(folder)),
           problems_(QDir(problems).entryInfoList(QDir::Files)),
+          module_(module),
           program_(program)
     {
         timer_.start(0, this);
@@ -72,6 +97,7 @@ protected:
         Act();
         --running_;
         CheckSession();
+        Hold(WhatDoesNotHold());
     }
 
 private:
@@ -82,6 +108,13 @@ private:
         std::cout << "monkey: done, " << play::DialogsShown() << " dialogs seen" << std::endl;
         if (running_ > 0) std::_Exit(EXIT_SUCCESS);
         QCoreApplication::exit();
+    }
+
+    void Hold(const std::string& fault) const
+    {
+        if (fault.empty()) return;
+        diary_.Show();
+        Demand(false, fault.c_str());
     }
 
     int Pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random_); }
@@ -102,6 +135,7 @@ private:
         QWidget* screen = play::ScreenInFront();
         if (screen == nullptr) return;
         if (!screen->isActiveWindow()) screen->window()->activateWindow();
+        if (module_ != 0 && GoesToModule(*screen)) return;
         if (auto* box = qobject_cast<QMessageBox*>(screen))
             AnswerBox(*box);
         else if (auto* dialog = qobject_cast<QFileDialog*>(screen))
@@ -110,6 +144,10 @@ private:
             play::Press({.Key = "Escape"});
         else if (Chance(30))
             Type();
+        else if (Chance(12))
+            UseTable();
+        else if (Chance(2))
+            ResizeWindow();
         else if (Chance(25) && play::ModalInFront() == nullptr)
             ChooseFromMenus();
         else if (Chance(60))
@@ -121,6 +159,7 @@ private:
     void AnswerBox(const QMessageBox& box)
     {
         QAbstractButton* button = OneOf(box.buttons());
+        diary_.Write("answer " + button->text().toStdString());
         play::Click(button, button->rect().center());
     }
 
@@ -147,13 +186,93 @@ private:
         return problem.absoluteFilePath();
     }
 
+    // The start-up notice and the choice of a module are passed in the shortest way.
+    bool GoesToModule(const QWidget& screen)
+    {
+        const QString option = QString("optProblemType(%1)").arg(module_);
+        for (const QString& name : {option, QString("cmdOK")}) {
+            auto* button = screen.findChild<QAbstractButton*>(name);
+            const bool here =
+                screen.objectName() == "frmStartup" || screen.objectName() == "frmModuleSelection";
+            if (!here || button == nullptr || (name == option && button->isChecked())) continue;
+            diary_.Write("click " + name.toStdString());
+            play::Click(button, QPoint(10, button->height() / 2));
+            return true;
+        }
+        return false;
+    }
+
+    // The keys of spreadsheets, and the wheel.
+    void UseTable()
+    {
+        static const std::array<play::KeyStroke, 15> kKeys = {{{.Control = true, .Key = "z"},
+                                                               {.Control = true, .Key = "z"},
+                                                               {.Control = true, .Key = "y"},
+                                                               {.Control = true, .Key = "c"},
+                                                               {.Control = true, .Key = "x"},
+                                                               {.Control = true, .Key = "v"},
+                                                               {.Control = true, .Key = "v"},
+                                                               {.Control = true, .Key = "a"},
+                                                               {.Control = true, .Key = "End"},
+                                                               {.Control = true, .Key = "Home"},
+                                                               {.Shift = true, .Key = "Right"},
+                                                               {.Shift = true, .Key = "Down"},
+                                                               {.Shift = true, .Key = "Left"},
+                                                               {.Key = "F2"},
+                                                               {.Key = "Escape"}}};
+        if (Chance(15)) {
+            TurnWheel();
+            return;
+        }
+        const play::KeyStroke& stroke = OneOf(kKeys);
+        diary_.Write("key " + std::string(stroke.Control ? "Ctrl+" : "") + (stroke.Shift ? "Shift+" : "") +
+                     stroke.Key);
+        play::Press(stroke);
+    }
+
+    void TurnWheel()
+    {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            for (auto* grid : window->findChildren<qt::EntryGrid*>()) {
+                if (!grid->isVisible()) continue;
+                diary_.Write("scroll " + grid->objectName().toStdString());
+                grid->verticalScrollBar()->setValue(Pick(grid->verticalScrollBar()->maximum() + 1));
+                grid->horizontalScrollBar()->setValue(Pick(grid->horizontalScrollBar()->maximum() + 1));
+            }
+    }
+
+    void ResizeWindow()
+    {
+        constexpr int kLeast = 300;
+        constexpr int kMore = 1200;
+        diary_.Write("resize");
+        if (QWidget* main = program_.Forms().MainWindow())
+            main->resize(kLeast + Pick(kMore), kLeast + Pick(kMore));
+    }
+
+    // Character by character: each of them goes where the user sees the cursor.
+    void TypeAndWatch(const std::string& text)
+    {
+        const int dialogs = play::DialogsShown();
+        diary_.Write("keys \"" + text + "\"");
+        for (const char character : text) {
+            const TypedKey watched;
+            play::TypeCharacters(std::string(1, character));
+            if (play::DialogsShown() != dialogs) return;
+            Hold(watched.WhatDoesNotHold());
+        }
+    }
+
     void Type()
     {
         static const std::array<std::string, 16> kTexts = {"1", "2",  "3",      "5",       "10", "0.5",
                                                            "0", "-1", ".25",    "1000000", "X1", "<",
                                                            ">", "=",  "12.345", "a b"};
-        play::TypeCharacters(OneOf(kTexts));
-        if (Chance(70)) play::Press({.Key = Chance(50) ? "Tab" : "Enter"});
+        TypeAndWatch(OneOf(kTexts));
+        if (Chance(70)) {
+            diary_.Write("key Tab or Enter");
+            play::Press({.Key = Chance(50) ? "Tab" : "Enter"});
+        }
     }
 
     void PressSomeKey()
@@ -162,6 +281,7 @@ private:
             "Enter",  "Tab", "Backtab", "Left", "Right",     "Up",     "Down", "Home", "End",
             "Delete", "F1",  " ",       "a",    "Backspace", "Escape", "9",    "-",    "."};
         static const std::array<std::string, 6> kAccessKeys = {"f", "e", "s", "n", "o", "d"};
+        diary_.Write("some key");
         if (Chance(15))
             play::Press({.Alt = true, .Key = OneOf(kAccessKeys)});
         else
@@ -177,6 +297,8 @@ private:
         if (controls.empty()) return;
         QWidget* control = OneOf(controls);
         const QPoint spot(Pick(control->width()), Pick(control->height()));
+        diary_.Write("click " + control->objectName().toStdString() + " in " +
+                     control->parentWidget()->objectName().toStdString());
         if (Chance(10))
             play::DoubleClick(control, spot);
         else
@@ -200,8 +322,10 @@ private:
     {
         QAction* item = OneOf(menu->actions());
         if (!menu->isVisible() || !item->isVisible() || !item->isEnabled() ||
-            item->objectName() == "mnuFileExit")
+            item->objectName() == "mnuFileExit" ||
+            (module_ != 0 && item->objectName() == "mnuFileChangeModules"))
             return;
+        diary_.Write("menu " + item->objectName().toStdString());
         play::ChooseItem(menu, item);
         if (item->menu() != nullptr && item->menu()->isVisible()) ChooseFrom(item->menu());
     }
@@ -224,9 +348,11 @@ private:
     int actions_;
     QString folder_;
     QFileInfoList problems_;
-    const Program& program_;
+    int module_;  // 0: any
+    Program& program_;
     QBasicTimer timer_;
     int running_ = 0;
+    Diary diary_;
 };
 
 }  // namespace
@@ -234,15 +360,16 @@ private:
 int main(int argc, char* argv[])
 {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    if (arguments.size() != 4) return EXIT_FAILURE;
+    if (arguments.size() != 4 && arguments.size() != 5) return EXIT_FAILURE;
     const qt::Application application(argc, argv);
     play::Transcript transcript(std::cout);
     const play::Listener listener(transcript);
     Program program;
     program.Start();
     const auto seed = static_cast<unsigned>(std::stoul(arguments[0]));
+    const int module = arguments.size() == 5 ? std::stoi(arguments[4]) : 0;
     const Monkey monkey(seed, std::stoi(arguments[1]), QString::fromStdString(arguments[2]),
-                        QString::fromStdString(arguments[3]), program);
+                        QString::fromStdString(arguments[3]), module, program);
     while (!monkey.IsDone())
         QApplication::exec();  // it may have found its way to Exit
     return EXIT_SUCCESS;
