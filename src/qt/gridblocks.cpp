@@ -47,7 +47,7 @@ void EntryGrid::MarkTo(QPoint corner)
 
 void EntryGrid::MarkAll()
 {
-    if (!Commit(false)) return;
+    if (!Commit(false) || !model_->Has(model_->FixedRows(), model_->FixedColumns())) return;
     GoTo(model_->FixedRows(), model_->FixedColumns());
     corner_ = {model_->Columns() - 1, model_->Rows() - 1};
     ShowBlock();
@@ -99,6 +99,10 @@ void EntryGrid::Paste()
         return;
     }
     if (!Commit(false)) return;
+    if (model_->IsFixed(Row(), Column())) {
+        ::Beep();
+        return;
+    }
     const BlockText block = ReadBlock(QGuiApplication::clipboard()->text());
     const QPoint at = Block().topLeft();
     if (block.isEmpty())

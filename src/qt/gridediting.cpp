@@ -195,7 +195,7 @@ bool EntryGrid::Passes(int row, int column, const QString& text)
 
 bool EntryGrid::Store(int row, int column, const QString& text)
 {
-    bool stored = true;
+    bool stored = false;  // nor is a number that does not fit
     Trap([&] { stored = rules_.Commit(row, column, FromQt(text)); });
     return stored;
 }

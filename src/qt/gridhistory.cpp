@@ -152,6 +152,16 @@ void GridHistory::End()
     if (!step->IsEmpty()) stack_.push(step.release());
 }
 
+bool GridHistory::FinishOthers(const EntryGrid& grid)
+{
+    for (EntryGrid* other : grids_) {
+        if (other == &grid || other->FinishEdit()) continue;
+        other->Cells().SetFocus();
+        return false;
+    }
+    return true;
+}
+
 void GridHistory::GiveUp()
 {
     if (before_) record_.TakeNumbers(before_->Numbers);

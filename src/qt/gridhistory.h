@@ -45,6 +45,9 @@ public:
     void Begin();
     // A step in which no cell has changed is none. While a cell is being typed the step goes on.
     void End();
+    // Commits what is being typed in another grid than this one. False: it was refused, and has the focus.
+    bool FinishOthers(const EntryGrid& grid);
+
     // The record as it was at Begin; no step. The grids are the caller's.
     void GiveUp();
     // A problem has been opened: there is nothing before it.

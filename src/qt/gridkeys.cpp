@@ -62,6 +62,7 @@ void EntryGrid::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (IsModifier(key) || !model_->Has(Row(), Column())) return;
+    if (history_ != nullptr && !history_->FinishOthers(*this)) return;
     scrollTo(currentIndex());  // nobody edits or leaves a cell that is out of sight
     if (RunShortcut(*event)) return;
     if (key == Qt::Key_Delete)
@@ -131,6 +132,7 @@ void EntryGrid::mousePressEvent(QMouseEvent* event)
     const bool left = event->button() == Qt::LeftButton;
     const bool inBlock = Block().contains(cell);
     if (!left && (event->button() != Qt::RightButton || inBlock)) return;
+    if (history_ != nullptr && !history_->FinishOthers(*this)) return;
     if (left && event->modifiers().testFlag(Qt::ShiftModifier)) {
         if (Commit(false)) MarkTo(cell);
         return;
@@ -186,7 +188,8 @@ void EntryGrid::Move(int key, Qt::KeyboardModifiers modifiers)
         MoveCaret(key);
         return;
     }
-    if (Marks(key, modifiers)) {
+    const bool leads = model_->Has(model_->FixedRows(), model_->FixedColumns());
+    if (leads && Marks(key, modifiers)) {
         if (Commit(false)) MarkTo(Destination(key, control, corner_));
         return;
     }
@@ -211,6 +214,7 @@ void EntryGrid::Move(int key, Qt::KeyboardModifiers modifiers)
         default:
             break;
     }
+    if (!leads) return;
     const QPoint to = Destination(key, control, {Column(), Row()});
     GoTo(to.y(), to.x());
 }

@@ -17,9 +17,12 @@
 
 namespace {
 
+// The tables to type in. That of a project is filled from the field below it.
 std::vector<qt::EntryGrid*> GridsOnScreen()
 {
+    constexpr int kProject = 7;
     std::vector<qt::EntryGrid*> grids;
+    if (Session.CurrentModule == kProject) return grids;
     for (QWidget* window : QApplication::topLevelWidgets())
         for (auto* grid : window->findChildren<qt::EntryGrid*>())
             if (grid->isVisible()) grids.push_back(grid);
@@ -119,7 +122,8 @@ std::string WrongCell(qt::EntryGrid& grid)
     for (int row = 1; row < cells.Rows(); ++row)
         for (int column = 1; column < cells.Columns(); ++column)
             if (!IsCell(grid, row, column))
-                return "a cell is not what the record holds" + Place(cells, row, column);
+                return "a cell is not what the record holds" + Place(cells, row, column) + " of " +
+                       grid.objectName().toStdString();
     return {};
 }
 
@@ -144,6 +148,8 @@ std::string WrongProgram(const Grid& objective, const Grid& constraints)
 std::string WrongTables()
 {
     const auto grids = GridsOnScreen();
+    const auto edits = [](const qt::EntryGrid* grid) { return grid->IsEditing(); };
+    if (std::count_if(grids.begin(), grids.end(), edits) > 1) return "two cells are being typed at once";
     for (qt::EntryGrid* grid : grids)
         if (std::string wrong = WrongCell(*grid); !wrong.empty()) return wrong;
     const bool linear = Session.CurrentModule == 1 || Session.CurrentModule == 4;
@@ -157,17 +163,16 @@ bool TakesKeys(const QWidget* widget)
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
 }
 
+}  // namespace
+
 bool SomethingTakesTheNextKey()
 {
     return QApplication::activePopupWidget() != nullptr || TakesKeys(QApplication::focusWidget()) ||
            TakesKeys(QApplication::activeWindow());
 }
 
-}  // namespace
-
 std::string WhatDoesNotHold()
 {
-    if (!SomethingTakesTheNextKey()) return "nothing takes the next key";
     return Session.ProblemOnDisplay == "YES" ? WrongTables() : std::string();
 }
 

@@ -11,9 +11,11 @@
 
 // The first thing that does not hold, in words; empty when all is well.
 //
-// A cell shows what the record holds, or is being typed. The heading below is the name above it. There is
-// something that takes the next key.
+// A cell shows what the record holds, or is being typed. The heading below is the name above it.
 [[nodiscard]] std::string WhatDoesNotHold();
+
+// There is always a way on by keys, once a window that has just come up is the active one.
+[[nodiscard]] bool SomethingTakesTheNextKey();
 
 // Looks at the tables before and after a key that types: what it changes is the current cell of the table
 // that has the keys, and that cell is in sight.

@@ -38,6 +38,7 @@ namespace {
 
 constexpr unsigned kPatienceSeconds = 30;
 constexpr int kMostModules = 12;
+constexpr int kMostKeyless = 50;
 
 void Demand(bool holds, const char* what)
 {
@@ -90,6 +91,7 @@ protected:
             End();
             return;
         }
+        if (WaitsForKeys()) return;
         --actions_;
         timer_.start(0, this);
         play::SetAlarm("monkey: the program hangs\n", kPatienceSeconds);
@@ -97,6 +99,7 @@ protected:
         Act();
         --running_;
         CheckSession();
+        if (running_ > 0) return;  // a command waits for an answer
         Hold(WhatDoesNotHold());
     }
 
@@ -108,6 +111,17 @@ private:
         std::cout << "monkey: done, " << play::DialogsShown() << " dialogs seen" << std::endl;
         if (running_ > 0) std::_Exit(EXIT_SUCCESS);
         QCoreApplication::exit();
+    }
+
+    // A window that has come up or gone needs some turns until another one is active.
+    bool WaitsForKeys()
+    {
+        keyless_ = SomethingTakesTheNextKey() ? 0 : keyless_ + 1;
+        if (keyless_ == 0) return false;
+        Hold(keyless_ > kMostKeyless ? "nothing takes the next key" : "");
+        if (QWidget* screen = play::ScreenInFront()) screen->window()->activateWindow();
+        timer_.start(1, this);
+        return true;
     }
 
     void Hold(const std::string& fault) const
@@ -353,6 +367,7 @@ private:
     QBasicTimer timer_;
     int running_ = 0;
     Diary diary_;
+    int keyless_ = 0;  // turns in a row in which no key would go anywhere
 };
 
 }  // namespace
