@@ -521,13 +521,23 @@ private:
     std::vector<std::string> notes_;
 };
 
+// A file may bring rates and costs below 0, of which no form would make a policy.
+bool HasCycles(const InventoryProblem& problem, const InventoryResult& result)
+{
+    const double quantity = result.OrderQuantity;
+    if (!(quantity > 0) || !(result.CycleTimeDays > 0)) return false;
+    if (IsModel(problem, kLotSize) && problem.ProductionRate.Value() <= problem.AnnualDemand.Value())
+        return false;
+    return result.MaximumBackorders >= 0 && result.MaximumBackorders <= quantity;
+}
+
 }  // namespace
 
 std::vector<Picture> Pictures(const InventoryProblem& problem, const InventoryResult& result)
 {
     if (!result.Solved) return {};
     std::vector<Picture> pictures;
-    if (!IsModel(problem, kSinglePeriod)) {
+    if (!IsModel(problem, kSinglePeriod) && HasCycles(problem, result)) {
         pictures.push_back(CostPicture(problem, result).Draw());
         pictures.push_back(StockPicture(problem, result).Draw());
     }

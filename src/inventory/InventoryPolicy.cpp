@@ -48,8 +48,8 @@ public:
     InventoryResult Of(int model);
 
 private:
-    double OrderingCost(double quantity) const;
-    double LeadTimeDemand() const;
+    [[nodiscard]] double OrderingCost(double quantity) const;
+    [[nodiscard]] double LeadTimeDemand() const;
     void CountCycles();
 
     void EconomicOrderQuantity();

@@ -364,6 +364,19 @@ private:
 
 }  // namespace
 
+// The forms take no such values, but a file brings them as they are.
+TEST(InventoryPictures, ValuesThatNoFormTakesGiveNoCurves)
+{
+    GivenModel(VtInvent::kLotSize);
+    Problem.ProductionRate = -4000;
+    EXPECT_TRUE(Solved().empty());
+    GivenService({1000, 32, 5, 0}, 100, 10);  // a year without working days
+    GivenStockoutProbability(0.1);
+    EXPECT_THAT(TitlesOf(Solved()), ElementsAre("Demand"));
+    GivenModel(VtInvent::kOrderQuantity, {-1000, 32, -5, 250});
+    EXPECT_TRUE(Solved().empty());
+}
+
 TEST(InventoryPictures, AreMadeOfEveryProblem)
 {
     AnyProblem any(14);

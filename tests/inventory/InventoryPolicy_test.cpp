@@ -236,6 +236,19 @@ TEST(PlannedShortages, RoundANegativeReorderPointAwayFromZero)
     EXPECT_DOUBLE_EQ(Result.ReorderPoint, -3.15);
 }
 
+// Q is 20, S is 10; 0.4 are used a day.
+TEST(PlannedShortages, RoundOnlyAPointBelowZero)
+{
+    GivenModel(VtInvent::kShortages, {100, 1, 1, 250});
+    Problem.BackorderCost = 1;
+    GivenLeadTime(25);
+    SolveProblem();
+    EXPECT_EQ(Result.ReorderPoint, 0);
+    GivenLeadTime(26.2625);
+    SolveProblem();
+    EXPECT_NEAR(Result.ReorderPoint, 0.505, 1e-12);
+}
+
 TEST(PlannedShortages, LeaveAReorderPointOfZeroOrMoreUnrounded)
 {
     GivenModel(VtInvent::kShortages, {100, 1, 1, 250});
@@ -312,6 +325,16 @@ TEST(QuantityDiscounts, KeepAQuantityBeyondTheNextMinimum)
     GivenDiscounts({100, 2, 0, 250}, 100, {{1, 0}, {2, 5}});
     SolveProblem();
     EXPECT_NEAR(Result.OrderQuantity, 20, 1e-9);
+}
+
+// Holding and ordering cost a quarter each: the root of 2 * 1e-6 * 125000 is a half.
+TEST(QuantityDiscounts, CompareTheirTotalsWithTheLimitItself)
+{
+    GivenDiscounts({1, 1e-6, 0, 250}, 1.25e-4, {{99999999998.0, 0}});
+    SolveProblem();
+    EXPECT_NEAR(Result.TotalAnnualCost, 99999999998.5, 0.1);
+    GivenDiscounts({1, 1e-6, 0, 250}, 1.25e-4, {{99999999999.0, 0}});
+    EXPECT_EQ(FailureOfSolve(), ErrorNumber::DivisionByZero);
 }
 
 TEST(QuantityDiscounts, FailWhenEveryTotalIsTooLarge)
@@ -517,6 +540,7 @@ TEST(SinglePeriod, GoesFourDeviationsBeyondTheTable)
     GivenNormal(1000, 100);
     SolveProblem();
     EXPECT_DOUBLE_EQ(Result.OrderQuantity, 1400);
+    EXPECT_EQ(Result.Lookup.Row, 0);
     GivenSinglePeriod(999, 1);
     GivenNormal(1000, 100);
     SolveProblem();
