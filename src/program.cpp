@@ -4,6 +4,7 @@
 
 #include "desktop/desktop.h"
 #include "forms.h"
+#include "qt/application.h"
 #include "qt/icon.h"
 #include "qt/text.h"
 #include "shell/commands.h"
@@ -17,6 +18,7 @@ Program::Program(std::unique_ptr<qt::QtDialogs> dialogs) : dialogs_(std::move(di
     QApplication::setQuitOnLastWindowClosed(false);  // Exit ends the program
     RegisterForms(forms_);
     desktop::Install({.dialogs = dialogs_.get(), .screen = &screen_, .forms = &forms_, .printer = &printer_});
+    if (auto* application = qobject_cast<qt::Application*>(qApp)) application->Help = Commands::Help;
     SetProgramFolder(qt::FromQt(QApplication::applicationDirPath()));
 }
 

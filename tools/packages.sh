@@ -3,6 +3,7 @@
 RUN_PACKAGES=(
     g++ cmake ninja-build
     qt6-base-dev qt6-svg-dev qt6-wayland
+    python3-markdown
     fonts-dejavu-core fonts-liberation
 )
 TEST_PACKAGES=(

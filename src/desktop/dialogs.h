@@ -29,6 +29,8 @@ public:
     // The full path; nothing when it was cancelled.
     virtual std::optional<std::string> AskFile(const FileQuestion& question) = 0;
     virtual void Beep() = 0;
+    // A page of the guide, "transportation", in the user's browser.
+    virtual void OpenGuide(std::string_view page) = 0;
 };
 
 // What the messages of the program are made with, on the desktop that is installed.

@@ -90,4 +90,9 @@ void OverheardDialogs::Beep()
     QtDialogs::Beep();
 }
 
+void OverheardDialogs::OpenGuide(std::string_view page)
+{
+    transcript_.Line("guide " + Quoted(QString::fromStdString(std::string(page))));
+}
+
 }  // namespace play

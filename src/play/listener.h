@@ -25,11 +25,12 @@ private:
     const QObject* ignored_ = nullptr;
 };
 
-// The program's dialogs with an ear at the beep.
+// The program's dialogs with an ear at the beep and at the guide.
 class OverheardDialogs : public qt::QtDialogs {
 public:
     explicit OverheardDialogs(Transcript& transcript) : transcript_(transcript) {}
     void Beep() override;
+    void OpenGuide(std::string_view page) override;  // no browser comes up
 
 private:
     Transcript& transcript_;

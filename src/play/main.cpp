@@ -82,7 +82,7 @@ int Play(const std::string& script, const QString& folder, std::string program)
     play::Listener listener(transcript);
     Program vantrel(std::make_unique<play::OverheardDialogs>(transcript));
     std::ifstream file(script);
-    play::Player player(script, script == "-" ? std::cin : file, {transcript, folder}, listener);
+    play::Player player(script, file, {transcript, folder}, listener);
     vantrel.Start();
     player.Start();
     QApplication::exec();

@@ -20,14 +20,31 @@ constexpr int kMostActivations = 3;
 
 }  // namespace
 
-Player::Player(std::string name, std::istream& script, Stage stage, Listener& listener)
-    : name_(std::move(name)),
-      reader_(script),
-      next_(reader_.Next()),
-      stage_(std::move(stage)),
-      listener_(listener)
+Player::Player(std::string name, std::istream& file, Stage stage, Listener& listener)
+    : name_(std::move(name)), stage_(std::move(stage)), listener_(listener)
 {
     listener_.Ignore(this);
+    const auto told = [this] {
+        QMetaObject::invokeMethod(
+            this, [this] { StepsArrived(); }, Qt::QueuedConnection);
+    };
+    script_ = name_ == "-" ? FromStandardInput(told) : FromFile(file);
+    Fetch();
+}
+
+void Player::Fetch()
+{
+    if (!next_) next_ = script_->Next();
+}
+
+// The program may be at work with the step before.
+void Player::StepsArrived()
+{
+    if (ended_) return;
+    const bool waited = std::exchange(waitsForLine_, false);
+    Fetch();
+    if (waited && next_) SetAlarm();
+    if (running_ > 0 && EscapeIsNext()) escapeTimer_.start(0, this);
 }
 
 void Player::Start()
@@ -40,6 +57,7 @@ void Player::Start()
 Ending Player::Finish()
 {
     play::StopAlarm();
+    if (!ended_ && !next_) next_ = script_->Wait();
     if (!ended_ && next_) Fail(next_->Line, "the program has ended");
     return ending_;
 }
@@ -48,7 +66,7 @@ Ending Player::Finish()
 void Player::ProgramWaits()
 {
     busyRounds_ = 0;
-    if (ended_ || idleCheck_.isActive()) return;
+    if (ended_ || waitsForLine_ || idleCheck_.isActive()) return;
     eventsBefore_ = listener_.Events();
     idleCheck_.start(0, this);
 }
@@ -106,11 +124,18 @@ void Player::DoNext()
         stage_.Out.Flush();
         return;
     }
+    Fetch();
     if (!next_) {
-        End(Ending::Done);
+        if (script_->HasEnded()) {
+            End(Ending::Done);
+        } else {
+            waitsForLine_ = true;  // as long as it takes
+            play::StopAlarm();
+        }
         return;
     }
-    const Step step = *std::exchange(next_, reader_.Next());
+    const Step step = *std::exchange(next_, std::nullopt);
+    Fetch();
     Do(step);
 }
 

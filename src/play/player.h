@@ -7,9 +7,11 @@
 #include <QBasicTimer>
 #include <QObject>
 #include <istream>
+#include <memory>
 #include <optional>
 #include <string>
 
+#include "play/arrivals.h"
 #include "play/display.h"
 #include "play/listener.h"
 #include "play/steps.h"
@@ -20,8 +22,8 @@ enum class Ending { Done = 0, NotDone = 1 };
 
 class Player : public QObject {
 public:
-    // The name is the script's, as messages give it.
-    Player(std::string name, std::istream& script, Stage stage, Listener& listener);
+    // The name is the script's, as messages give it; "-" is standard input.
+    Player(std::string name, std::istream& file, Stage stage, Listener& listener);
 
     // Begins to play; the event loop does the rest and ends with the script.
     void Start();
@@ -32,6 +34,8 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void Fetch();         // the next step, where it has arrived
+    void StepsArrived();  // from standard input
     [[nodiscard]] bool EscapeIsNext() const;
     void ProgramWaits();
     void BreakIn();
@@ -43,9 +47,10 @@ private:
     void SetAlarm() const;
 
     std::string name_;
-    StepReader reader_;
+    std::unique_ptr<Arrivals> script_;
     std::optional<Step> next_;  // the step that waits its turn
-    int line_ = 0;              // of the last step that has begun
+    bool waitsForLine_ = false;
+    int line_ = 0;  // of the last step that has begun
     Stage stage_;
     Listener& listener_;
     Display display_;

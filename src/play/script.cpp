@@ -112,17 +112,22 @@ bool IsKeyName(std::string_view name)
 
 }  // namespace
 
+std::optional<Step> ReadStep(std::string text, int line)
+{
+    if (line == 1 && text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
+    if (text.ends_with('\r')) text.pop_back();
+    Step step = LineReader(text).Read();
+    if (step.Words.empty() && step.Fault.empty()) return std::nullopt;
+    step.Line = line;
+    return step;
+}
+
 std::optional<Step> StepReader::Next()
 {
     std::string text;
     while (std::getline(in_, text)) {
         ++line_;
-        if (line_ == 1 && text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
-        if (text.ends_with('\r')) text.pop_back();
-        Step step = LineReader(text).Read();
-        if (step.Words.empty() && step.Fault.empty()) continue;
-        step.Line = line_;
-        return step;
+        if (auto step = ReadStep(std::move(text), line_)) return step;
     }
     return std::nullopt;
 }

@@ -25,6 +25,9 @@ struct Step {
     [[nodiscard]] const Word& Argument(int number) const { return Words[static_cast<std::size_t>(number)]; }
 };
 
+// The step of a line; nothing where the line is empty or a comment.
+std::optional<Step> ReadStep(std::string text, int line);
+
 // Reads a script step by step: one that is thousands of steps long takes no memory.
 class StepReader {
 public:

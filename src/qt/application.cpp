@@ -81,6 +81,11 @@ bool Application::notify(QObject* receiver, QEvent* event)
 {
     try {
         if (checking_ && event->type() == QEvent::WindowBlocked) toldMeanwhile_ = true;
+        if (AsksForHelp(*receiver, *event)) {
+            Help();
+            event->accept();
+            return true;
+        }
         if (Prevents(receiver, *event)) {
             event->accept();
             return true;
@@ -109,7 +114,9 @@ bool Application::NotifyClick(QObject& clicked, QMouseEvent& press)
 // A press that was refused takes its release with it.
 bool Application::Prevents(QObject* receiver, const QEvent& event)
 {
-    if (checking_ || !receiver->isWidgetType()) return false;
+    if (checking_) return false;
+    if (event.type() == QEvent::Shortcut && PreventsCommand(*receiver)) return true;
+    if (!receiver->isWidgetType()) return false;
     if (event.type() == QEvent::MouseButtonRelease && dropsRelease_) {
         dropsRelease_ = false;
         return true;
@@ -124,6 +131,21 @@ bool Application::Prevents(QObject* receiver, const QEvent& event)
     losesRelease_ = pressed && allowed && toldMeanwhile_;
     dropsRelease_ = pressed && !allowed;
     return !allowed;
+}
+
+// The shortcut of a menu item comes without a look at the menu: what is being typed is checked here.
+bool Application::PreventsCommand(const QObject& item)
+{
+    if (!item.objectName().startsWith(QLatin1String("mnu"))) return false;
+    const Guarded* guard = FocusGuard();
+    return guard != nullptr && !Allows(*guard);
+}
+
+bool Application::AsksForHelp(const QObject& receiver, const QEvent& event) const
+{
+    if (event.type() != QEvent::KeyPress || !Help || !receiver.isWidgetType()) return false;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier;
 }
 
 const Application::Guarded* Application::FocusGuard() const

@@ -24,6 +24,9 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+    // What F1 does, wherever the focus is.
+    std::function<void()> Help = {};
+
     // `mayLeave` answers false when the focus must stay, and has told the user why.
     void Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave);
 
@@ -34,6 +37,8 @@ private:
     };
 
     bool Prevents(QObject* receiver, const QEvent& event);
+    bool PreventsCommand(const QObject& item);
+    bool AsksForHelp(const QObject& receiver, const QEvent& event) const;
     [[nodiscard]] const Guarded* FocusGuard() const;
     [[nodiscard]] static bool Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event);
     bool Allows(const Guarded& guard);

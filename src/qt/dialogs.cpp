@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -10,6 +11,7 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QUrl>
 #include <array>
 
 #include "qt/fields.h"
@@ -127,6 +129,15 @@ void SetFolder(QFileDialog& dialog, const QString& folder)
     dialog.setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
 }
 
+// Where an installed program has it, or beside one that stands where it was built.
+QString GuideFolder()
+{
+    const QDir program(QApplication::applicationDirPath());
+    for (const char* folder : {"../../share/doc/vantrel/guide", "../docs/guide", "guide"})
+        if (program.exists(folder)) return program.absoluteFilePath(folder);
+    return program.path();
+}
+
 // A save dialog that stays open while there is no such folder.
 class FileDialog : public QFileDialog {
 public:
@@ -217,6 +228,13 @@ std::optional<std::string> QtDialogs::AskFile(const FileQuestion& question)
     SetFolder(dialog, ToQt(question.Folder));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return FromQt(dialog.selectedFiles().constFirst());
+}
+
+void QtDialogs::OpenGuide(std::string_view page)
+{
+    const QString path = GuideFolder() + QLatin1Char('/') + ToQt(page) + QLatin1String(".html");
+    if (!QFileInfo::exists(path) || !QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
+        MsgBox("The guide cannot be shown.", "Vantrel", Icon::Information, Buttons::OK);
 }
 
 void QtDialogs::Beep()

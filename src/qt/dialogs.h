@@ -15,6 +15,7 @@ public:
     std::string InputBox(std::string_view prompt, std::string_view title) override;
     // The dialog is named "dialogFile". Its properties "filter" and "folder" hold what it was asked with.
     std::optional<std::string> AskFile(const FileQuestion& question) override;
+    void OpenGuide(std::string_view page) override;
     void Beep() override;  // a session player overrides it, to hear it
 };
 

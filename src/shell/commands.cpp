@@ -1,5 +1,6 @@
 #include "shell/commands.h"
 
+#include <cctype>
 #include <optional>
 
 #include "basic/records.h"
@@ -147,6 +148,17 @@ void StartNewProblem()
     }
     routines->Dimension();
     if (!routines->LeavesNewProblem && !Session.DialogCancelled) Session.NewProblem = false;
+}
+
+// "7.  PERT/CPM" has the page "pert-cpm".
+std::string GuidePage(const Module& module)
+{
+    std::string page;
+    for (const char character : module.Option.substr(module.Option.find_first_not_of("0123456789. ")))
+        page += character == ' ' || character == '/'
+                    ? '-'
+                    : static_cast<char>(std::tolower(static_cast<unsigned char>(character)));
+    return page;
 }
 
 void ShowModuleSelection()
@@ -623,6 +635,11 @@ void LowerItem(int index)
             routines.LowerCommand(index);
         },
         TellEditError);
+}
+
+void Help()
+{
+    desktop::TheDialogs().OpenGuide(Session.CurrentModule == 0 ? "index" : GuidePage(CurrentModule()));
 }
 
 void SolutionClosed()

@@ -31,6 +31,9 @@ void SaveAsText();
 void EditItem(int index);   // 0: "Display/Edit the Problem"
 void LowerItem(int index);  // submenu of item 2
 
+// The guide's page of the module, or its first page while none is chosen.
+void Help();
+
 // The window of the report was closed by hand.
 void SolutionClosed();
 

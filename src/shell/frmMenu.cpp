@@ -8,7 +8,6 @@
 #include <QMdiArea>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QStatusBar>
 #include <algorithm>
@@ -16,6 +15,7 @@
 #include "qt/besidesplitter.h"
 #include "shell/beside.h"
 #include "shell/commands.h"
+#include "shell/frmSolution.h"
 #include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
@@ -38,6 +38,17 @@ const std::map<std::string, Command>& PlainCommands()
         {"mnuSolutionPrinttoText", Commands::SaveAsText},
     };
     return commands;
+}
+
+// What everyone's fingers know, beside the access keys. Exit asks nothing and has none.
+const std::map<std::string, const char*>& Shortcuts()
+{
+    static const std::map<std::string, const char*> shortcuts{
+        {"mnuFileNew", "Ctrl+N"},   {"mnuFileOpen", "Ctrl+O"},
+        {"mnuFileSave", "Ctrl+S"},  {"mnuSolutionPrinttoPrinter", "Ctrl+P"},
+        {"mnuSolutionSolve", "F5"},
+    };
+    return shortcuts;
 }
 
 // The number in "mnudispeditsubs(3)".
@@ -175,6 +186,10 @@ QAction* frmMenu::ActionFor(const std::string& name, bool separator)
     action = new QAction(this);
     action->setObjectName(QString::fromStdString(name));
     action->setSeparator(separator);
+    if (const auto keys = Shortcuts().find(name); keys != Shortcuts().end()) {
+        action->setShortcut(QKeySequence(keys->second));
+        action->installEventFilter(this);
+    }
     connect(action, &QAction::triggered, this, [name] { RunItem(name); });
     return action;
 }
@@ -225,28 +240,18 @@ bool frmMenu::focusNextPrevChild(bool next)
     return (page == nullptr || !page->isVisible()) && QMainWindow::focusNextPrevChild(next);
 }
 
-// The report page never has the focus; its scrolling keys arrive here. Those that it has no use for, at its
-// ends, come back.
+// A menu that is opened finishes what is being typed; a shortcut goes past the menus.
+bool frmMenu::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Shortcut)
+        Commands::OpenMenu(TopMenuOf(Menus.Item(watched->objectName().toStdString()).Parent));
+    return QMainWindow::eventFilter(watched, event);
+}
+
+// The report page never has the focus; its keys arrive here.
 void frmMenu::keyPressEvent(QKeyEvent* event)
 {
-    auto* page = findChild<QWidget*>("gridSolution");
-    switch (event->key()) {
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_Left:
-        case Qt::Key_Right:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown:
-        case Qt::Key_Home:
-        case Qt::Key_End:
-            if (page != nullptr && page->isVisible() && !scrolls_) {
-                const QScopedValueRollback<bool> once(scrolls_, true);
-                QCoreApplication::sendEvent(page, event);
-                return;
-            }
-            break;
-        default:
-            break;
-    }
+    auto* report = findChild<frmSolution*>();
+    if (report != nullptr && report->isVisible() && report->TakeKey(*event)) return;
     QMainWindow::keyPressEvent(event);
 }

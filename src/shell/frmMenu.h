@@ -25,6 +25,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void MakeMenus();
@@ -38,5 +39,4 @@ private:
     std::vector<std::string> shownItems_;
     qt::BesideSplitter* beside_ = nullptr;
     QLabel* hint_ = nullptr;  // how to begin, while there is no problem
-    bool scrolls_ = false;    // a key is being passed to the report page
 };

@@ -1,14 +1,28 @@
 #include "shell/frmSolution.h"
 
+#include <QCoreApplication>
 #include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
+#include <QTextDocument>
+#include <QToolButton>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/solution.h"
 
 namespace {
+
+constexpr int kLeastPoints = 5;
+constexpr int kMostPoints = 48;
+
+int zoom = 0;  // points above the size that the page begins with; lasts until the program ends
 
 QString PageText()
 {
@@ -25,26 +39,101 @@ QFont PageFont()
     return font;
 }
 
+// What is chosen is seen although the page has not the focus.
+void ShowSelectionAlways(QWidget& page)
+{
+    QPalette colors = page.palette();
+    for (const QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
+        colors.setColor(QPalette::Inactive, role, colors.color(QPalette::Active, role));
+    page.setPalette(colors);
+}
+
+bool IsScrollKey(int key)
+{
+    switch (key) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_Left:
+        case Qt::Key_Right:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+        case Qt::Key_Home:
+        case Qt::Key_End:
+            return true;
+        default:
+            return false;
+    }
+}
+
+// Steps of the zoom that a key with Ctrl stands for; Plus may come as the key it shares.
+int ZoomSteps(int key)
+{
+    if (key == Qt::Key_Plus || key == Qt::Key_Equal) return 1;
+    return key == Qt::Key_Minus ? -1 : 0;
+}
+
+QToolButton* AddFindButton(QLayout* row, const char* name, const QString& caption, const QString& tip)
+{
+    auto* button = new QToolButton;
+    button->setObjectName(name);
+    button->setText(caption);
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setAutoRaise(true);
+    row->addWidget(button);
+    return button;
+}
+
 }  // namespace
 
-frmSolution::frmSolution(QWidget* parent) : qt::ChildForm(parent)
+frmSolution::frmSolution(QWidget* parent)
+    : qt::ChildForm(parent), gridSolution(MakePage()), findBar_(MakeFindBar())
 {
     setObjectName("frmSolution");
     setWindowTitle("Solution");
-    auto* page = new QVBoxLayout(this);
-    page->setContentsMargins(0, 0, 0, 0);
-
-    gridSolution = new QPlainTextEdit;
-    gridSolution->setObjectName("gridSolution");
-    gridSolution->setAccessibleName("Solution");
-    gridSolution->setFont(PageFont());
-    gridSolution->setReadOnly(true);
-    gridSolution->setLineWrapMode(QPlainTextEdit::NoWrap);
-    gridSolution->setUndoRedoEnabled(false);
-    gridSolution->setFocusPolicy(
-        Qt::NoFocus);  // the menus keep the keys; frmMenu passes the scrolling ones on
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(gridSolution);
+    layout->addWidget(findBar_);
+    findBar_->hide();
+    ShowZoom();
     gridSolution->viewport()->installEventFilter(this);
-    page->addWidget(gridSolution);
+    findText_->installEventFilter(this);
+}
+
+QPlainTextEdit* frmSolution::MakePage()
+{
+    auto* page = new QPlainTextEdit;
+    page->setObjectName("gridSolution");
+    page->setAccessibleName("Solution");
+    page->setReadOnly(true);
+    page->setLineWrapMode(QPlainTextEdit::NoWrap);
+    page->setUndoRedoEnabled(false);
+    page->setFocusPolicy(Qt::NoFocus);  // the menus keep the keys
+    ShowSelectionAlways(*page);
+    return page;
+}
+
+QWidget* frmSolution::MakeFindBar()
+{
+    constexpr int kMargin = 6;
+    auto* bar = new QWidget;
+    auto* row = new QHBoxLayout(bar);
+    row->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    findText_ = new QLineEdit;
+    findText_->setObjectName("txtFind");
+    findText_->setAccessibleName("Find");
+    findText_->setPlaceholderText("Find in the report");
+    row->addWidget(findText_, 1);
+    connect(
+        AddFindButton(row, "cmdFindPrevious", QStringLiteral("\u2191"), "Find the one before (Shift+Enter)"),
+        &QToolButton::clicked, this, [this] { Find(true); });
+    connect(AddFindButton(row, "cmdFindNext", QStringLiteral("\u2193"), "Find the next one (Enter)"),
+            &QToolButton::clicked, this, [this] { Find(false); });
+    connect(AddFindButton(row, "cmdFindClose", QStringLiteral("\u2715"), "Close (Escape)"),
+            &QToolButton::clicked, this, [this] { CloseFindBar(); });
+    return bar;
 }
 
 void frmSolution::showEvent(QShowEvent* event)
@@ -58,8 +147,106 @@ void frmSolution::ClosedByHand()
     Commands::SolutionClosed();
 }
 
+// ---- keys ----
+
+bool frmSolution::TakeKey(QKeyEvent& key)
+{
+    if (IsScrollKey(key.key())) return Scroll(key);
+    if (key.matches(QKeySequence::Copy)) {
+        gridSolution->copy();
+    } else if (key.matches(QKeySequence::SelectAll)) {
+        gridSolution->selectAll();
+    } else if (key.matches(QKeySequence::Find)) {
+        OpenFindBar();
+    } else if (!key.modifiers().testFlag(Qt::ControlModifier)) {
+        return false;
+    } else if (key.key() == Qt::Key_0) {
+        Zoom(0);
+    } else if (const int steps = ZoomSteps(key.key()); steps != 0) {
+        Zoom(steps);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+// A key that the page has no use for, at its ends, comes back.
+bool frmSolution::Scroll(QKeyEvent& key)
+{
+    if (scrolls_) return false;
+    const QScopedValueRollback<bool> once(scrolls_, true);
+    QCoreApplication::sendEvent(gridSolution, &key);
+    return true;
+}
+
+// ---- size ----
+
+void frmSolution::ShowZoom()
+{
+    QFont font = PageFont();
+    font.setPointSize(qBound(kLeastPoints, font.pointSize() + zoom, kMostPoints));
+    gridSolution->setFont(font);
+}
+
+void frmSolution::Zoom(int steps)
+{
+    const int usual = PageFont().pointSize();
+    zoom = steps == 0 ? 0 : qBound(kLeastPoints - usual, zoom + steps, kMostPoints - usual);
+    ShowZoom();
+}
+
+// ---- finding ----
+
+void frmSolution::OpenFindBar()
+{
+    findBar_->show();
+    findText_->setFocus(Qt::ShortcutFocusReason);
+    findText_->selectAll();
+}
+
+void frmSolution::CloseFindBar()
+{
+    findBar_->hide();
+    desktop::TheForms().FocusMenu();
+}
+
+// Around the ends of the page. A text that is not there is marked.
+void frmSolution::Find(bool backward)
+{
+    const QTextDocument::FindFlags flags =
+        backward ? QTextDocument::FindBackward : QTextDocument::FindFlags();
+    const QString text = findText_->text();
+    bool found = text.isEmpty() || gridSolution->find(text, flags);
+    if (!found) {
+        const QTextCursor before = gridSolution->textCursor();
+        gridSolution->moveCursor(backward ? QTextCursor::End : QTextCursor::Start);
+        found = gridSolution->find(text, flags);
+        if (!found) gridSolution->setTextCursor(before);
+    }
+    QFont font = findText_->font();
+    font.setStrikeOut(!found);
+    findText_->setFont(font);
+}
+
+// ---- events of the page and of the bar ----
+
 bool frmSolution::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == findText_ && event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const bool enter = key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+        if (enter) Find(key.modifiers().testFlag(Qt::ShiftModifier));
+        if (key.key() == Qt::Key_Escape) CloseFindBar();
+        if (enter || key.key() == Qt::Key_Escape) return true;
+    }
+    if (watched != gridSolution->viewport()) return ChildForm::eventFilter(watched, event);
+    if (event->type() == QEvent::Wheel) {
+        const auto& wheel = static_cast<const QWheelEvent&>(*event);
+        if (wheel.modifiers().testFlag(Qt::ControlModifier)) {
+            if (wheel.angleDelta().y() != 0) Zoom(wheel.angleDelta().y() > 0 ? 1 : -1);
+            return true;
+        }
+    }
     if (event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::MouseButtonDblClick)
         desktop::TheForms().FocusMenu();
     return ChildForm::eventFilter(watched, event);

@@ -38,6 +38,7 @@ public:
     std::vector<std::pair<std::string, std::string>> prompts;  // of the input box: text, title
     std::vector<FileQuestion> fileQuestions;
     int beeps = 0;
+    std::vector<std::string> guidePages;
 
     // What the user does, first to last. An empty list answers OK or Yes, and cancels inputs and files.
     std::deque<Answer> answers;
@@ -51,6 +52,7 @@ public:
     std::string InputBox(std::string_view prompt, std::string_view title) override;
     std::optional<std::string> AskFile(const FileQuestion& question) override;
     void Beep() override { ++beeps; }
+    void OpenGuide(std::string_view page) override { guidePages.emplace_back(page); }
 };
 
 class FakeScreen : public Screen {
