@@ -130,6 +130,7 @@ void Player::DoNext()
             End(Ending::Done);
         } else {
             waitsForLine_ = true;  // as long as it takes
+            stage_.Out.Flush();
             play::StopAlarm();
         }
         return;

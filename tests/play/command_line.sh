@@ -71,6 +71,24 @@ holds out 'ProblemTitle ""'
 cp disabled.play in
 gives 1 -
 holds err "-:2: mnuFileSave is disabled"
+# Each line is played when it comes, before the next one is there.
+mkfifo slow
+"$player" - <slow >slow.out &
+exec 3>slow
+echo 'choose 12' >&3
+for _ in $(seq 100); do
+    grep -q '> choose 12' slow.out && break
+    sleep 0.1
+done
+grep -q '> choose 12' slow.out || { echo "the first line waits for the second"; failed=1; }
+echo 'menu mnuFileNew' >&3
+for _ in $(seq 100); do
+    grep -q 'modal frmUserInput' slow.out && break
+    sleep 0.1
+done
+grep -q 'modal frmUserInput' slow.out || { echo "a line in a dialog waits for the next one"; failed=1; }
+exec 3>&-
+wait $! || { echo "a slow script ends with $?"; failed=1; }
 cp new.play in
 gives 0 session.play -
 holds out '> menu mnuFileNew'
