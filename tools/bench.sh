@@ -14,6 +14,7 @@ mkdir -p "$out"
 for program in engines solvers; do
     "$bench/$program" --benchmark_out="$out/$program.csv" --benchmark_out_format=csv >/dev/null 2>&1
 done
+"$bench/pictures" --benchmark_out="$out/pictures.csv" --benchmark_out_format=csv >/dev/null 2>&1
 "$bench/bench_processes" "$bench" build/release/bin/vantrel-play >"$out/processes.md"
 
 # times PROGRAM: name and microseconds of processor time, parted by a tab.
@@ -55,6 +56,14 @@ set grid
 plot for [module=0:*] "$out/growth.dat" index module using 1:2 with linespoints title columnheader(1)
 END
 
+# Milliseconds; the share of clean layouts is the counter behind them.
+picture_rows() {
+    awk -F, '/^"/ { gsub(/"/, "", $1); sub(/\/.*/, "", $1); printf "| %s | %.1f |\n", $1, $4 }' "$out/pictures.csv"
+}
+clean_networks() {
+    awk -F, '/^"LayOutNetworks/ { printf "%.1f %%\n", 100 * $NF }' "$out/pictures.csv"
+}
+
 solver_rows() {
     times solvers | awk -F'\t' '{ time[$1] = $2 }
         END { if (!("GLPK" in time)) { print "No general solver was installed."; exit }
@@ -88,6 +97,16 @@ $(module_rows)
 How solving grows with the size:
 
 ![Time to solve, by module and size](performance.svg)
+
+## Pictures
+
+Milliseconds from a picture to its last pixel in a pane of 560 x 480, with its layout; the first row is the layout alone
+of networks of 20 nodes and 40 arcs. Of 1,000 of these, $(clean_networks) are clean: no node covers another, no label
+covers a node or a label, no line runs through a node that is not its end.
+
+| picture | milliseconds |
+| --- | --- |
+$(picture_rows)
 
 ## Beside a general solver
 

@@ -45,17 +45,22 @@ QStringList PicturePage::Notes() const
     return notes;
 }
 
+double PicturePage::TextWidth(double width) const
+{
+    return textWidth_ > 0 ? std::min(width, textWidth_) : width;
+}
+
 double PicturePage::NotesHeight(const Look& look, double width) const
 {
     double height = 0;
     for (const QString& note : Notes())
-        height += HeightOf(note, look.Plain, width) + 2;
+        height += HeightOf(note, look.Plain, TextWidth(width)) + 2;
     return height == 0 ? 0 : height + kGap;
 }
 
 double PicturePage::TitleHeight(const Look& look, double width) const
 {
-    return picture_.Title.empty() ? 0 : HeightOf(ToQt(picture_.Title), look.Title, width) + kGap;
+    return picture_.Title.empty() ? 0 : HeightOf(ToQt(picture_.Title), look.Title, TextWidth(width)) + kGap;
 }
 
 QSizeF PicturePage::Least(const Look& look, double width)
@@ -72,7 +77,8 @@ std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, cons
     QRectF room = page.adjusted(kMargin, kMargin, -kMargin, -kMargin);
     painter.setFont(look.Title);
     painter.setPen(look.Text);
-    painter.drawText(room, Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop, ToQt(picture_.Title));
+    painter.drawText(QRectF(room.topLeft(), QSizeF(TextWidth(room.width()), room.height())),
+                     Qt::TextWordWrap | Qt::AlignLeft | Qt::AlignTop, ToQt(picture_.Title));
     room.setTop(room.top() + TitleHeight(look, room.width()));
     QRectF body(room.topLeft(), QPointF(room.right(), room.bottom() - NotesHeight(look, room.width())));
     body.setHeight(drawing_->HeightIn(body.size(), look));
@@ -85,8 +91,9 @@ std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, cons
     double top = body.bottom() + kGap;
     const QStringList notes = Notes();
     for (const QString& note : notes) {
-        const double height = HeightOf(note, look.Plain, room.width());
-        painter.drawText(QRectF(room.left(), top, room.width(), height), Qt::TextWordWrap, note);
+        const double width = TextWidth(room.width());
+        const double height = HeightOf(note, look.Plain, width);
+        painter.drawText(QRectF(room.left(), top, width, height), Qt::TextWordWrap, note);
         top += height + 2;
     }
     return items;
@@ -133,6 +140,7 @@ void PictureCanvas::SetMarked(const std::vector<std::string>& ids)
 void PictureCanvas::FitTo(const QSize& viewport)
 {
     QSize size = viewport;
+    if (page_ != nullptr) page_->SetTextWidth(std::max(viewport.width() - 2 * kMargin, 4 * kMargin));
     if (page_ != nullptr) size = size.expandedTo(page_->Least(ScreenLook(), viewport.width()).toSize());
     resize(size);
     repaints_ = 3;

@@ -18,6 +18,8 @@ public:
 
     [[nodiscard]] QSizeF Least(const Look& look, double width);  // all of it readable, notes broken to fit
     std::vector<Item> Paint(QPainter& painter, const QRectF& page, const Look& look);
+    // Title and notes are broken at this width where the page is wider: they are read without scrolling.
+    void SetTextWidth(double width) { textWidth_ = width; }
     [[nodiscard]] QPointF Start() const;
     [[nodiscard]] int LeftOut() const { return leftOut_; }
     [[nodiscard]] const picture::Picture& Shown() const { return picture_; }
@@ -26,11 +28,13 @@ private:
     [[nodiscard]] QStringList Notes() const;
     [[nodiscard]] double NotesHeight(const Look& look, double width) const;
     [[nodiscard]] double TitleHeight(const Look& look, double width) const;
+    [[nodiscard]] double TextWidth(double width) const;
 
     picture::Picture picture_;
     std::unique_ptr<Drawing> drawing_;
     QPointF body_;
-    int leftOut_ = 0;  // labels, of the last painting; the notes tell of them
+    double textWidth_ = 0;  // 0: that of the page
+    int leftOut_ = 0;       // labels, of the last painting; the notes tell of them
 };
 
 // What is painted, inside of the scroll area.
