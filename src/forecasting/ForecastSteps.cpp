@@ -208,14 +208,12 @@ void Teller::TellTrendForecasts()
         const std::string b1 = seasonal ? Fine(slope) : PlainText(slope);
         const std::string line =
             "(" + b0 + (result_.TrendSlope < 0 ? " - " : " + ") + b1 + " x " + Num(t) + ")";
-        Step& step =
-            Add("Period " + Num(t),
-                {"forecast = " + line +
-                 (seasonal
-                      ? " x " + IndexText(IndexOf(result_, t)) + " (season " + Num(SeasonOf(result_, t)) + ")"
-                      : "") +
-                 " = " + ForecastText(result_.Forecast(i))},
-                seasonal ? "The line goes on, and the season comes back." : "The line simply goes on.");
+        const std::string season =
+            seasonal ? " x " + IndexText(IndexOf(result_, t)) + " (season " + Num(SeasonOf(result_, t)) : "";
+        Step& step = Add(
+            "Period " + Num(t),
+            {"forecast = " + line + season + (seasonal ? ") = " : " = ") + ForecastText(result_.Forecast(i))},
+            seasonal ? "The line goes on, and the season comes back." : "The line simply goes on.");
         step.Marks = {"forecast"};
     }
 }

@@ -184,7 +184,7 @@ std::optional<Array1<double>> ChainShape::LongRunShares() const
     if (!RowsAddUp()) return std::nullopt;
     Array1<double> shares(n_);
     for (const Group& group : groups_) {
-        double arrivals = static_cast<double>(group.size());
+        auto arrivals = static_cast<double>(group.size());
         const auto fundamental = FundamentalMatrix(*this, passing_, group);
         if (!fundamental) return std::nullopt;
         for (int i = 1; i <= fundamental->Endings.UpperRow(); ++i)
@@ -255,6 +255,7 @@ std::string GroupText(const Group& group)
 std::string GroupList(const std::vector<Group>& groups)
 {
     std::vector<std::string> texts;
+    texts.reserve(groups.size());
     for (const Group& group : groups)
         texts.push_back(GroupText(group));
     return picture::Listed(texts);

@@ -18,7 +18,6 @@ using picture::Node;
 using picture::Picture;
 using picture::Role;
 using picture::Series;
-using picture::SeriesKind;
 
 constexpr int kMostArcs = 24;  // with more the matrix comes first, and small arcs are not drawn
 constexpr double kSmallArc = 0.05;
@@ -57,6 +56,12 @@ Group AllStates(int n)
     for (int state = 1; state <= n; ++state)
         states.push_back(state);
     return states;
+}
+
+// The beginning of a tip.
+std::string Way(int from, int to)
+{
+    return "From state " + std::to_string(from) + " to state " + std::to_string(to) + ": ";
 }
 
 // ---- states ----
@@ -131,8 +136,7 @@ Arc ArcBetween(const ChainShape& shape, int from, int to)
             .To = end,
             .Weight = shape.Chance(from, to),
             .Text = chance,
-            .Tip = from == to ? "Stays in state " + start + ": " + chance
-                              : "From state " + start + " to state " + end + ": " + chance,
+            .Tip = from == to ? "Stays in state " + start + ": " + chance : Way(from, to) + chance,
             .Id = start + "-" + end};
 }
 
@@ -185,10 +189,9 @@ Picture MatrixPicture(const ChainShape& shape)
     for (const int from : states)
         for (const int to : states) {
             const std::string chance = ShareText(shape.Chance(from, to));
-            const std::string ends = std::to_string(from) + " to state " + std::to_string(to);
             table.Marks.push_back({.At = {.X = static_cast<double>(to), .Y = static_cast<double>(from)},
                                    .Text = chance,
-                                   .Tip = "From state " + ends + ": " + chance,
+                                   .Tip = Way(from, to) + chance,
                                    .Id = std::to_string(from) + "-" + std::to_string(to),
                                    .Shade = shape.Chance(from, to) / largest});
         }
@@ -234,20 +237,20 @@ Picture AbsorptionPicture(const MarkovResult& result)
         most = std::max(most, NotAbsorbed(result, k));
     const bool tellsRest = ShareText(most) != ShareText(0);
     for (int k = 1; k <= rows; ++k) {
-        const std::string from =
-            "From state " + std::to_string(result.NonAbsorbingList[static_cast<std::size_t>(k) - 1]);
+        const int start = result.NonAbsorbingList[static_cast<std::size_t>(k) - 1];
         double largest = 0;
         for (int a = 1; a <= columns; ++a)
             largest = std::max(largest, result.AbsorptionTable(k, a));
         for (int a = 1; a <= columns; ++a) {
             const double chance = result.AbsorptionTable(k, a);
-            const std::string to = std::to_string(result.AbsorbingList[static_cast<std::size_t>(a) - 1]);
-            table.Marks.push_back(AbsorptionCell(a, k, chance, from + ", ends in state " + to + ": ",
-                                                 ShareText(chance) == ShareText(largest) && chance > 0));
+            table.Marks.push_back(AbsorptionCell(
+                a, k, chance, Way(start, result.AbsorbingList[static_cast<std::size_t>(a) - 1]),
+                ShareText(chance) == ShareText(largest) && chance > 0));
         }
         if (tellsRest)
             table.Marks.push_back(
-                AbsorptionCell(columns + 1, k, NotAbsorbed(result, k), from + ", not yet absorbed: ", false));
+                AbsorptionCell(columns + 1, k, NotAbsorbed(result, k),
+                               "From state " + std::to_string(start) + ", not yet absorbed: ", false));
     }
     Picture absorption{.Title = "Absorption",
                        .Notes = {"For each state in which units start: the chance to end in each state that "

@@ -64,7 +64,7 @@ std::string ChangeLine(const Array1<double>& before, const Array1<double>& after
 Step Classification(const ChainShape& shape, const MarkovResult& result)
 {
     Step step{.Heading = "Which states absorb", .Picture = "States"};
-    step.Figures.push_back("   state  stays with");
+    step.Figures.emplace_back("   state  stays with");
     for (const int state : AllStates(shape.States())) {
         const double stays = shape.Chance(state, state);
         step.Figures.push_back(FlushRight(std::to_string(state), 8) + FlushRight(ShareText(stays), 12) +

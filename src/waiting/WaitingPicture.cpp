@@ -94,7 +94,7 @@ Picture UnitsPicture(const WaitingProblem& problem, const WaitingResult& result)
 
 // ---- wait ----
 
-Series LineByLoad(Role role, std::string name, double variation, double end)
+Series LineByLoad(Role role, const std::string& name, double variation, double end)
 {
     constexpr int kPoints = 60;
     Series curve{.As = role, .Name = name, .Id = name};

@@ -159,6 +159,14 @@ TEST(MarkovAnalysis, StopsBehindTheFirstStepThatMovesLittle)
     EXPECT_DOUBLE_EQ(Markov::Result.AbsorptionTable(1, 1), 1 - std::pow(0.5, 17));
 }
 
+// A step of exactly 0.00001 is small enough: the other share moves by 0.000005.
+TEST(MarkovAnalysis, StopsBehindAStepOfTheToleranceItself)
+{
+    Given({{0.999995, 0.00001}, {0, 1}});
+    Analyse();
+    EXPECT_EQ(Markov::Result.AbsorptionTable(1, 1), 0.00001);
+}
+
 TEST(MarkovAnalysis, RowsAreNotNormalised)
 {
     Given({{1.001}});
