@@ -146,9 +146,13 @@ void Tell(std::vector<JoinStep>* trace, const NetworkResult& result, const Array
 {
     if (trace == nullptr) return;
     JoinStep step{.Joined = arc, .Compared = {}};
-    for (const std::int32_t treeNode : result.TreeNodes)
+    std::vector<std::int32_t> told;  // a node that joined itself stands in the list twice
+    for (const std::int32_t treeNode : result.TreeNodes) {
+        if (std::find(told.begin(), told.end(), treeNode) != told.end()) continue;
+        told.push_back(treeNode);
         for (int n = 1; n <= nodes; ++n)
             if (open(n, treeNode) < kNoArc) step.Compared.push_back({treeNode, n, open(n, treeNode)});
+    }
     trace->push_back(std::move(step));
 }
 

@@ -60,6 +60,13 @@ std::string WhyPermanent(const NetworkProblem& problem, const Labels& before, in
            " at node " + std::to_string(next) + ".";
 }
 
+std::string Against(const NetworkProblem& problem, const Labels& before, int node, std::int32_t through)
+{
+    if (before(kDistance, node) >= kNoArc) return ", its first label";
+    return (through < before(kDistance, node) ? " is less than " : " is not less than ") +
+           LabelText(problem, before, node);
+}
+
 std::vector<std::string> Through(const NetworkProblem& problem, const NetworkResult& result,
                                  const LabelStep& step, const Labels& before)
 {
@@ -71,8 +78,7 @@ std::vector<std::string> Through(const NetworkProblem& problem, const NetworkRes
         const std::int32_t through = before(kDistance, step.Node) + length;
         lines.push_back("node " + std::to_string(n) + ": " + LabelText(problem, before, step.Node) + " + " +
                         LengthOf(problem, length) + " = " + LengthOf(problem, through) +
-                        (through < before(kDistance, n) ? " is less than " : " is not less than ") +
-                        LabelText(problem, before, n));
+                        Against(problem, before, n, through));
     }
     return lines;
 }
@@ -139,11 +145,11 @@ Step NothingLeft(const NetworkProblem& problem, const LabelStep& last)
 
 Rows ComparedRows(const NetworkProblem& problem, const JoinStep& step)
 {
-    Rows rows{{"from", "to", "length", ""}};
+    Rows rows{{"from", "to", "length"}};
     for (const TreeArc& arc : step.Compared) {
         const bool joins = arc.Start == step.Joined.Start && arc.End == step.Joined.End;
-        rows.push_back({std::to_string(arc.Start), std::to_string(arc.End), LengthOf(problem, arc.Length),
-                        joins ? "joins" : ""});
+        rows.push_back({std::to_string(arc.Start), std::to_string(arc.End), LengthOf(problem, arc.Length)});
+        if (joins) rows.back().emplace_back("joins");
     }
     return rows;
 }
@@ -202,7 +208,10 @@ Step NothingJoins(const NetworkProblem& problem)
 
 Step TreeProof(const NetworkProblem& problem, const NetworkResult& result)
 {
-    Step step{.Heading = "All nodes are joined", .Picture = kTitle};
+    const std::size_t joined = JoinedArcs(problem, result).size() + 1;
+    const bool all = joined == static_cast<std::size_t>(problem.NumNodes);
+    Step step{.Heading = all ? "All nodes are joined" : "As many arcs have joined as a tree needs",
+              .Picture = kTitle};
     std::string sum;
     for (int k = 1; k < problem.NumNodes; ++k) {
         sum += (sum.empty() ? "" : " + ") + LengthOf(problem, result.TreeArcs(kLength, k));

@@ -421,9 +421,9 @@ TEST(TreeSteps, CompareTheArcsThatLeadOut)
     const auto steps = Network::TreeSteps(Problem, Result);
     ASSERT_EQ(steps.size(), 3U);
     EXPECT_EQ(steps[0].Heading, "Arc 1 to 2 joins node 2");
-    EXPECT_THAT(steps[0].Figures, ElementsAre("from  to  length       ",  //
+    EXPECT_THAT(steps[0].Figures, ElementsAre("from  to  length",         //
                                               "1      2       3  joins",  //
-                                              "1      3       4       ",  //
+                                              "1      3       4",         //
                                               "length so far: 3"));
     EXPECT_EQ(steps[0].Why,
               "3 is the shortest of 2 arcs that lead out of the tree; the next is 1 to 3 with 4.");
@@ -471,7 +471,9 @@ TEST(TreeMeaning, ALoopAtNode1LeavesANodeOutside)
                 ElementsAre("The tree takes an arc that joins node 1 to itself; node 2 stays outside."));
     EXPECT_EQ(Network::TreePictures(Problem, Result)[0].Notes[0],
               "The tree takes an arc that joins node 1 to itself; node 2 is not joined.");
+    EXPECT_EQ(Network::TreeSteps(Problem, Result).back().Heading, "As many arcs have joined as a tree needs");
     Tree(2, {{1, 1, 4}, {1, 2, 3}});
+    EXPECT_EQ(Network::TreeSteps(Problem, Result).back().Heading, "All nodes are joined");
     EXPECT_EQ(TreeTexts()[0], "1 arc with a length of 3 in all joins the 2 nodes.");
 }
 
