@@ -21,7 +21,8 @@ using picture::Series;
 using picture::SeriesKind;
 using picture::Shape;
 
-constexpr int kMostZeroRows = 30;  // with more variables those at 0 are counted in a note
+constexpr double kLabelRoom = 1.15;  // for the figure at the end of the longest bar
+constexpr int kMostZeroRows = 30;    // with more variables those at 0 are counted in a note
 
 std::string LimitName(int constraint)
 {
@@ -63,8 +64,9 @@ Picture ValuesPicture(const LpResult& result, const Figures& figures)
         picture.Notes.push_back(picture::Counted(zeros, "variable is", "variables are") + " 0" +
                                 (n > kMostZeroRows ? " and left out." : "."));
     if (names.empty()) return picture;
-    Chart chart{.X = {.Title = "Value", .From = 0, .To = std::max(figures.Values(largest), 1e-9)},
-                .Y = Positions(std::move(names))};
+    Chart chart{
+        .X = {.Title = "Value", .From = 0, .To = std::max(kLabelRoom * figures.Values(largest), 1e-9)},
+        .Y = Positions(std::move(names))};
     for (std::size_t i = 0; i < bars.Points.size(); ++i)
         chart.Marks.push_back(
             {.At = bars.Points[i], .Text = NumberText(problem, bars.Points[i].X), .Tip = bars.Tips[i]});

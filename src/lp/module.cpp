@@ -1,5 +1,7 @@
 #include "lp/module.h"
 
+#include <memory>
+
 #include "basic/error.h"
 #include "desktop/desktop.h"
 #include "lp/LP_Engine.h"
@@ -7,6 +9,7 @@
 #include "lp/LpPicture.h"
 #include "lp/LpReport.h"
 #include "lp/LpSteps.h"
+#include "lp/SecondOpinion.h"
 #include "lp/VtLP.h"
 #include "shell/checks.h"
 #include "shell/commands.h"
@@ -76,6 +79,17 @@ void WriteReport(ReportChannel& out)
     WriteLpReport(out, result);
 }
 
+// Asked on a copy, beside the program; told in it.
+SecondInquiry SecondOpinion()
+{
+    const auto result = std::make_shared<const LP_Engine::LpResult>(LP_Engine::Result);
+    if (!result->Solved || result->NumColumns == 0) return {};
+    return [result]() -> SecondTelling {
+        const LP_Engine::OtherResult other = LP_Engine::AskOther(*result);
+        return [result, other] { return LP_Engine::Compared(*result, other); };
+    };
+}
+
 void EditCommand(int item)
 {
     if (item == 3) VtLP::AddConstraints();
@@ -107,6 +121,7 @@ ModuleRoutines CommonRoutines()
             .Pictures = [] { return LP_Engine::Pictures(LP_Engine::Result); },
             .Steps = [] { return LP_Engine::Steps(LP_Engine::Result); },
             .Meaning = [] { return LP_Engine::Meaning(LP_Engine::Result); },
+            .Opinion = SecondOpinion,
             .Write = Write,
             .Read = Read};
 }

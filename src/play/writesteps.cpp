@@ -162,8 +162,9 @@ Outcome WriteMeaning(const Step&, Stage& stage)
         stage.Out.Line("nothing");
         return kDone;
     }
-    stage.Out.Line("meaning " + std::to_string(pane->Meaning().size()));
-    for (const picture::Sentence& sentence : pane->Meaning())
+    const std::vector<picture::Sentence>& meaning = pane->WholeMeaning();
+    stage.Out.Line("meaning " + std::to_string(meaning.size()));
+    for (const picture::Sentence& sentence : meaning)
         stage.Out.Line("|" + sentence.Text);
     return kDone;
 }

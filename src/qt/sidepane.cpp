@@ -18,6 +18,7 @@
 #include <QTimerEvent>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <chrono>
 
 #include "basic/error.h"
 #include "basic/records.h"
@@ -29,6 +30,8 @@
 
 namespace qt {
 namespace {
+
+constexpr int kOpinionPoll = 50;  // milliseconds
 
 enum Tab { kPictureTab, kStepsTab, kMeaningTab };
 
@@ -73,6 +76,13 @@ SidePane::SidePane(QWidget* parent) : QWidget(parent)
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(list_, &QWidget::customContextMenuRequested, this,
             [this](const QPoint& at) { ShowStepsMenu(list_->viewport()->mapToGlobal(at)); });
+}
+
+// A run that nobody waits for any more still has to end, a few seconds later at most.
+SidePane::~SidePane()
+{
+    for (auto& [thread, run] : threads_)
+        thread.join();
 }
 
 // ---- menus ----
@@ -238,6 +248,9 @@ void SidePane::SetSources(PaneSources sources)
     pictures_.reset();
     steps_.reset();
     meaning_.reset();
+    opinion_.reset();
+    asked_ = false;
+    wait_.stop();
     for (bool& filled : filled_)
         filled = false;
     view_->SetPicture(nullptr);
@@ -270,6 +283,48 @@ const std::vector<picture::Sentence>& SidePane::Meaning()
     return *meaning_;
 }
 
+const std::vector<picture::Sentence>& SidePane::WholeMeaning()
+{
+    Meaning();
+    AskOpinion();
+    while (opinion_ && !opinion_->Done)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    TellOpinion();
+    return *meaning_;
+}
+
+void SidePane::AskOpinion()
+{
+    if (asked_ || !sources_.Opinion) return;
+    asked_ = true;
+    auto inquiry = sources_.Opinion();
+    if (!inquiry) return;
+    for (auto& [thread, run] : threads_)
+        if (run->Done && thread.joinable()) thread.join();
+    std::erase_if(threads_, [](const auto& old) { return !old.first.joinable(); });
+    opinion_ = std::make_shared<BesideRun>();
+    threads_.emplace_back(std::thread([run = opinion_, inquiry = std::move(inquiry)] {
+                              try {
+                                  run->Tell = inquiry();
+                              } catch (const RuntimeError&) {
+                                  run->Tell = {};  // nothing came of it
+                              }
+                              run->Done = true;
+                          }),
+                          opinion_);
+    wait_.start(kOpinionPoll, this);
+}
+
+void SidePane::TellOpinion()
+{
+    if (!opinion_ || !opinion_->Done) return;
+    wait_.stop();
+    const std::vector<picture::Sentence> told = Made(opinion_->Tell);
+    meaning_->insert(meaning_->end(), told.begin(), told.end());
+    opinion_.reset();
+    if (filled_[kMeaningTab]) ShowMeaning();
+}
+
 void SidePane::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
@@ -284,6 +339,7 @@ void SidePane::Look()
 
 void SidePane::timerEvent(QTimerEvent* event)
 {
+    if (event->timerId() == wait_.timerId()) TellOpinion();
     if (event->timerId() != look_.timerId()) return;
     look_.stop();
     if (isVisible() && HasSources()) FillTab();
@@ -379,6 +435,13 @@ void SidePane::ShowStepPicture(const picture::Step& step)
 }
 
 void SidePane::FillMeaning()
+{
+    Meaning();
+    ShowMeaning();
+    AskOpinion();
+}
+
+void SidePane::ShowMeaning()
 {
     QString html;
     for (const picture::Sentence& sentence : Meaning()) {

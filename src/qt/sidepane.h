@@ -4,8 +4,12 @@
 
 #include <QBasicTimer>
 #include <QWidget>
+#include <atomic>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <thread>
+#include <utility>
 #include <vector>
 
 #include "picture/picture.h"
@@ -30,8 +34,17 @@ struct PaneSources {
     std::function<std::vector<picture::Picture>()> Pictures = {};
     std::function<std::vector<picture::Step>()> Steps = {};
     std::function<std::vector<picture::Sentence>()> Meaning = {};
+    // A second opinion: asked in a thread of its own, told in this one.
+    using Telling = std::function<std::vector<picture::Sentence>()>;
+    std::function<std::function<Telling()>()> Opinion = {};
 
     [[nodiscard]] bool AreMissing() const { return !Pictures && !Steps && !Meaning; }
+};
+
+// An inquiry under way. The telling is there once it is done.
+struct BesideRun {
+    PaneSources::Telling Tell;
+    std::atomic<bool> Done = false;
 };
 
 class SidePane : public QWidget {
@@ -41,6 +54,9 @@ public:
     static constexpr int kLeastWidth = 260;
 
     explicit SidePane(QWidget* parent);
+    ~SidePane() override;
+    SidePane(const SidePane&) = delete;
+    SidePane& operator=(const SidePane&) = delete;
 
     void SetSources(PaneSources sources);  // forgets what was computed
     void Clear();
@@ -50,6 +66,8 @@ public:
     const std::vector<picture::Picture>& Pictures();
     const std::vector<picture::Step>& Steps();
     const std::vector<picture::Sentence>& Meaning();
+    // The same with the second opinion behind it, which this waits for.
+    const std::vector<picture::Sentence>& WholeMeaning();
 
     void TakeFocus();  // into the tab in front
     void NextTab(int by);
@@ -70,6 +88,9 @@ private:
     void FillPictures();
     void FillSteps();
     void FillMeaning();
+    void ShowMeaning();
+    void AskOpinion();   // once
+    void TellOpinion();  // behind the meaning, when it has come
     void ShowPicture(std::size_t number);
     void ShowStep(int row);
     void ShowStepPicture(const picture::Step& step);
@@ -88,6 +109,10 @@ private:
     std::optional<std::vector<picture::Sentence>> meaning_;
     bool filled_[3] = {};
     QBasicTimer look_;
+    std::shared_ptr<BesideRun> opinion_;  // what was asked for the present sources
+    bool asked_ = false;
+    QBasicTimer wait_;
+    std::vector<std::pair<std::thread, std::shared_ptr<BesideRun>>> threads_;
 
     QTabWidget* tabs_ = nullptr;
     QWidget* buttonRow_ = nullptr;

@@ -82,7 +82,10 @@ qt::PaneSources SourcesOfModule()
 {
     if (Session.CurrentModule == 0 || CurrentModule().Routines == nullptr) return {};
     const ModuleRoutines& routines = *CurrentModule().Routines;
-    return {.Pictures = routines.Pictures, .Steps = routines.Steps, .Meaning = routines.Meaning};
+    return {.Pictures = routines.Pictures,
+            .Steps = routines.Steps,
+            .Meaning = routines.Meaning,
+            .Opinion = routines.Opinion};
 }
 
 // The widest line with the frame and the scroll bar of its page, in pixels.

@@ -39,6 +39,11 @@ struct SolveOutcome {
 // When "Solving Problem . . ." stays in the indicator behind a solve, until something else is shown there.
 enum class StatusStays { Never, BehindReport, WithoutReport };
 
+// A second opinion: an inquiry that runs beside the program, in a thread of its own, and what is to be told
+// of it, in the program's. An empty inquiry asks nothing.
+using SecondTelling = std::function<std::vector<picture::Sentence>()>;
+using SecondInquiry = std::function<SecondTelling()>;
+
 // The routines of a module. Those marked "may be missing" are left empty where the module has no use for
 // them.
 struct ModuleRoutines {
@@ -111,6 +116,7 @@ struct ModuleRoutines {
     std::function<std::vector<picture::Picture>()> Pictures = {};
     std::function<std::vector<picture::Step>()> Steps = {};
     std::function<std::vector<picture::Sentence>()> Meaning = {};
+    std::function<SecondInquiry()> Opinion = {};  // told behind Meaning, once it has come to its end
 
     // Problem files. Read sizes the arrays afresh; its run-time errors are reported by the command, which
     // calls Display behind it.

@@ -173,7 +173,8 @@ TEST_F(LpPicture, ARegionWithoutAreaIsASegmentOrAPoint)
 {
     Solve({false, {1, 2}, {{{1, 1}, '=', 4}}});
     EXPECT_THAT(Titled("Plan").Notes, Contains("The limits leave a segment without area."));
-    const Series* segment = Named(ChartOf("Plan"), "plans that all limits allow");
+    const Chart chart = ChartOf("Plan");
+    const Series* segment = Named(chart, "plans that all limits allow");
     ASSERT_NE(segment, nullptr);
     EXPECT_EQ(segment->Kind, SeriesKind::Line);
     Solve({false, {1, 2}, {{{1, 1}, '=', 4}, {{1, -1}, '=', 0}}});
