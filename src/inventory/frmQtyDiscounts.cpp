@@ -3,6 +3,8 @@
 
 #include <QGridLayout>
 
+#include "qt/boxtable.h"
+
 using VtInvent::Problem;
 
 namespace {
@@ -42,9 +44,11 @@ void frmQtyDiscounts::AddCategories()
         label->setAlignment(Qt::AlignCenter);
         label->setVisible(k <= Problem.CategoryCount.Value());
     }
-    AddColumn(table, 1, "txtUnitCost", "Unit Cost", VtInvent::TakeCategoryUnitCost, Problem.CategoryUnitCost);
+    const auto costs = AddColumn(table, 1, "txtUnitCost", "Unit Cost", VtInvent::TakeCategoryUnitCost,
+                                 Problem.CategoryUnitCost);
     txtMinQty_ = AddColumn(table, 2, "txtMinQty", "Minimum Quantity", VtInvent::TakeCategoryMinimum,
                            Problem.CategoryMinimum);
+    qt::TakeBlocks(this, {costs, txtMinQty_});
 }
 
 std::vector<QLineEdit*> frmQtyDiscounts::AddColumn(QGridLayout* table, int column, const char* name,

@@ -94,6 +94,16 @@ QString Quoted(const QString& cell)
     return kQuote + inside.replace(kQuote, QLatin1String("\"\"")) + kQuote;
 }
 
+std::string Counted(int count, const std::string& one)
+{
+    return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
+}
+
+std::string SizeText(int rows, int columns)
+{
+    return Counted(rows, "row") + " and " + Counted(columns, "column");
+}
+
 }  // namespace
 
 BlockText ReadBlock(const QString& text)
@@ -133,6 +143,15 @@ int ColumnsOf(const BlockText& block)
     for (const QStringList& row : block)
         columns = std::max(columns, row.size());
     return static_cast<int>(columns);
+}
+
+std::string TooLargeText(const BlockText& block, int rows, int columns)
+{
+    const int neededRows = static_cast<int>(block.size());
+    const int neededColumns = ColumnsOf(block);
+    if (neededRows <= rows && neededColumns <= columns) return {};
+    return "The clipboard holds " + SizeText(neededRows, neededColumns) +
+           ".  From this cell on the table has room for " + SizeText(rows, columns) + ".";
 }
 
 }  // namespace qt

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <string>
 
 namespace qt {
 
@@ -19,5 +20,8 @@ using BlockText = QList<QStringList>;
 
 // Of its longest row.
 [[nodiscard]] int ColumnsOf(const BlockText& block);
+
+// What the user is told of a block that does not fit into so many rows and columns; empty when it does.
+[[nodiscard]] std::string TooLargeText(const BlockText& block, int rows, int columns);
 
 }  // namespace qt

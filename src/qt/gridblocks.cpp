@@ -10,20 +10,6 @@
 #include "qt/text.h"
 
 namespace qt {
-namespace {
-
-std::string Counted(int count, const std::string& one)
-{
-    return std::to_string(count) + " " + one + (count == 1 ? "" : "s");
-}
-
-std::string SizeText(int rows, int columns)
-{
-    return Counted(rows, "row") + " and " + Counted(columns, "column");
-}
-
-}  // namespace
-
 // ---- marking ----
 
 QRect EntryGrid::Block() const
@@ -126,14 +112,9 @@ void EntryGrid::PasteWithin()
 
 bool EntryGrid::HasRoomFor(const BlockText& block, QPoint at) const
 {
-    const int rows = static_cast<int>(block.size());
-    const int columns = ColumnsOf(block);
-    const int roomDown = model_->Rows() - at.y();
-    const int roomAcross = model_->Columns() - at.x();
-    if (rows <= roomDown && columns <= roomAcross) return true;
-    MsgBox("The clipboard holds " + SizeText(rows, columns) + ".  From this cell on the table has room for " +
-               SizeText(roomDown, roomAcross) + ".",
-           "Paste");
+    const std::string told = TooLargeText(block, model_->Rows() - at.y(), model_->Columns() - at.x());
+    if (told.empty()) return true;
+    MsgBox(told, "Paste");
     return false;
 }
 
