@@ -103,12 +103,18 @@ bool CanHappen(const DecisionResult& result, int outcome)
     return result.IndicatorProbability(outcome) != 0;
 }
 
-std::string Called(const std::string& what, const std::vector<int>& numbers)
+std::string Numbers(const std::vector<int>& numbers)
 {
     std::vector<std::string> names;
+    names.reserve(numbers.size());
     for (const int number : numbers)
         names.push_back(LabelOf(number));
-    return what + (names.size() == 1 ? " " : "s ") + picture::Listed(names);
+    return picture::Listed(names);
+}
+
+std::string Called(const std::string& what, const std::vector<int>& numbers)
+{
+    return what + (numbers.size() == 1 ? " " : "s ") + Numbers(numbers);
 }
 
 double ValueAtChance(const DecisionProblem& problem, int alternative, double chance)

@@ -29,6 +29,7 @@ double SignedValueAt(const DecisionProblem& problem, const DecisionResult& resul
 std::vector<int> BestAt(const DecisionProblem& problem, const DecisionResult& result, int outcome);
 bool CanHappen(const DecisionResult& result, int outcome);
 
+std::string Numbers(const std::vector<int>& numbers);  // "1, 2 and 4"
 // "alternative 2", "alternatives 1 and 3".
 std::string Called(const std::string& what, const std::vector<int>& numbers);
 

@@ -56,14 +56,6 @@ std::string Capital(std::string text)
     return text;
 }
 
-std::string Numbers(const std::vector<int>& numbers)
-{
-    std::vector<std::string> names;
-    for (const int number : numbers)
-        names.push_back(LabelOf(number));
-    return picture::Listed(names);
-}
-
 class Reading {
 public:
     Reading(const DecisionProblem& problem, const DecisionResult& result)

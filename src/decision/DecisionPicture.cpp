@@ -3,16 +3,13 @@
 #include <algorithm>
 
 #include "decision/DecisionFigures.h"
-#include "picture/words.h"
 
 namespace Decision {
 namespace {
 
-using picture::Arc;
 using picture::Chart;
 using picture::Diagram;
 using picture::Direction;
-using picture::Mark;
 using picture::Node;
 using picture::Picture;
 using picture::Point;
@@ -341,10 +338,7 @@ private:
     void StateMark(int alternative, double payoff, const std::vector<int>& states)
     {
         const bool picked = payoff == r_.AlternativeValue(alternative);
-        std::vector<std::string> numbers;
-        for (const int state : states)
-            numbers.push_back(LabelOf(state));
-        const std::string names = picture::Listed(numbers);
+        const std::string names = Numbers(states);
         const Role chosen = r_.Recommended(alternative) == 1 ? Role::Best : Role::Chosen;
         chart_.Marks.push_back(
             {.As = picked ? chosen : Role::Plain,

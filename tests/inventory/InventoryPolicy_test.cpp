@@ -167,6 +167,18 @@ TEST(ProductionLotSize, IsTheCheapestLot)
     }
 }
 
+// A quarter is used at once: 2 * 400 * 25 / (8 * 3 / 4) = 10000 / 3.
+TEST(ProductionLotSize, HasCyclesAndAReorderPoint)
+{
+    GivenModel(VtInvent::kLotSize, {400, 25, 8, 200});
+    Problem.ProductionRate = 1600;
+    GivenLeadTime(5);
+    SolveProblem();
+    EXPECT_NEAR(Result.OrdersPerYear, 4 * std::sqrt(3.0), 1e-12);
+    EXPECT_NEAR(Result.CycleTimeDays, 50 / std::sqrt(3.0), 1e-12);
+    EXPECT_DOUBLE_EQ(Result.ReorderPoint, 10);
+}
+
 TEST(ProductionLotSize, FailsWhenTheRateIsTheDemand)
 {
     GivenModel(VtInvent::kLotSize);
@@ -244,6 +256,8 @@ TEST(PlannedShortages, RoundOnlyAPointBelowZero)
     GivenLeadTime(25);
     SolveProblem();
     EXPECT_EQ(Result.ReorderPoint, 0);
+    EXPECT_DOUBLE_EQ(Result.OrdersPerYear, 5);
+    EXPECT_DOUBLE_EQ(Result.CycleTimeDays, 50);
     GivenLeadTime(26.2625);
     SolveProblem();
     EXPECT_NEAR(Result.ReorderPoint, 0.505, 1e-12);
@@ -325,6 +339,18 @@ TEST(QuantityDiscounts, KeepAQuantityBeyondTheNextMinimum)
     GivenDiscounts({100, 2, 0, 250}, 100, {{1, 0}, {2, 5}});
     SolveProblem();
     EXPECT_NEAR(Result.OrderQuantity, 20, 1e-9);
+}
+
+// 2 * 400 * 25 / 8 = 50 squared; 8 orders in 200 days, and 5 days use 10.
+TEST(QuantityDiscounts, HaveCyclesAndAReorderPoint)
+{
+    GivenDiscounts({400, 25, 0, 200}, 20, {{40, 0}});
+    GivenLeadTime(5);
+    SolveProblem();
+    EXPECT_DOUBLE_EQ(Result.CategoryHolding(1), 8);
+    EXPECT_DOUBLE_EQ(Result.OrdersPerYear, 8);
+    EXPECT_DOUBLE_EQ(Result.CycleTimeDays, 25);
+    EXPECT_DOUBLE_EQ(Result.ReorderPoint, 10);
 }
 
 // Holding and ordering cost a quarter each: the root of 2 * 1e-6 * 125000 is a half.
