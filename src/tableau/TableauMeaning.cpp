@@ -142,10 +142,12 @@ void AddRemainders(const TableauProblem& problem, const TableauResult& result, S
                                                       "."});
     const auto unmet = UnmetDemands(problem, result);
     if (unmet.empty()) return;
-    std::string text = RemainderText(unmet, "destination", "stays", "stay");
-    sentences.push_back(
-        {SentenceKind::Limit,
-         text + " short, as supply does not suffice; who goes short is part of the best plan."});
+    // Many are counted: "7 destinations stay short by 210 units in all".
+    const bool many = unmet.size() > kMostNamed;
+    const std::string text = RemainderText(unmet, "destination", "stays", many ? "stay short by" : "stay") +
+                             (many ? "" : " short");
+    sentences.push_back({SentenceKind::Limit,
+                         text + ", as supply does not suffice; who goes short is part of the best plan."});
 }
 
 // What another best schedule would do that this one does not.

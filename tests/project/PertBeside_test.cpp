@@ -493,6 +493,18 @@ TEST(PertBeside, RandomProjectsAreShownWithoutFault)
     }
 }
 
+// Only a damaged file holds one.
+TEST(PertBeside, ATableThatLeadsRoundInACircleIsShown)
+{
+    Given({{"", {2}}, {"A", {3}}, {"B", {1}}});
+    Problem.CurrentActivity = 1;
+    TakePredecessors({3});
+    Calculate();
+    ExpectSound(Pictures());
+    ExpectSound(PertSteps(Problem, Result), Pictures());
+    ExpectSound(PertMeaning(Problem, Result));
+}
+
 TEST(PertBeside, TheHouseIsShown)
 {
     Solved(kHouseEstimated);

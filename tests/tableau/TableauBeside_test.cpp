@@ -492,7 +492,7 @@ TEST(TransportationMeaning, CountsManyRemainders)
 {
     GiveTransportation({{1, 2, 3, 4, 5, 6}}, {1}, {3, 3, 3, 3, 3, 3});
     Solve();
-    EXPECT_THAT(TransportMeaning(), Contains(HasSubstr("6 destinations stay 17 units in all short")));
+    EXPECT_THAT(TransportMeaning(), Contains(HasSubstr("6 destinations stay short by 17 units in all, as")));
 }
 
 TEST(TransportationMeaning, AnotherScheduleOnlyWhereThereIsOne)
