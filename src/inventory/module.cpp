@@ -131,7 +131,6 @@ const ModuleRoutines& Inventory()
         .Prepare = VtInvent::HasModel,
         .Solve = VtInvent::Answer,
         .Page = VtInvent::WritePage,
-        .ShellShowsSolving = true,
         .ReturnToProblem = VtInvent::ReturnToProblem,
         .ReloadResetsIndicator = true,
         .Reports = {VtInvent::WriteReport},

@@ -247,11 +247,6 @@ void ShowMenusWithoutReport(const ModuleRoutines& routines)
     Menus.EnablePrinting(false);
 }
 
-bool HasReport()
-{
-    return desktop::TheForms().IsLoaded("frmSolution");
-}
-
 void ShowNotices(const std::vector<Notice>& notices)
 {
     for (const Notice& notice : notices)
@@ -311,38 +306,6 @@ SolveOutcome SolveAndShow(const ModuleRoutines& routines)
     return outcome;
 }
 
-void SolveOnItsOwnRoad(const ModuleRoutines& routines)
-{
-    if (routines.SolveDisablesEditItems)
-        Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, false);
-    if (routines.Prepare && !routines.Prepare()) {
-        ShowMenusOfProblem(routines);
-        return;
-    }
-    Screen& screen = desktop::TheScreen();
-    const std::string indicator = screen.Indicator();
-    if (routines.ShellShowsSolving) {
-        ShowStatus(routines);
-        screen.SetPointer(Pointer::Hourglass);
-    }
-    routines.SolveAndShow();
-    if (HasReport()) {
-        TheLastSolve.Set(SolveEnd::Report);
-        if (routines.ShellEnablesPrinting) Menus.EnablePrinting(true);
-    } else {
-        ShowMenusWithoutReport(routines);
-        const bool cancelled = Session.DialogCancelled;  // the engine's own dialog
-        if (routines.PrintsWithoutReport && !cancelled) Menus.EnablePrinting(true);
-        if (!cancelled) TheLastSolve.Set(SolveEnd::WithoutReport);
-    }
-    if (!routines.ShellShowsSolving) return;
-    screen.SetPointer(Pointer::Normal);
-    desktop::TheForms().FocusMenu();
-    if (!routines.IndicatorComesBack && HasReport()) return;
-    screen.SetIndicator(indicator);
-    screen.Refresh();
-}
-
 // The problem as the user sees it is the one that is stored, and passes its check.
 bool IsReady(const ModuleRoutines& routines)
 {
@@ -356,10 +319,6 @@ void SolveProblem()
     Session.AskIncomplete = true;
     if (!IsReady(routines)) {
         ShowMenusOfProblem(routines);
-        return;
-    }
-    if (!routines.Solve) {
-        SolveOnItsOwnRoad(routines);
         return;
     }
     const std::string indicator = desktop::TheScreen().Indicator();

@@ -79,16 +79,9 @@ struct ModuleRoutines {
     StatusStays Status = StatusStays::Never;  // behind forecasts; where a network has no route
     bool PrintsWithoutReport = false;  // the networks' warning of nodes out of reach has a printed form
 
-    // What is still in use where the road above is not.
-    std::function<void()> SolveAndShow = {};
-    bool ShellShowsSolving = false;  // the command shows "Solving Problem . . ." and the hourglass
-    bool ShellEnablesPrinting = false;
-    bool IndicatorComesBack = true;  // after a solve that ShellShowsSolving
-
     // Items of the Edit menu (3 and above, or 2 with its submenu) that are off while a report is on screen.
     int FirstEditItem = 0;
     int LastEditItem = -1;
-    bool SolveDisablesEditItems = false;              // the command does it, not the engine
     std::vector<std::string> EditItems = {};          // captions of the items 3, 4, ...
     bool SeparatesEditItems = false;                  // item 1 parts them from item 0 (linear programs)
     std::string SubmenuCaption = {};                  // of item 2; empty: items 1 and 2 are hidden

@@ -12,22 +12,10 @@ std::vector<std::string> lines;
 
 }  // namespace
 
-void BeginSolution(std::string_view firstLine)
-{
-    lines.assign(1, std::string(firstLine));
-}
-
-void AddLine(std::string_view text)
-{
-    lines.emplace_back(text);
-}
-
 void SolutionPage::Write(std::string_view text)
 {
-    if (begun_)
-        AddLine(text);
-    else
-        BeginSolution(text);
+    if (!begun_) lines.clear();
+    lines.emplace_back(text);
     begun_ = true;
 }
 

@@ -1,7 +1,4 @@
 // The report on screen: a page of text lines, shown by `frmSolution`.
-//
-// A module's solve-and-show routine calls BeginSolution with the first line, AddLine for the others and
-// ShowSolution at the end.
 #pragma once
 
 #include <string>
@@ -10,22 +7,9 @@
 
 #include "shell/report.h"
 
-void BeginSolution(std::string_view firstLine);
-void AddLine(std::string_view text = {});
 void ShowSolution();  // shows the page and gives the focus to the main window
 
-// The page as a report channel, for blocks that stand on the screen as in the full report.
-class SolutionChannel : public ReportChannel {
-public:
-    void NewPage() override {}
-    [[nodiscard]] bool OnScreen() const override { return true; }
-    [[nodiscard]] bool OnPaper() const override { return false; }
-
-private:
-    void Write(std::string_view text) override { AddLine(text); }
-};
-
-// The same for a page that is written as a whole: its first line begins it.
+// The page as a report channel; its first line begins it.
 class SolutionPage : public ReportChannel {
 public:
     void NewPage() override {}
