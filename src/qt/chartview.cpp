@@ -137,6 +137,9 @@ private:
             if (series.Points.back().X < x_.From + 0.9 * (x_.To - x_.From)) continue;
             widest = std::max(widest, SizeOf(ToQt(series.Name), look_.FontOf(series.As)).width());
         }
+        for (const Mark& mark : chart_.Marks)
+            if (RowsAcross() && !chart_.OwnScales && mark.At.X >= x_.From + 0.85 * (x_.To - x_.From))
+                widest = std::max(widest, SizeOf(ToQt(mark.Text), look_.FontOf(mark.As)).width());
         return widest == 0 ? 0 : widest + kGap;
     }
 
@@ -852,18 +855,44 @@ private:
         }
     }
 
+    // A mark at the end of a bar is its figure, written there without a dot.
+    [[nodiscard]] bool EndsABar(const Mark& mark) const
+    {
+        return std::any_of(chart_.Curves.begin(), chart_.Curves.end(), [&mark](const Series& series) {
+            return series.Kind == SeriesKind::Bars &&
+                   std::any_of(series.Points.begin(), series.Points.end(), [&mark](const Point& point) {
+                       return point.X == mark.At.X && point.Y == mark.At.Y;
+                   });
+        });
+    }
+
+    [[nodiscard]] std::vector<QRectF> BehindBar(const QString& text, Role role, const QPointF& at) const
+    {
+        const QSizeF size = SizeOf(text, look_.FontOf(role));
+        if (!RowsAcross()) return labels_.AroundPoint(text, role, at);
+        const double top = at.y() - size.height() / 2;
+        return {QRectF(QPointF(at.x() + kTick + 1, top), size),
+                QRectF(QPointF(at.x() - kTick - size.width(), top - kBar), size)};
+    }
+
     void DrawMarks()
     {
         for (const Mark& mark : chart_.Marks) {
             const QPointF at(chart_.OwnScales ? AlongRow(mark.At.X, mark.At.Y) : AtX(mark.At.X),
                              AtY(mark.At.Y));
             if (!plot_.adjusted(-2, -2, 2, 2).contains(at)) continue;
-            DrawMark(at, mark.As);
-            labels_.Avoid(QRectF(at - QPointF(5, 5), QSizeF(10, 10)));
+            const QString text = ToQt(mark.Text);
+            const bool figure = EndsABar(mark);
+            if (!figure) {
+                DrawMark(at, mark.As);
+                labels_.Avoid(QRectF(at - QPointF(5, 5), QSizeF(10, 10)));
+            }
             AddItem(MarkPath(at, MarkForm::Round, 2 * kMarkSize), mark.Tip.empty() ? mark.Text : mark.Tip,
                     mark.Id);
-            const QString text = ToQt(mark.Text);
-            labels_.Add({.Text = text, .As = mark.As, .Candidates = labels_.AroundPoint(text, mark.As, at)});
+            labels_.Add({.Text = text,
+                         .As = mark.As,
+                         .Candidates =
+                             figure ? BehindBar(text, mark.As, at) : labels_.AroundPoint(text, mark.As, at)});
         }
     }
 

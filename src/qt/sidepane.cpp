@@ -60,6 +60,11 @@ QFont FixedFont()
 SidePane::SidePane(QWidget* parent) : QWidget(parent)
 {
     setMinimumWidth(kLeastWidth);
+}
+
+void SidePane::Build()
+{
+    if (tabs_ != nullptr) return;
     auto* page = new QVBoxLayout(this);
     page->setContentsMargins(0, 0, 0, 0);
     tabs_ = new QTabWidget;
@@ -253,8 +258,10 @@ void SidePane::SetSources(PaneSources sources)
     wait_.stop();
     for (bool& filled : filled_)
         filled = false;
-    view_->SetPicture(nullptr);
-    stepView_->SetPicture(nullptr);
+    if (tabs_ != nullptr) {
+        view_->SetPicture(nullptr);
+        stepView_->SetPicture(nullptr);
+    }
     if (isVisible()) Look();
 }
 
@@ -347,6 +354,7 @@ void SidePane::timerEvent(QTimerEvent* event)
 
 void SidePane::FillTab()
 {
+    Build();
     const int tab = tabs_->currentIndex();
     if (tab < 0 || filled_[tab]) return;
     filled_[tab] = true;
@@ -476,6 +484,7 @@ void SidePane::TakeFocus()
 // The focus waits on the tabs: a page that is hidden with it would give it to whatever comes next.
 void SidePane::NextTab(int by)
 {
+    Build();
     tabs_->tabBar()->setFocus(Qt::OtherFocusReason);
     tabs_->setCurrentIndex((tabs_->currentIndex() + by + tabs_->count()) % tabs_->count());
     TakeFocus();

@@ -80,6 +80,7 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    void Build();  // the tabs, at the first look: the program starts without them
     QWidget* MakePicturePage();
     QWidget* MakeStepsPage();
     QWidget* MakeMeaningPage();

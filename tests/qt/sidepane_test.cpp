@@ -199,6 +199,7 @@ TEST_F(Beside, ControlTabGoesThroughTheTabs)
 TEST_F(Beside, AStepShowsItsFiguresItsReasonAndItsPicture)
 {
     splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
     Tabs()->setCurrentIndex(1);
     LetItWork();
     auto* list = Pane().findChild<QListWidget*>();
@@ -221,6 +222,7 @@ TEST_F(Beside, AStepShowsItsFiguresItsReasonAndItsPicture)
 TEST_F(Beside, MeaningIsPlainTextAndTellsCautions)
 {
     splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
     Tabs()->setCurrentIndex(2);
     LetItWork();
     EXPECT_EQ(Pane().findChild<QTextEdit*>()->toPlainText(), "Make 3 of A.\nCaution: A <b> & c.");
