@@ -1,6 +1,6 @@
 // A second opinion on a linear or integer program: the same problem solved by another, well-kept solver,
 // whose plan is checked here before anything is told. The solver stands in a module of its own beside the
-// program (opinion/opinion.h), loaded when it is first asked.
+// program (lp/opinion/opinion.h), loaded when it is first asked.
 #pragma once
 
 #include <functional>

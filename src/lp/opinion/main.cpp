@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "opinion/opinion.h"
+#include "lp/opinion/opinion.h"
 
 namespace {
 
