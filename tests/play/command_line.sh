@@ -89,6 +89,17 @@ done
 grep -q 'modal frmUserInput' slow.out || { echo "a line in a dialog waits for the next one"; failed=1; }
 exec 3>&-
 wait $! || { echo "a slow script ends with $?"; failed=1; }
+
+# A file dialog neither waits for the toolkit's settings in the user's account nor writes them.
+mkdir -p home/.config
+touch home/.config/QtProject.conf.lock
+printf '[FileDialog]\n' >home/.config/QtProject.conf
+cp -r home before
+printf 'choose 12\nmenu mnuFileOpen\nfile cancel\n' >dialog.play
+HOME=$folder/home XDG_CONFIG_HOME=$folder/home/.config timeout 20 "$player" dialog.play >/dev/null ||
+    { echo "the file dialog waits for somebody else's lock"; failed=1; }
+diff -r before home || { echo "the user's settings have been written"; failed=1; }
+
 cp new.play in
 gives 0 session.play -
 holds out '> menu mnuFileNew'
