@@ -32,10 +32,10 @@ public:
         const bool current = index == grid_.currentIndex();
         const bool filled = current && grid_.hasFocus();
         QStyleOptionViewItem cell = option;
-        const bool marked = !current && option.state.testFlag(QStyle::State_Selected);
+        const bool marked = !filled && option.state.testFlag(QStyle::State_Selected);
         cell.state.setFlag(QStyle::State_Selected, filled);
         cell.state.setFlag(QStyle::State_HasFocus, false);
-        if (marked) cell.backgroundBrush = Mixed(cell.palette, QPalette::Highlight, kMarked);
+        if (marked) painter->fillRect(option.rect, Mixed(cell.palette, QPalette::Highlight, kMarked));
         cell.palette.setColor(QPalette::HighlightedText, TextOnFilled(cell.palette));
         QStyledItemDelegate::paint(painter, cell, index);
         DrawLines(*painter, option);
