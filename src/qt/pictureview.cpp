@@ -337,11 +337,16 @@ void PictureView::resizeEvent(QResizeEvent* event)
     Fit();
 }
 
+// A scroll bar takes from the room of the other direction.
 void PictureView::Fit()
 {
-    canvas_->FitTo(maximumViewportSize());
-    if (canvas_->height() > maximumViewportSize().height())  // a scroll bar takes from the width
-        canvas_->FitTo(viewport()->size());
+    const QSize room = maximumViewportSize();
+    canvas_->FitTo(room);
+    const bool tooHigh = canvas_->height() > room.height();
+    const bool tooWide = canvas_->width() > room.width();
+    if (!tooHigh && !tooWide) return;
+    canvas_->FitTo({room.width() - (tooHigh ? verticalScrollBar()->sizeHint().width() : 0),
+                    room.height() - (tooWide ? horizontalScrollBar()->sizeHint().height() : 0)});
 }
 
 // Tab goes from item to item inside of the canvas.
