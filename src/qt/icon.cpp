@@ -5,7 +5,8 @@
 #include <QPixmap>
 #include <QString>
 #include <algorithm>
-#include <array>
+#include <utility>
+#include <vector>
 
 namespace qt {
 namespace {
@@ -13,6 +14,8 @@ namespace {
 // Reads a picture when it is asked for: the large ones would take a third of the program's start.
 class IconEngine : public QIconEngine {
 public:
+    IconEngine(QString name, std::vector<int> sizes) : name_(std::move(name)), sizes_(std::move(sizes)) {}
+
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
         const qreal scale = painter->device()->devicePixelRatioF();
@@ -20,7 +23,7 @@ public:
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
-        const QPixmap picture(QStringLiteral(":/icons/vantrel-%1.png").arg(NearestSize(size)));
+        const QPixmap picture(QStringLiteral(":/icons/%1-%2.png").arg(name_).arg(NearestSize(size)));
         return picture.size() == size ? picture
                                       : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }
@@ -28,19 +31,27 @@ public:
 
 private:
     // The smallest picture that need not be enlarged.
-    static int NearestSize(const QSize& size)
+    [[nodiscard]] int NearestSize(const QSize& size) const
     {
-        constexpr std::array kSizes{16, 22, 24, 32, 48, 64, 128, 256};
-        const int wanted = std::min(std::max(size.width(), size.height()), kSizes.back());
-        return *std::lower_bound(kSizes.begin(), kSizes.end(), wanted);
+        const int wanted = std::min(std::max(size.width(), size.height()), sizes_.back());
+        return *std::lower_bound(sizes_.begin(), sizes_.end(), wanted);
     }
+
+    QString name_;
+    std::vector<int> sizes_;
 };
 
 }  // namespace
 
 QIcon ProgramIcon()
 {
-    return QIcon(new IconEngine);  // the icon owns its engine
+    // The icon owns its engine.
+    return QIcon(new IconEngine(QStringLiteral("vantrel"), {16, 22, 24, 32, 48, 64, 128, 256}));
+}
+
+QIcon ModuleIcon(int module)
+{
+    return QIcon(new IconEngine(QStringLiteral("module-%1").arg(module), {24, 48, 64, 128}));
 }
 
 }  // namespace qt

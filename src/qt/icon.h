@@ -1,4 +1,4 @@
-// The icon of the program's windows, in the sizes that a desktop asks for.
+// The icon of the program's windows, in the sizes that a desktop asks for, and those of the modules.
 #pragma once
 
 #include <QIcon>
@@ -6,5 +6,6 @@
 namespace qt {
 
 QIcon ProgramIcon();
+QIcon ModuleIcon(int module);  // 1 to 12
 
 }  // namespace qt
