@@ -6,6 +6,7 @@
 #include "forms.h"
 #include "qt/application.h"
 #include "qt/icon.h"
+#include "qt/style.h"
 #include "qt/text.h"
 #include "shell/commands.h"
 
@@ -14,6 +15,7 @@ Program::Program(std::unique_ptr<qt::QtDialogs> dialogs) : dialogs_(std::move(di
     QApplication::setApplicationName("Vantrel");
     QApplication::setApplicationVersion("6.0");
     QApplication::setDesktopFileName("vantrel");
+    QApplication::setStyle(new qt::Style);  // the application owns it
     QApplication::setWindowIcon(qt::ProgramIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // Exit ends the program
     RegisterForms(forms_);

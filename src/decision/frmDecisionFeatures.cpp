@@ -51,6 +51,8 @@ void frmDecisionFeatures::AddOptions(QFormLayout* rows)
     txtIndicator = qt::AddBox(rows, "txtIndicator",
                               "Number of Indicator Outcomes (MAX=10):", Decision::TakeIndicatorCount);
     lblStrategyNote->setWordWrap(false);
+    for (QLineEdit* box : {txtNumAlternatives, txtNumStates, txtIndicator})
+        box->setToolTip("1 to 10");
     connect(chkStateProbs, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);
     connect(chkStrategy, &QCheckBox::toggled, this, &frmDecisionFeatures::ShowWhatApplies);
 }

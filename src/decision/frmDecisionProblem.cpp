@@ -3,12 +3,16 @@
 #include <string>
 
 #include "decision/VtDecisionAnalysis.h"
+#include "qt/card.h"
 #include "qt/fields.h"
+#include "qt/icon.h"
 #include "shell/module.h"
+#include "shell/session.h"
 
 frmDecisionProblem::frmDecisionProblem(QWidget* parent) : qt::ChildForm(parent)
 {
-    auto* page = new QVBoxLayout(this);
+    QVBoxLayout* page = qt::MakePage(this);
+    page->setSpacing(2 * page->spacing());  // the tables stand apart
     AddIntroduction(page);
     AddGrid(page, 0, "Payoffs");
     AddGrid(page, 1, "State of Nature Probabilities");
@@ -25,8 +29,9 @@ frmDecisionProblem::frmDecisionProblem(QWidget* parent) : qt::ChildForm(parent)
 // The shell fills it and takes it away with the first problem.
 void frmDecisionProblem::AddIntroduction(QVBoxLayout* page)
 {
-    qt::PassClickToMenu(qt::AddText(page, "txtLoadInfo", "What the module does"));
-    qt::AddLabel(page, "lblLoadInfo", "");
+    QBoxLayout* card = qt::AddCard(page, qt::ModuleIcon(Session.CurrentModule));
+    qt::PassClickToMenu(qt::AddText(card, "txtLoadInfo", "What the module does"));
+    qt::AddLabel(card, "lblLoadInfo", "");
 }
 
 void frmDecisionProblem::AddGrid(QVBoxLayout* page, int index, std::string_view description)

@@ -9,6 +9,8 @@
 #include "qt/entrygrid.h"
 #include "qt/forms.h"
 
+class QVBoxLayout;
+
 class frmDecisionProblem : public qt::ChildForm {
     Q_OBJECT
 

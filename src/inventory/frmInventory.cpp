@@ -38,6 +38,7 @@ void InventoryForm::AddWorkingDays(const char* name)
 {
     workingDays_ = AddField(Rows(), name, "Number of Working Days per Year:", VtInvent::TakeWorkingDays,
                             VtInvent::OpeningWorkingDays());
+    workingDays_->setToolTip("1 to 365");
     qt::AddLabel(Rows(), "lblWorkingDaysNote", "(250 days/year is common)");
 }
 

@@ -3,12 +3,13 @@
 #include <array>
 
 #include "lp/VtLP.h"
+#include "qt/card.h"
 #include "qt/fields.h"
+#include "qt/icon.h"
 #include "shell/module.h"
+#include "shell/session.h"
 
 namespace {
-
-constexpr int kShownConstraints = 17;  // more of them scroll
 
 constexpr std::array<const char*, 2> kNames = {"Grid(0)", "Grid(1)"};
 constexpr std::array<const char*, 2> kDescriptions = {"Variable names and objective function", "Constraints"};
@@ -23,7 +24,7 @@ qt::KeyAnswer AnswerTo(VtLP::Key key)
 
 frmLPproblem::frmLPproblem(QWidget* parent) : qt::ChildForm(parent)
 {
-    auto* page = new QVBoxLayout(this);
+    QVBoxLayout* page = qt::MakePage(this);
     AddIntroduction(page);
     AddProblem(page);
     page->addStretch();
@@ -35,22 +36,24 @@ frmLPproblem::frmLPproblem(QWidget* parent) : qt::ChildForm(parent)
 }
 
 // The shell fills it and takes it away with the first problem.
-void frmLPproblem::AddIntroduction(QLayout* page)
+void frmLPproblem::AddIntroduction(QVBoxLayout* page)
 {
-    qt::PassClickToMenu(qt::AddText(page, "txtLoadInfo", "What the module does"));
-    qt::PassClickToMenu(qt::AddLabel(page, "lblLoadInfo", ""));
+    QBoxLayout* card = qt::AddCard(page, qt::ModuleIcon(Session.CurrentModule));
+    qt::PassClickToMenu(qt::AddText(card, "txtLoadInfo", "What the module does"));
+    qt::PassClickToMenu(qt::AddLabel(card, "lblLoadInfo", ""));
 }
 
 void frmLPproblem::AddProblem(QLayout* page)
 {
     QLabel* type = qt::AddLabel(page, "lblopttype", "");
     qt::PassClickToMenu(type);
+    qt::ShowAsTitle(type);
     type->hide();
     grids_[0] = AddGrid(page, 0);
     grids_[1] = AddGrid(page, 1);
     grids_[0]->AlignWith(*grids_[1]);
     grids_[0]->ShowRows(2);
-    grids_[1]->ShowRows(kShownConstraints);
+    grids_[0]->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);  // the constraints give way
     QLabel* advice = qt::AddLabel(
         page, "lblInfo",
         "Note:  Decision variable names can be changed if desired.  Enter Objective function coefficients in "
@@ -58,6 +61,7 @@ void frmLPproblem::AddProblem(QLayout* page)
         "coefficients, constraint relationship (<, =, >), and constraint right-hand-side.  Do not enter "
         "nonnegativity constraints.");
     qt::PassClickToMenu(advice);
+    qt::ShowAsNote(advice);
     advice->hide();
 }
 

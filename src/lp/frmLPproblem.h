@@ -8,6 +8,7 @@
 #include "qt/forms.h"
 
 class QLayout;
+class QVBoxLayout;
 
 class frmLPproblem : public qt::ChildForm {
     Q_OBJECT
@@ -16,7 +17,7 @@ public:
     explicit frmLPproblem(QWidget* parent);
 
 private:
-    void AddIntroduction(QLayout* page);
+    void AddIntroduction(QVBoxLayout* page);
     void AddProblem(QLayout* page);
     qt::EntryGrid* AddGrid(QLayout* page, int index);
     [[nodiscard]] qt::EntryRules Rules(int index);

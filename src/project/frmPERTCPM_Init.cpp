@@ -18,6 +18,7 @@ frmPERTCPM_Init::frmPERTCPM_Init(QWidget* parent) : qt::ModalForm(parent)
     page->addLayout(rows);
     txtNumActivities =
         qt::AddBox(rows, "txtNumActivities", "Number of Activities (MAX=25):", VtPert_CPM::TakeActivityCount);
+    txtNumActivities->setToolTip("1 to 25");
     qt::AddOption(page, "optActivityTime(0)", "Known Activity Times")->setChecked(true);
     optUncertain = qt::AddOption(page, "optActivityTime(1)", "Uncertain Activity Times");
 

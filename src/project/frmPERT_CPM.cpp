@@ -119,10 +119,13 @@ frmPERT_CPM::frmPERT_CPM(QWidget* parent) : qt::ChildForm(parent)
     AddActivities(row);
     AddPredecessors(row);
     AddTimes(row);
-    qt::AddLabel(page, "lblInfo",
-                 "For each activity, select/deselect its predecessor(s) and enter its activity time.  Choose "
-                 "solution to solve.");
+    QLabel* info = qt::AddLabel(
+        page, "lblInfo",
+        "For each activity, select/deselect its predecessor(s) and enter its activity time.  Choose "
+        "solution to solve.");
+    qt::ShowAsNote(info);
     FillTable();
+    FitLists();
     lstActivityName->setCurrentRow(0);
     setFocusProxy(lstActivityName);
     VtPert_CPM::CheckTimeBoxes = [this] { CheckTimes(); };
@@ -163,6 +166,7 @@ void frmPERT_CPM::AddActivities(QBoxLayout* row)
     const auto show = [this] { qt::Trap([this] { ShowActivity(lstActivityName->currentRow() + 1); }); };
     connect(lstActivityName, &QListWidget::currentRowChanged, this, show);
     connect(lstActivityName, &QListWidget::itemClicked, this, show);
+    column->addStretch();
 }
 
 void frmPERT_CPM::AddPredecessors(QBoxLayout* row)
@@ -174,6 +178,19 @@ void frmPERT_CPM::AddPredecessors(QBoxLayout* row)
     lstPredecessor->setSelectionMode(QAbstractItemView::MultiSelection);
     connect(lstPredecessor, &QListWidget::itemSelectionChanged, this,
             [this] { qt::Trap([this] { TakePredecessors(); }); });
+    column->addStretch();
+}
+
+// As high as their items; many of them scroll.
+void frmPERT_CPM::FitLists()
+{
+    constexpr int kLeastRows = 3;
+    constexpr int kMostRows = 8;
+    for (QListWidget* list : {lstActivityName, lstPredecessor}) {
+        const int row = lstActivityName->sizeHintForRow(0);
+        const int frame = 2 * (list->frameWidth() + 1);
+        list->setFixedHeight(qBound(kLeastRows, int{Problem.NumActivities}, kMostRows) * row + frame);
+    }
 }
 
 void frmPERT_CPM::AddTimes(QBoxLayout* row)

@@ -29,6 +29,7 @@ private:
     void AddPredecessors(QBoxLayout* row);
     void AddTimes(QBoxLayout* row);
 
+    void FitLists();
     void FillTable();
     void GoToField(int row, int column);
     bool LeavesBoxes();

@@ -32,6 +32,12 @@ QColor ReadableOn(const QColor& ground, const QColor& wanted)
     return Contrast(ground, Qt::black) > Contrast(ground, Qt::white) ? Qt::black : Qt::white;
 }
 
+QColor Mixed(const QColor& a, const QColor& b, float share)
+{
+    const auto mix = [share](float x, float y) { return share * x + (1 - share) * y; };
+    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
+}
+
 QColor AlertOn(const QColor& ground)
 {
     const QColor onLight(0xc0, 0x1c, 0x28);

@@ -14,6 +14,9 @@ constexpr double kVisible = 3;     // of a line or frame
 // `wanted`, or else black or white, whichever stands out more, where it cannot be read on `ground`.
 [[nodiscard]] QColor ReadableOn(const QColor& ground, const QColor& wanted);
 
+// `share` of `a` and the rest of `b`, 0 to 1.
+[[nodiscard]] QColor Mixed(const QColor& a, const QColor& b, float share);
+
 // A red that warns on this ground.
 [[nodiscard]] QColor AlertOn(const QColor& ground);
 

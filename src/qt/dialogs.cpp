@@ -6,11 +6,13 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QTreeView>
 #include <QUrl>
 #include <array>
 
@@ -165,6 +167,20 @@ void SetKind(QFileDialog& dialog, const FileQuestion& question)
     dialog.setDefaultSuffix(ToQt(question.Extension));
 }
 
+// Wide enough for names, sizes and dates side by side.
+void MakeReadable(QFileDialog& dialog, bool saving)
+{
+    constexpr QSize kSize(840, 520);
+    dialog.setViewMode(QFileDialog::Detail);
+    if (saving) dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Save in:"));
+    if (auto* table = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        table->header()->setStretchLastSection(false);
+        table->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        table->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+    dialog.resize(kSize.boundedTo(dialog.screen()->availableSize()));
+}
+
 }  // namespace
 
 QRect StandClear(const QRect& window, const QRect& of, const QRect& room)
@@ -225,6 +241,7 @@ std::optional<std::string> QtDialogs::AskFile(const FileQuestion& question)
     dialog.setProperty("folder", ToQt(question.Folder));
     dialog.setNameFilters(NameFilters(question.Filter));
     SetKind(dialog, question);
+    MakeReadable(dialog, question.Saving);
     SetFolder(dialog, ToQt(question.Folder));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return FromQt(dialog.selectedFiles().constFirst());

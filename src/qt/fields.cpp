@@ -88,6 +88,46 @@ private:
     }
 };
 
+// A label whose text begins where the others do: a blank or two in front of it are not shown; more of them
+// set a line off on purpose.
+class Label : public QLabel {
+public:
+    void Pale()
+    {
+        pale_ = true;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        constexpr float kShare = 0.72F;  // of a pale text's colour
+        const qsizetype first = LeadingBlanks();
+        if (!pale_ && first == 0) return QLabel::paintEvent(event);
+        QPalette colors = palette();
+        const QColor ink = colors.color(foregroundRole());
+        if (pale_) colors.setColor(foregroundRole(), Mixed(ink, colors.color(QPalette::Window), kShare));
+        QPainter painter(this);
+        drawFrame(&painter);
+        const QRect room = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
+        const int flags = static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0);
+        style()->drawItemText(&painter, room, flags, colors, isEnabled(), text().mid(first),
+                              foregroundRole());
+    }
+
+private:
+    [[nodiscard]] qsizetype LeadingBlanks() const
+    {
+        constexpr qsizetype kMost = 2;
+        qsizetype blanks = 0;
+        while (blanks < text().size() && text()[blanks] == QLatin1Char(' '))
+            ++blanks;
+        return blanks <= kMost ? blanks : 0;
+    }
+
+    bool pale_ = false;
+};
+
 bool IsArrow(int key)
 {
     return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Left || key == Qt::Key_Right;
@@ -304,10 +344,34 @@ void Trap(const std::function<void()>& steps)
 
 QLabel* MakeLabel(const char* name, std::string_view text)
 {
-    auto* label = Named(new QLabel, name);
+    auto* label = Named(new Label, name);
     label->setTextFormat(Qt::PlainText);
     label->setText(ToQt(text));
     return label;
+}
+
+void ShowAsTitle(QLabel* label)
+{
+    constexpr double kFactor = 1.25;
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * kFactor);
+    font.setBold(true);
+    label->setFont(font);
+}
+
+void ShowAsNote(QLabel* label)
+{
+    if (auto* own = dynamic_cast<Label*>(label)) own->Pale();
+}
+
+QVBoxLayout* MakePage(QWidget* form)
+{
+    constexpr int kMargin = 20;
+    constexpr int kSpacing = 12;
+    auto* page = new QVBoxLayout(form);
+    page->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    page->setSpacing(kSpacing);
+    return page;
 }
 
 QLabel* AddLabel(QLayout* layout, const char* name, std::string_view text)

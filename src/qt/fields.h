@@ -38,6 +38,11 @@ void Trap(const std::function<void()>& steps);
 QLabel* AddLabel(QLayout* layout, const char* name, std::string_view text);
 // The same outside of a layout, on one line.
 QLabel* MakeLabel(const char* name, std::string_view text);
+// How a label of MakeLabel or AddLabel stands out: a title larger, a note paler than the other texts.
+void ShowAsTitle(QLabel* label);
+void ShowAsNote(QLabel* label);
+// The column of an entry page, with even margins around it.
+QVBoxLayout* MakePage(QWidget* form);
 
 // A label and its text box on one row. A label without a name of its own takes that of its box: `lblMean`
 // stands beside `txtMean`.

@@ -16,6 +16,7 @@
 
 #include "basic/error.h"
 #include "desktop/desktop.h"
+#include "qt/colors.h"
 #include "qt/entrygrid.h"
 #include "qt/fields.h"
 #include "qt/text.h"
@@ -66,6 +67,16 @@ void CentreOver(QWidget& window, const QWidget* main)
     place.moveTo(qBound(screen.left(), place.left(), screen.right() - place.width() + 1),
                  qBound(screen.top(), place.top(), screen.bottom() - place.height() + 1));
     window.setGeometry(place);
+}
+
+// Not larger than the free part of the screen, and not smaller than everything can still be reached in it.
+void FitMain(QWidget& main)
+{
+    constexpr QSize kLeast(480, 360);
+    constexpr QSize kFrame(16, 48);  // of the window manager
+    const QSize room = main.screen()->availableSize() - kFrame;
+    main.setMinimumSize(kLeast.boundedTo(room));
+    main.resize(main.size().boundedTo(room));
 }
 
 void SetTextOfControl(QWidget& control, const QString& text)
@@ -160,7 +171,9 @@ void ChildForm::closeEvent(QCloseEvent* event)
     Trap([this] { ClosedByHand(); });
 }
 
-ModalForm::ModalForm(QWidget* parent) : QDialog(parent)
+ModalForm::ModalForm(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowCloseButtonHint)
 {
 }
 
@@ -213,6 +226,7 @@ public:
         area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
         area_->viewport()->installEventFilter(this);
+        SetGround();
     }
 
     QMdiSubWindow* Take(QWidget* form, Place place)
@@ -251,6 +265,7 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
+        if (watched == &main_ && event->type() == QEvent::PaletteChange && area_ != nullptr) SetGround();
         if (watched == &main_)
             return event->type() == QEvent::KeyPress && HandOn(*static_cast<QKeyEvent*>(event));
         if (event->type() == QEvent::Resize) Fill();
@@ -276,13 +291,32 @@ private:
             return;
         }
         frame.resize(frame.sizeHint().boundedTo(inside.size()));
-        frame.move(qMax(0, (inside.width() - frame.width()) / 2), 0);
+        Centre(frame);
+    }
+
+    void Centre(QMdiSubWindow& frame) const
+    {
+        const QRect inside = area_->viewport()->rect();
+        frame.move(qMax(0, (inside.width() - frame.width()) / 2),
+                   qMax(0, (inside.height() - frame.height()) / 2));
+    }
+
+    // A quiet one, a little off the colour of the windows on it.
+    void SetGround() const
+    {
+        constexpr float kShare = 0.06F;
+        const QPalette colors = main_.palette();
+        area_->setBackground(
+            Mixed(colors.color(QPalette::WindowText), colors.color(QPalette::Window), kShare));
     }
 
     void Fill() const
     {
         for (auto* frame : area_->subWindowList())
-            if (frame->property(kFills).toBool()) frame->setGeometry(area_->viewport()->rect());
+            if (frame->property(kFills).toBool())
+                frame->setGeometry(area_->viewport()->rect());
+            else
+                Arrange(*frame);
     }
 
     // A key that nothing in the main window has the focus for belongs to the form in front. Tab only goes
@@ -390,6 +424,7 @@ void QtForms::Show(std::string_view form)
         return;
     }
     QWidget& widget = *entry.Widget;
+    if (entry.Stands == Place::Main && !widget.isVisible()) FitMain(widget);
     if (entry.Stands == Place::Modal && !widget.isVisible()) CentreOver(widget, MainWindow());
     widget.show();
     widget.raise();

@@ -13,6 +13,7 @@
 
 #include "desktop/desktop.h"
 #include "qt/fields.h"
+#include "qt/icon.h"
 #include "shell/commands.h"
 #include "shell/module.h"
 
@@ -82,12 +83,15 @@ QWidget* frmModuleSelection::MakeOptions()
 {
     constexpr int kRows = kModuleCount / 2;
     constexpr int kColumnGap = 32;
+    constexpr int kIconSize = 24;
     auto* frame = new QGroupBox("Module");
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(kColumnGap);
     for (int number = 1; number <= kModuleCount; ++number) {
         auto* option = new ModuleOption(ModuleOf(number).Option);
         option->setObjectName(QStringLiteral("optProblemType(%1)").arg(number));
+        option->setIcon(qt::ModuleIcon(number));
+        option->setIconSize(QSize(kIconSize, kIconSize));
         option->installEventFilter(this);
         options.push_back(option);
         connect(option, &QRadioButton::toggled, this, [this, number](bool on) {

@@ -104,8 +104,10 @@ frmSolution::frmSolution(QWidget* parent)
 
 QPlainTextEdit* frmSolution::MakePage()
 {
+    constexpr int kMargin = 16;
     auto* page = new QPlainTextEdit;
     page->setObjectName("gridSolution");
+    page->document()->setDocumentMargin(kMargin);
     page->setAccessibleName("Solution");
     page->setReadOnly(true);
     page->setLineWrapMode(QPlainTextEdit::NoWrap);

@@ -1,12 +1,15 @@
 #include "tableau/frmProblem.h"
 
+#include "qt/card.h"
 #include "qt/fields.h"
+#include "qt/icon.h"
 #include "shell/commands.h"
 #include "shell/module.h"
+#include "shell/session.h"
 
 frmProblem::frmProblem(QWidget* parent) : qt::ChildForm(parent)
 {
-    auto* page = new QVBoxLayout(this);
+    QVBoxLayout* page = qt::MakePage(this);
     AddIntroduction(page);
     AddProblem(page);
     page->addStretch();
@@ -20,25 +23,27 @@ frmProblem::frmProblem(QWidget* parent) : qt::ChildForm(parent)
 }
 
 // The shell fills it and takes it away with the first problem.
-void frmProblem::AddIntroduction(QLayout* page)
+void frmProblem::AddIntroduction(QVBoxLayout* page)
 {
-    qt::PassClickToMenu(qt::AddText(page, "txtLoadInfo", "What the module does"));
-    qt::AddLabel(page, "lblLoadInfo", "");
+    QBoxLayout* card = qt::AddCard(page, qt::ModuleIcon(Session.CurrentModule));
+    qt::PassClickToMenu(qt::AddText(card, "txtLoadInfo", "What the module does"));
+    qt::AddLabel(card, "lblLoadInfo", "");
 }
 
 void frmProblem::AddProblem(QLayout* page)
 {
     for (const char* name : {"lblTitle", "lblgridcaption"}) {
         QLabel* heading = qt::AddLabel(page, name, "");
-        heading->setAlignment(Qt::AlignHCenter);
+        if (heading->objectName() == "lblTitle") qt::ShowAsTitle(heading);
         heading->hide();
     }
     gridDisplayEdit = new qt::EntryGrid("gridDisplayEdit", "Problem data", Rules());
     gridDisplayEdit->hide();
     page->addWidget(gridDisplayEdit);
-    page->setAlignment(gridDisplayEdit, Qt::AlignHCenter);
+    page->setAlignment(gridDisplayEdit, Qt::AlignLeft);
     QLabel* advice = qt::AddLabel(page, "lblInfo", "");
     qt::PassClickToMenu(advice);
+    qt::ShowAsNote(advice);
     advice->hide();
 }
 

@@ -6,6 +6,7 @@
 #include "qt/forms.h"
 
 class QLayout;
+class QVBoxLayout;
 
 class frmProblem : public qt::ChildForm {
     Q_OBJECT
@@ -14,7 +15,7 @@ public:
     explicit frmProblem(QWidget* parent);
 
 private:
-    void AddIntroduction(QLayout* page);
+    void AddIntroduction(QVBoxLayout* page);
     void AddProblem(QLayout* page);
     [[nodiscard]] qt::EntryRules Rules() const;
     [[nodiscard]] bool IsClosed(int row, int column) const;
