@@ -91,7 +91,7 @@ qt::PaneSources SourcesOfModule()
 // The widest line with the frame and the scroll bar of its page, in pixels.
 int WidthOfReport(const QPlainTextEdit& page)
 {
-    constexpr int kAround = 32;  // frames, and the margins of the text
+    constexpr int kAround = 44;  // frames, and the margins of the text
     std::size_t most = 0;
     for (const std::string& line : SolutionLines())
         most = std::max(most, line.size());
