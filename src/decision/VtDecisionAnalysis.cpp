@@ -206,7 +206,7 @@ FeatureBox TakeFeatures(const Features& features, const BoxPointer& point)
     if (strategy) Problem.IndicatorCount = ToInt16(Val(features.Indicators));
     Problem.HasStateProbabilities = YesOrNo(features.StateProbabilities);
     Problem.ComputeStrategy = YesOrNo(strategy);
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return FeatureBox::None;
 }
 
@@ -308,12 +308,12 @@ void TakeCriterion(bool maximize, int criterion)
 {
     Problem.Maximize = YesOrNo(maximize);
     Problem.Criterion = criterion;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
 }
 
 void CancelDialog()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
 }
 
 }  // namespace Decision

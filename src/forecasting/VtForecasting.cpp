@@ -307,13 +307,13 @@ int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPo
     Problem.ForecastMethod = static_cast<std::int16_t>(method);
     Problem.MethodParameter = method == kTrendProjection ? "" : first;
     Problem.ForecastCount = method == kTrendProjection ? first : second;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return -1;
 }
 
 void CancelMethod()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
 }
 
 }  // namespace VtForecasting

@@ -83,7 +83,7 @@ void StoreIntegerChoice(const IntegerChoice& choice)
     } else {
         Problem.LpLines(line) = choice.Kind == IntegerKind::AllBinary ? kAllBinary : kAllGeneral;
     }
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
 }
 
 }  // namespace VtLP

@@ -336,13 +336,13 @@ bool TakeFeatures(std::string_view constraints, std::string_view variables, bool
     PointAtBox(point, 2);
     if (!minimize && !maximize) return Refuse("An optimization type must be selected.");
     MinimizeFlag = maximize ? 0 : 1;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return true;
 }
 
 void CancelFeatures()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
 }
 
 bool ChangesFeatures()

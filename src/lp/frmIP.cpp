@@ -50,7 +50,7 @@ void Select(QListWidget* list, const std::vector<bool>& selected)
 
 void Cancel()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
     desktop::TheForms().Unload("frmIP");
 }
 

@@ -34,6 +34,6 @@ void frminputnodes::Accept()
 
 void frminputnodes::Cancel()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
     desktop::TheForms().Hide("frminputnodes");
 }

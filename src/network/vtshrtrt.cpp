@@ -203,7 +203,7 @@ int TakeNodes(const std::string& start, const std::string& end, const BoxPointer
     if (!TakeNode(end, {"Ending Node must be an integer.", &endNode})) return 1;
     Problem.StartNode = startNode;
     Problem.EndNode = endNode;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return -1;
 }
 

@@ -104,13 +104,13 @@ bool TakeParameters(std::string_view countText, int timeMode)
 {
     if (countText.empty()) return Refuse("You must enter the number of activities.");
     Problem.TimeMode = timeMode;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return true;
 }
 
 void CancelParameters()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
 }
 
 bool TakeExpectedTime(std::string_view text)

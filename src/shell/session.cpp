@@ -1,3 +1,8 @@
 #include "shell/session.h"
 
 SessionRecord Session;
+
+void LeaveDialog(bool cancelled)
+{
+    Session.DialogCancelled = cancelled;
+}

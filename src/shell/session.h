@@ -23,3 +23,6 @@ struct SessionRecord {
 };
 
 extern SessionRecord Session;
+
+// How a modal form of the program has been left; nothing else writes DialogCancelled.
+void LeaveDialog(bool cancelled);

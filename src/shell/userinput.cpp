@@ -59,7 +59,7 @@ int TakeSizes(const std::vector<std::string>& texts, const BoxPointer& point)
         taken.push_back(ToInt16(Int(value)));
     }
     answers = taken;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return -1;
 }
 
@@ -67,7 +67,7 @@ bool ConfirmCancel()
 {
     const Answer answer = MsgBox("Are you sure you wish to cancel the current problem?",
                                  "Cancel Current Problem", Icon::Question, Buttons::YesNo);
-    if (answer == Answer::Yes) Session.DialogCancelled = true;
+    if (answer == Answer::Yes) LeaveDialog(true);
     return answer == Answer::Yes;
 }
 
@@ -80,13 +80,13 @@ bool TakeListItem(int item)
 {
     if (item == 0) return Refuse(list.EmptyMessage);
     chosenItem = item;
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return true;
 }
 
 void CancelList()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
     desktop::TheScreen().SetIndicator(list.ModuleIndicator);
 }
 

@@ -26,7 +26,7 @@ bool TakeCriterion(Criterion chosen)
 {
     if (chosen == Criterion::None) return Refuse("You must select an optimization criteria.");
     MaximizeFlag = chosen == Criterion::Maximize ? "YES" : "NO";
-    Session.DialogCancelled = false;
+    LeaveDialog(false);
     return true;
 }
 

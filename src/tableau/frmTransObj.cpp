@@ -39,6 +39,6 @@ void frmTransObj::Accept()
 
 void frmTransObj::Cancel()
 {
-    Session.DialogCancelled = true;
+    LeaveDialog(true);
     desktop::TheForms().Hide("frmTransObj");
 }
