@@ -151,3 +151,17 @@ INSTANTIATE_TEST_SUITE_P(LightAndDark, GridColorsTest, kPalettes,
                          [](const auto& palette) { return std::string(palette.param); });
 INSTANTIATE_TEST_SUITE_P(LightAndDark, ColorsTest, kPalettes,
                          [](const auto& palette) { return std::string(palette.param); });
+
+TEST(Colors, AMixtureLiesBetweenItsParts)
+{
+    EXPECT_EQ(qt::Mixed(Qt::black, Qt::white, 1).rgb(), QColor(Qt::black).rgb());
+    EXPECT_EQ(qt::Mixed(Qt::black, Qt::white, 0).rgb(), QColor(Qt::white).rgb());
+    EXPECT_EQ(qt::Mixed(QColor(200, 100, 0), QColor(0, 100, 100), 0.5F).rgb(), QColor(100, 100, 50).rgb());
+}
+
+TEST(Colors, AWarningIsSeenOnEveryGround)
+{
+    for (const QColor& ground :
+         {QColor(Qt::white), QColor(Qt::black), QColor(0x31, 0x36, 0x3b), QColor(0xef, 0xf0, 0xf1)})
+        EXPECT_GE(qt::Contrast(qt::AlertOn(ground), ground), qt::kVisible) << ground.name().toStdString();
+}

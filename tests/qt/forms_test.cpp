@@ -8,6 +8,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -301,4 +302,36 @@ TEST_F(FormsTest, TheFormsGoWithTheTable)
     EXPECT_EQ(alive, 2);
     forms.reset();
     EXPECT_EQ(alive, 0);
+}
+
+// ---- on a small screen ----
+
+namespace {
+
+class LargeWindow : public Window {
+public:
+    explicit LargeWindow(QWidget* parent) : Window(parent) { resize(5000, 4000); }
+};
+
+}  // namespace
+
+TEST(FormsOnASmallScreen, TheMainWindowIsNotLargerThanItsScreen)
+{
+    QtDesktop desktop;
+    desktop.forms.Add<LargeWindow>("frmMenu", qt::Place::Main);
+    desktop.forms.Show("frmMenu");
+    const QWidget* main = desktop.forms.MainWindow();
+    const QSize room = main->screen()->availableSize();
+    EXPECT_LE(main->width(), room.width());
+    EXPECT_LE(main->height(), room.height());
+    EXPECT_LE(main->minimumWidth(), 640);
+    EXPECT_LE(main->minimumHeight(), 480);
+}
+
+TEST(FormsOnASmallScreen, ADialogHasAClosingButtonOnly)
+{
+    const qt::ModalForm dialog(nullptr);
+    EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_FALSE(dialog.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
 }
