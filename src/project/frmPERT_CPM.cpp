@@ -181,15 +181,15 @@ void frmPERT_CPM::AddPredecessors(QBoxLayout* row)
     column->addStretch();
 }
 
-// As high as their items; many of them scroll.
+// As high as their items, where there is room for them.
 void frmPERT_CPM::FitLists()
 {
-    constexpr int kLeastRows = 3;
-    constexpr int kMostRows = 8;
+    constexpr int kLeastRows = 4;
     for (QListWidget* list : {lstActivityName, lstPredecessor}) {
         const int row = lstActivityName->sizeHintForRow(0);
         const int frame = 2 * (list->frameWidth() + 1);
-        list->setFixedHeight(qBound(kLeastRows, int{Problem.NumActivities}, kMostRows) * row + frame);
+        list->setMinimumHeight(kLeastRows * row + frame);
+        list->setMaximumHeight(qMax(kLeastRows, int{Problem.NumActivities}) * row + frame);
     }
 }
 
