@@ -251,7 +251,9 @@ TEST_F(InventoryModule, CancelAsksAndThenListsTheModelsAgain)
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmuserlistinput", "frmEOQ", "frmuserlistinput"));
     EXPECT_EQ(Problem.ModelKind, 0);
     EXPECT_EQ(desktop.screen.indicator, "Inventory Module");
-    EXPECT_EQ(Session.ProblemOnDisplay, "YES");  // a cancelled list changes nothing
+    EXPECT_EQ(Session.ProblemOnDisplay, "NO");
+    for (const char* item : {"mnuFileSave", "mnudispedit", "mnuSolution"})
+        EXPECT_FALSE(Menus.Item(item).Enabled) << item;
 }
 
 TEST_F(InventoryModule, CancelCanLeadToAnotherModel)
@@ -513,7 +515,7 @@ TEST_F(InventoryModule, AModelThatDoesNotExistOpensNoForm)
 {
     for (const int kind : {0, 7, -1, 32000}) {
         GivenModel(kind);
-        ReadBack(Written());
+        EXPECT_THROW(ReadBack(Written()), RuntimeError);
         VtInvent::Display();
         Commands::Solve();
     }
