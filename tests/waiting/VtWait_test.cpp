@@ -235,7 +235,7 @@ TEST_F(WaitingModule, AModelThatDoesNotExistOpensNoForm)
 {
     for (const int model : {0, 6, -1, 32000}) {
         GivenChannels(model, 1, 1, 2);
-        ReadBack(Written());
+        EXPECT_THROW(ReadBack(Written()), RuntimeError);
         VtWait::Display();
         Commands::Solve();
     }
