@@ -183,7 +183,7 @@ void ChangeOptimizationType()
 {
     if (!AskCriterion({}, MinimizeFlag == 1 ? Criterion::Minimize : Criterion::Maximize)) return;
     const bool maximize = MaximizeFlag == "YES";
-    MinimizeFlag = maximize ? 0 : 1;
+    SetMinimizeFlag(!maximize);
     desktop::TheForms()
         .Loaded("frmLPproblem")
         .SetText("lblopttype", maximize ? "Optimization Type:  Maximize" : "Optimization Type:  Minimize");

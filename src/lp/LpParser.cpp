@@ -8,7 +8,6 @@
 #include "desktop/dialogs.h"
 #include "lp/VtLP.h"
 #include "shell/commands.h"
-#include "tableau/Criterion.h"
 
 namespace VtLP {
 namespace {
@@ -108,7 +107,7 @@ private:
     {
         const std::string word = name_.substr(0, 3);
         if (word != "MIN" && word != "MAX") return;
-        MinimizeFlag = word == "MIN" ? 1 : 0;
+        SetMinimizeFlag(word == "MIN");
         name_.clear();
         state_ = State::Number;
     }

@@ -17,6 +17,7 @@
 namespace VtLP {
 
 LpProblem Problem;
+std::int16_t MinimizeFlag = 0;
 
 namespace {
 
@@ -265,12 +266,18 @@ bool TakeCount(std::string_view text, int most, std::string_view tooMany, std::i
 
 }  // namespace
 
+void SetMinimizeFlag(bool minimize)
+{
+    MinimizeFlag = minimize ? 1 : 0;
+    ProposeCriterion(minimize ? Criterion::Minimize : Criterion::Maximize);
+}
+
 void AllocateLpModel()
 {
     Problem = {};
     Problem.LpLines = Array1<std::string>(kLastLine);
     MakeTables();
-    MinimizeFlag = 0;
+    SetMinimizeFlag(false);
 }
 
 void NewLpProblem()
@@ -335,7 +342,7 @@ bool TakeFeatures(std::string_view constraints, std::string_view variables, bool
         return false;
     PointAtBox(point, 2);
     if (!minimize && !maximize) return Refuse("An optimization type must be selected.");
-    MinimizeFlag = maximize ? 0 : 1;
+    SetMinimizeFlag(!maximize);
     LeaveDialog(false);
     return true;
 }

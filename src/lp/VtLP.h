@@ -43,8 +43,12 @@ struct LpProblem {
     std::int16_t ConstraintCursor = -1;
 };
 
-// The objective's type stands beside it: MinimizeFlag of tableau/Criterion.h.
 extern LpProblem Problem;
+
+// The objective's type, 1 minimise, 0 maximise. It outlives the problem: a text without a type keeps the
+// last.
+extern std::int16_t MinimizeFlag;
+void SetMinimizeFlag(bool minimize);  // and proposes it to the criterion form of other modules
 
 // A fresh, empty problem.
 void AllocateLpModel();

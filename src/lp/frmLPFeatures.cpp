@@ -3,7 +3,6 @@
 #include "desktop/desktop.h"
 #include "lp/VtLP.h"
 #include "qt/fields.h"
-#include "tableau/Criterion.h"
 
 namespace {
 
@@ -40,7 +39,7 @@ void frmLPFeatures::ShowProblem()
 {
     qt::SetTextOf(txtConstraints, std::to_string(VtLP::Problem.NumConstraints));
     qt::SetTextOf(txtVariables, std::to_string(VtLP::Problem.NumVariables));
-    (MinimizeFlag == 1 ? optMinimize : optMaximize)->setChecked(true);
+    (VtLP::MinimizeFlag == 1 ? optMinimize : optMaximize)->setChecked(true);
 }
 
 void frmLPFeatures::Accept()

@@ -5,6 +5,7 @@
 #include "basic/error.h"
 #include "desktop/desktop.h"
 #include "lp/LP_Engine.h"
+#include "lp/LpCheck.h"
 #include "lp/LpMeaning.h"
 #include "lp/LpPicture.h"
 #include "lp/LpReport.h"
@@ -14,7 +15,6 @@
 #include "shell/checks.h"
 #include "shell/commands.h"
 #include "shell/session.h"
-#include "tableau/Criterion.h"
 
 namespace {
 
@@ -66,7 +66,7 @@ SolveOutcome Told(LP_Engine::Outcome end)
 
 SolveOutcome Solve()
 {
-    LP_Engine::Result = LP_Engine::Solve(VtLP::Problem, MinimizeFlag == 1, Session.IntegerProblem == 1);
+    LP_Engine::Result = LP_Engine::Solve(VtLP::Problem, VtLP::MinimizeFlag == 1, Session.IntegerProblem == 1);
     return Told(LP_Engine::Result.End);
 }
 
@@ -106,7 +106,7 @@ ModuleRoutines CommonRoutines()
             .Display = VtLP::ModelToGrid,
             .Numbers = VtLP::Numbers,
             .TakeNumbers = VtLP::TakeNumbers,
-            .Check = CheckLinearProgram,
+            .Check = VtLP::Check,
             .Prepare = Prepare,
             .Solve = Solve,
             .Page = [](ReportChannel& page) { ShowLpReport(page, LP_Engine::Result); },

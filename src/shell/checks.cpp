@@ -8,34 +8,8 @@
 
 namespace {
 
-constexpr std::string_view kLinearProgramForm = "frmLPproblem";
 constexpr std::string_view kTableauForm = "frmProblem";
 constexpr std::string_view kTableauGrid = "gridDisplayEdit";
-
-// Whether the cell holds a text; an empty one is reported and selected.
-bool HasText(int gridIndex, int row, int column, std::string_view message)
-{
-    Grid& grid = GridOn(kLinearProgramForm, ArrayGrid(gridIndex));
-    if (!grid.Text(row, column).empty()) return true;
-    grid.Select(row, column);
-    return Refuse(message);
-}
-
-// The grid of the first cell that is missing; -1: none is.
-int GridOfMissingCell()
-{
-    const int names = GridOn(kLinearProgramForm, ArrayGrid(0)).Columns();
-    for (int column = 1; column < names; ++column)
-        if (!HasText(0, 0, column, "Variable Name Not Entered.")) return 0;
-
-    const Grid& constraints = GridOn(kLinearProgramForm, ArrayGrid(1));
-    const int rightHandSide = constraints.Columns() - 1;
-    for (int row = 1; row < constraints.Rows(); ++row) {
-        if (!HasText(1, row, rightHandSide - 1, "Relation Not Entered.")) return 1;
-        if (!HasText(1, row, rightHandSide, "RHS Value Not Entered.")) return 1;
-    }
-    return -1;
-}
 
 // Walks the tableau; false: a cell or (where there is a probability) a row was not accepted.
 bool WalkTableau(const std::function<double(int row, int column)>& probability, bool& focusGrid)
@@ -119,17 +93,6 @@ bool FinishTyping()
 {
     const std::string& form = CurrentModule().ProblemForm;
     return !desktop::TheForms().IsLoaded(form) || desktop::TheForms().Loaded(form).FinishEdit();
-}
-
-bool CheckLinearProgram()
-{
-    int missing = -1;
-    {
-        const CheckingIndicator indicator;
-        missing = GridOfMissingCell();
-    }
-    if (missing >= 0) GridOn(kLinearProgramForm, ArrayGrid(missing)).SetFocus();
-    return missing < 0;
 }
 
 bool CheckTableau()

@@ -12,9 +12,6 @@
 // with it. False: it was refused, and told; the cell has the focus.
 bool FinishTyping();
 
-// Grid(0) and Grid(1) of `frmLPproblem`: names, relations and right-hand sides are there.
-bool CheckLinearProgram();
-
 // Every cell of `gridDisplayEdit` through the module's CommitCell.
 bool CheckTableau();
 

@@ -4,17 +4,22 @@
 #include "shell/session.h"
 
 std::string MaximizeFlag = "NO";
-std::int16_t MinimizeFlag = 0;
 
 namespace {
 
+Criterion proposal = Criterion::Maximize;
 Criterion inForce = Criterion::None;
 
 }  // namespace
 
+void ProposeCriterion(Criterion proposed)
+{
+    proposal = proposed;
+}
+
 void BeginCriterion()
 {
-    MaximizeFlag = MinimizeFlag == 0 ? "YES" : "NO";
+    MaximizeFlag = proposal == Criterion::Maximize ? "YES" : "NO";
 }
 
 Criterion CriterionInForce()

@@ -2,7 +2,6 @@
 // it.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,12 +9,11 @@
 // The answer: "YES" when the objective is to maximise, "NO" when to minimise.
 extern std::string MaximizeFlag;
 
-// The objective of the linear program, 1 minimise, 0 maximise. The form starts with it when it is loaded.
-extern std::int16_t MinimizeFlag;
-
 enum class Criterion { None, Minimize, Maximize };
 
-// The form has been loaded: MaximizeFlag follows the linear program.
+// What the form starts with when it is loaded: linear programs propose their type. Maximize at first.
+void ProposeCriterion(Criterion proposed);
+// The form has been loaded: MaximizeFlag follows the proposal.
 void BeginCriterion();
 // The choice that the form comes up with.
 Criterion CriterionInForce();

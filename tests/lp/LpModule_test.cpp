@@ -254,7 +254,7 @@ TEST_F(LpModule, TheEditMenuHasTheFiveCommands)
         Commands::EditItem(item);
     EXPECT_EQ(desktop.dialogs.prompts.size(), 4U);
     Commands::EditItem(7);
-    EXPECT_EQ(MinimizeFlag, 1);
+    EXPECT_EQ(VtLP::MinimizeFlag, 1);
     EXPECT_FALSE(Session.EditDialogActive);
 }
 

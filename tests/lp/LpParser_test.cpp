@@ -3,7 +3,6 @@
 #include "basic/error.h"
 #include "lp/VtLP.h"
 #include "support/fake_desktop.h"
-#include "tableau/Criterion.h"
 
 namespace {
 
@@ -48,7 +47,7 @@ protected:
 TEST_F(LpParser, ReadsAProblem)
 {
     Parse({"MAX 3X1+2X2", "1X1+1X2<10", "2X1-1.5X2>4", "1X2=3.25"});
-    EXPECT_EQ(MinimizeFlag, 0);
+    EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_THAT(Names(), ElementsAre("X1", "X2"));
     EXPECT_THAT(Row(0), ElementsAre(0, 3, 2));
     EXPECT_THAT(Row(1), ElementsAre(10, 1, 1));
@@ -63,7 +62,7 @@ TEST_F(LpParser, ReadsAProblem)
 TEST_F(LpParser, ABareNameCountsOneAndABareMinusMinusOne)
 {
     Parse({"MIN X+Y", "2X1+X2>=8", "-X1+X2-3X<=0"});
-    EXPECT_EQ(MinimizeFlag, 1);
+    EXPECT_EQ(VtLP::MinimizeFlag, 1);
     EXPECT_THAT(Names(), ElementsAre("X", "Y", "X1", "X2"));
     EXPECT_THAT(Row(1), ElementsAre(8, 0, 0, 2, 1));
     EXPECT_EQ(Problem.LpRelations(1), VtLP::kGreater);
@@ -144,7 +143,7 @@ TEST_F(LpParser, TheWordsOfTheTypeAreTakenOutOfAnyName)
 {
     Parse({"MAX 3MAXI", "1MINT<3"});
     EXPECT_THAT(Names(), ElementsAre("I", "T"));
-    EXPECT_EQ(MinimizeFlag, 1);
+    EXPECT_EQ(VtLP::MinimizeFlag, 1);
     EXPECT_THAT(Row(0), ElementsAre(0, 1, 0));  // the 3 went with the word
 }
 
@@ -152,7 +151,7 @@ TEST_F(LpParser, SmallLettersAreNoTypeWord)
 {
     Parse({"min1A", "A<3"});
     EXPECT_THAT(Names(), ElementsAre("min1A", "A"));
-    EXPECT_EQ(MinimizeFlag, 0);
+    EXPECT_EQ(VtLP::MinimizeFlag, 0);
 }
 
 TEST_F(LpParser, APriorProblemLeavesNothing)
@@ -160,7 +159,7 @@ TEST_F(LpParser, APriorProblemLeavesNothing)
     Parse({"MIN 1A+2B+3C", "1A+1B<3"});
     Parse({"MAX 1A", "1A<3"});
     EXPECT_EQ(Problem.NumVariables, 1);
-    EXPECT_EQ(MinimizeFlag, 0);
+    EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_EQ(Problem.LpCoefficients(0, 2), 0);
 }
 

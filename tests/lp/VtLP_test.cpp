@@ -64,10 +64,10 @@ TEST_F(LpModel, TakesTheSizesAndTheType)
     EXPECT_TRUE(VtLP::TakeFeatures("2", "3", true, false));
     EXPECT_EQ(Problem.NumConstraints, 2);
     EXPECT_EQ(Problem.NumVariables, 3);
-    EXPECT_EQ(MinimizeFlag, 1);
+    EXPECT_EQ(VtLP::MinimizeFlag, 1);
     EXPECT_FALSE(Session.DialogCancelled);
     EXPECT_TRUE(VtLP::TakeFeatures("50", "100", false, true));
-    EXPECT_EQ(MinimizeFlag, 0);
+    EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }
 
@@ -142,7 +142,7 @@ TEST_F(LpModel, AStoredProblemShowsItsValues)
 {
     Problem.NumConstraints = 3;
     Problem.NumVariables = 2;
-    MinimizeFlag = 1;
+    VtLP::MinimizeFlag = 1;
     Problem.LpVariableNames(1) = "AB";
     Problem.LpVariableNames(2) = "C";
     Problem.LpCoefficients(0, 1) = 0;
@@ -164,7 +164,7 @@ TEST_F(LpModel, AStoredProblemShowsItsValues)
 
 TEST_F(LpModel, TheTypeIsShownShort)
 {
-    MinimizeFlag = 0;
+    VtLP::MinimizeFlag = 0;
     Start(1, 1);
     EXPECT_EQ(Type(), "Optimization Type:  Max");
 }
@@ -224,7 +224,7 @@ TEST_F(LpModel, SmallAndLargeCoefficientsStandInTheObjectiveWithoutAnExponent)
 
 TEST_F(LpModel, AnObjectiveWithoutCoefficientsIsItsWord)
 {
-    MinimizeFlag = 1;
+    VtLP::MinimizeFlag = 1;
     Start(1, 1);
     VtLP::GridToModel();
     EXPECT_EQ(Problem.LpLines(2), "MIN 0X1");
@@ -555,11 +555,11 @@ TEST_F(LpEdit, TheTypeIsChangedByTheCriterionForm)
 {
     desktop.forms.onModal["frmTransObj"] = [] { TakeCriterion(Criterion::Minimize); };
     VtLP::ChangeOptimizationType();
-    EXPECT_EQ(MinimizeFlag, 1);
+    EXPECT_EQ(VtLP::MinimizeFlag, 1);
     EXPECT_EQ(Type(), "Optimization Type:  Minimize");
     desktop.forms.onModal["frmTransObj"] = [] { TakeCriterion(Criterion::Maximize); };
     VtLP::ChangeOptimizationType();
-    EXPECT_EQ(MinimizeFlag, 0);
+    EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_EQ(Type(), "Optimization Type:  Maximize");
     VtLP::GridToModel();
     EXPECT_EQ(Problem.LpObjectiveLine, "MAX 3X1+2X2");
@@ -572,7 +572,7 @@ TEST_F(LpEdit, ACancelledCriterionChangesNothing)
         Session.DialogCancelled = true;
     };
     VtLP::ChangeOptimizationType();
-    EXPECT_EQ(MinimizeFlag, 0);
+    EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_EQ(Type(), "Optimization Type:  Max");
 }
 

@@ -6,7 +6,6 @@
 
 #include "lp/LP_Engine.h"
 #include "lp/VtLP.h"
-#include "tableau/Criterion.h"
 
 void SetProblem(const Lp& lp)
 {
@@ -14,7 +13,7 @@ void SetProblem(const Lp& lp)
     VtLP::LpProblem& problem = VtLP::Problem;
     problem.NumVariables = static_cast<std::int16_t>(lp.Objective.size());
     problem.NumConstraints = static_cast<std::int16_t>(lp.Rows.size());
-    MinimizeFlag = lp.Minimize ? 1 : 0;
+    VtLP::MinimizeFlag = lp.Minimize ? 1 : 0;
     for (int j = 1; j <= problem.NumVariables; ++j) {
         problem.LpVariableNames(j) = "X" + std::to_string(j);
         problem.LpCoefficients(0, j) = lp.Objective[static_cast<std::size_t>(j) - 1];
@@ -32,7 +31,7 @@ void SetProblem(const Lp& lp)
 
 void SolveModel(bool integer)
 {
-    LP_Engine::Result = LP_Engine::Solve(VtLP::Problem, MinimizeFlag == 1, integer);
+    LP_Engine::Result = LP_Engine::Solve(VtLP::Problem, VtLP::MinimizeFlag == 1, integer);
 }
 
 void Solve(const Lp& lp)
