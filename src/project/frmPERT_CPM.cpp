@@ -1,14 +1,20 @@
 #include "project/frmPERT_CPM.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QTimer>
+#include <optional>
+#include <set>
 
 #include "basic/entrytext.h"
+#include "basic/format.h"
+#include "desktop/dialogs.h"
 #include "project/VtPert_CPM.h"
 #include "qt/colors.h"
 #include "qt/fields.h"
@@ -44,6 +50,20 @@ const TimeFields& Fields()
         {"txtPessimistic", "Pessimistic", VtPert_CPM::TakePessimisticTime, &PertProblem::PessimisticTime},
     };
     return VtPert_CPM::HasThreeEstimates() ? estimated : known;
+}
+
+// "A, C" as the table shows it, or any letters with blanks or commas between them. Nothing where one of them
+// is no activity before the current one.
+std::optional<std::vector<int>> ReadPredecessors(const std::string& text)
+{
+    std::set<int> predecessors;
+    for (const char character : UpperCase(text)) {
+        if (character == ' ' || character == ',' || character == ';') continue;
+        const int activity = character - 'A' + 1;
+        if (activity < 1 || activity >= Problem.CurrentActivity) return std::nullopt;
+        predecessors.insert(activity);
+    }
+    return std::vector<int>(predecessors.begin(), predecessors.end());
 }
 
 // The order in which a menu checks the boxes: the pessimistic time before the most probable one.
@@ -127,6 +147,10 @@ frmPERT_CPM::frmPERT_CPM(QWidget* parent) : qt::ChildForm(parent)
     FillTable();
     FitLists();
     lstActivityName->setCurrentRow(0);
+    lstActivityName->installEventFilter(this);
+    lstPredecessor->installEventFilter(this);
+    for (QLineEdit* box : timeBoxes_)
+        box->installEventFilter(this);
     setFocusProxy(lstActivityName);
     VtPert_CPM::CheckTimeBoxes = [this] { CheckTimes(); };
 }
@@ -210,9 +234,13 @@ void frmPERT_CPM::AddTimes(QBoxLayout* row)
 // A click on the table goes to the field that changes what stands there.
 bool frmPERT_CPM::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::KeyPress)
+        return UsesClipboard(*static_cast<QWidget*>(watched), *static_cast<const QKeyEvent*>(event));
+    const bool onTable =
+        watched == gridDisplayEdit->viewport() || watched == gridDisplayEdit->verticalHeader()->viewport();
     const bool pressed =
         event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
-    if (!pressed) return ChildForm::eventFilter(watched, event);
+    if (!onTable || !pressed) return ChildForm::eventFilter(watched, event);
     const QPoint place = static_cast<const QMouseEvent*>(event)->position().toPoint();
     const bool onName = watched == gridDisplayEdit->verticalHeader()->viewport();
     const int row = gridDisplayEdit->rowAt(place.y());
@@ -328,4 +356,110 @@ void frmPERT_CPM::CheckTimes()
         qt::SelectBox(timeBoxes_[index]);
         CloseMenus();
     }
+}
+
+// ---- blocks of a spreadsheet ----
+
+// A list stands for the table, from its own column on. A box keeps its keys but for a text of several cells.
+bool frmPERT_CPM::UsesClipboard(QWidget& watched, const QKeyEvent& key)
+{
+    const bool onList = &watched == lstActivityName || &watched == lstPredecessor;
+    bool used = false;
+    qt::Trap([&] {
+        if (onList && key.matches(QKeySequence::Copy)) {
+            used = true;
+            CopyTable(&watched == lstActivityName ? 0 : kPredecessorColumn);
+        } else if (key.matches(QKeySequence::Paste)) {
+            used = onList;  // also where a run-time error ends it
+            used = Paste(watched, onList);
+        }
+    });
+    return used;
+}
+
+void frmPERT_CPM::CopyTable(int fromColumn) const
+{
+    const Grid& cells = gridDisplayEdit->Cells();
+    qt::BlockText block;
+    for (int row = kHeadingRows; row < cells.Rows(); ++row) {
+        block.emplaceBack();
+        for (int column = fromColumn; column < cells.Columns(); ++column)
+            block.back().append(qt::ToQt(cells.Text(row, column)).trimmed());
+    }
+    qt::PutOnClipboard(block);
+}
+
+// Times go into the first column of times, and what is wider begins as far left as it needs.
+int frmPERT_CPM::PasteColumn(const QWidget& watched, int columns) const
+{
+    if (&watched == lstPredecessor) return kPredecessorColumn;
+    for (std::size_t k = 0; k < timeBoxes_.size(); ++k)
+        if (&watched == timeBoxes_[k]) return ColumnOf(k);
+    return qBound(0, ColumnOf(timeBoxes_.size()) - columns, kFirstTimeColumn);
+}
+
+// False: there is nothing to paste here, or the box takes it as ever.
+bool frmPERT_CPM::Paste(QWidget& watched, bool listTakesText)
+{
+    const qt::BlockText block = qt::ReadBlock(QGuiApplication::clipboard()->text());
+    const bool single = block.size() <= 1 && qt::ColumnsOf(block) <= 1;
+    if (block.isEmpty() || (single && !listTakesText)) return false;
+    const int column = PasteColumn(watched, qt::ColumnsOf(block));
+    const int activity = Problem.CurrentActivity;
+    const std::string told = qt::TooLargeText(block, Problem.NumActivities - activity + 1,
+                                              gridDisplayEdit->Cells().Columns() - column);
+    if (!told.empty()) {
+        MsgBox(told, "Paste");
+    } else if (PasteBlock(block, column)) {
+        lstActivityName->setCurrentRow(activity - 1);
+        ShowActivity(activity);
+        watched.setFocus(Qt::OtherFocusReason);
+    }
+    return true;
+}
+
+// From the current activity on, each cell as if it were entered below the table. The first one that is
+// refused ends it, and its activity stays the current one.
+bool frmPERT_CPM::PasteBlock(const qt::BlockText& block, int column)
+{
+    const int first = Problem.CurrentActivity - 1;
+    for (int i = 0; i < block.size(); ++i) {
+        lstActivityName->setCurrentRow(first + i);
+        ShowActivity(first + i + 1);  // also where it was the current one: a box may hold half a time
+        for (int j = 0; j < block[i].size(); ++j)
+            if (!PasteCell(column + j, block[i][j].trimmed())) return false;
+    }
+    return true;
+}
+
+bool frmPERT_CPM::PasteCell(int column, const QString& text)
+{
+    if (column == kPredecessorColumn) return PastePredecessors(qt::FromQt(text));
+    if (column < kPredecessorColumn) {
+        if (text == lstActivityName->currentItem()->text()) return true;
+        lstActivityName->setFocus(Qt::OtherFocusReason);
+        return Refuse("\"" + qt::FromQt(text) + "\" is not the activity of this row.");
+    }
+    if (text.isEmpty()) return true;
+    const auto index = static_cast<std::size_t>(column - kFirstTimeColumn);
+    QLineEdit* box = timeBoxes_[index];
+    qt::SetTextOf(box, qt::FromQt(text));
+    if (qt::IsTaken(box, [this, index](std::string_view) { return TakeTime(index); })) return true;
+    qt::SelectBox(box);
+    return false;
+}
+
+bool frmPERT_CPM::PastePredecessors(const std::string& text)
+{
+    const auto predecessors = ReadPredecessors(text);
+    if (!predecessors) {
+        lstPredecessor->setFocus(Qt::OtherFocusReason);
+        return Refuse("\"" + text + "\" cannot be entered in this cell.");
+    }
+    const QSignalBlocker chosenTogether(lstPredecessor);
+    lstPredecessor->clearSelection();
+    for (const int predecessor : *predecessors)
+        lstPredecessor->item(predecessor - 1)->setSelected(true);
+    TakePredecessors();
+    return true;
 }

@@ -4,11 +4,13 @@
 
 #include <vector>
 
+#include "qt/blocktext.h"
 #include "qt/entrygrid.h"
 #include "qt/forms.h"
 
 class QBoxLayout;
 class QLabel;
+class QKeyEvent;
 class QLineEdit;
 class QListWidget;
 class QVBoxLayout;
@@ -38,6 +40,14 @@ private:
     void TakePredecessors();
     bool TakeTime(std::size_t index);
     void CheckTimes();
+
+    bool UsesClipboard(QWidget& watched, const QKeyEvent& key);
+    void CopyTable(int fromColumn) const;
+    [[nodiscard]] int PasteColumn(const QWidget& watched, int columns) const;
+    bool Paste(QWidget& watched, bool listTakesText);
+    bool PasteBlock(const qt::BlockText& block, int column);
+    bool PasteCell(int column, const QString& text);
+    bool PastePredecessors(const std::string& text);
 
     qt::EntryGrid* gridDisplayEdit = nullptr;
     QListWidget* lstActivityName = nullptr;

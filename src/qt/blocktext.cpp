@@ -1,5 +1,8 @@
 #include "qt/blocktext.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
 #include <algorithm>
 
 namespace qt {
@@ -135,6 +138,14 @@ QString WriteHtml(const BlockText& block)
         html += QLatin1String("</tr>");
     }
     return html + QLatin1String("</table>");
+}
+
+void PutOnClipboard(const BlockText& block)
+{
+    auto* copied = new QMimeData;  // the clipboard takes it over
+    copied->setText(WriteBlock(block));
+    copied->setHtml(WriteHtml(block));
+    QGuiApplication::clipboard()->setMimeData(copied);
 }
 
 int ColumnsOf(const BlockText& block)

@@ -17,6 +17,8 @@ using BlockText = QList<QStringList>;
 [[nodiscard]] QString WriteBlock(const BlockText& block);
 // As a table.
 [[nodiscard]] QString WriteHtml(const BlockText& block);
+// In both ways.
+void PutOnClipboard(const BlockText& block);
 
 // Of its longest row.
 [[nodiscard]] int ColumnsOf(const BlockText& block);

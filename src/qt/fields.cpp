@@ -1,5 +1,7 @@
 #include "qt/fields.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -38,6 +40,16 @@ protected:
         if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) return;
         selectAll();
         clickedInto_ = event->reason() == Qt::MouseFocusReason;
+    }
+
+    // A spreadsheet puts a line end behind a single cell; it is no part of what is entered.
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (!event->matches(QKeySequence::Paste)) return QLineEdit::keyPressEvent(event);
+        QString text = QGuiApplication::clipboard()->text();
+        while (text.endsWith(QLatin1Char('\n')) || text.endsWith(QLatin1Char('\r')))
+            text.chop(1);
+        if (!text.isEmpty()) insert(text);
     }
 
     // The click that brought the focus would put the cursor between two characters.

@@ -2,7 +2,6 @@
 // x counting columns and y rows.
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMimeData>
 
 #include "desktop/desktop.h"
 #include "qt/entrygrid.h"
@@ -60,10 +59,7 @@ void EntryGrid::Copy()
         for (int column = block.left(); column <= block.right(); ++column)
             texts.back().append(model_->Text(row, column));
     }
-    auto* copied = new QMimeData;  // the clipboard takes it over
-    copied->setText(WriteBlock(texts));
-    copied->setHtml(WriteHtml(texts));
-    QGuiApplication::clipboard()->setMimeData(copied);
+    PutOnClipboard(texts);
 }
 
 void EntryGrid::Cut()
