@@ -24,8 +24,8 @@ frmLPFeatures::frmLPFeatures(QWidget* parent) : qt::ModalForm(parent)
     txtConstraints = qt::AddBox(rows, "txtConstraints", "Number of Constraints:");
     qt::AddLabel(rows, "lblConstraintsNote", "(Not Including Nonnegativity)");
     txtVariables = qt::AddBox(rows, "txtVariables", "Number of Decision Variables:");
-    txtConstraints->setToolTip("Up to 50");
-    txtVariables->setToolTip("Up to 100");
+    txtConstraints->setToolTip("1 to " + QString::number(VtLP::kMostConstraints));
+    txtVariables->setToolTip("1 to " + QString::number(VtLP::kMostVariables));
     QLayout* frame = qt::AddFrame(page, "Frame1", "Optimization Type")->layout();
     optMinimize = qt::AddOption(frame, "optMinimize", "Minimize");
     optMaximize = qt::AddOption(frame, "optMaximize", "Maximize");

@@ -37,7 +37,7 @@ void frmUserInput::AddQuestions(QFormLayout* rows)
         QLineEdit* box = qt::AddBox(rows, ("txtAnswer" + index).c_str(), question.Question, {},
                                     ("lblQuestion" + index).c_str());
         qt::OnlyDigits(box);
-        box->setToolTip(QStringLiteral("%1 to %2").arg(question.Least).arg(question.Most));
+        box->setToolTip(QString::number(question.Least) + " to " + QString::number(question.Most));
         if (!question.Note.empty()) qt::AddLabel(rows, ("lblNote" + index).c_str(), question.Note);
         txtAnswer.push_back(box);
     }
