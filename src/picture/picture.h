@@ -99,7 +99,16 @@ struct Mark {
     std::string Text = {};
     std::string Tip = {};
     std::string Id = {};
-    double Shade = 0;  // of a cell, 0 to 1
+    double Shade = 0;      // of a cell, 0 to 1
+    bool Diamond = false;  // an event without duration
+};
+
+// Drawn only while one of the items it joins has the focus.
+struct FocusArrow {
+    Point From = {};
+    Point To = {};
+    std::string FromId = {};
+    std::string ToId = {};
 };
 
 struct Chart {
@@ -109,6 +118,7 @@ struct Chart {
     std::vector<Band> Bands = {};
     std::vector<Rule> Rules = {};
     std::vector<Mark> Marks = {};
+    std::vector<FocusArrow> FocusArrows = {};
     double BarsFrom = 0;
     bool OwnScales = false;  // every named row has its own scale, its end values written
     bool Cells = false;      // a table: both axes have names, each mark is a cell with its text and shade

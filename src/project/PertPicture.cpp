@@ -120,7 +120,8 @@ void AddActivity(const PertProblem& problem, const PertResult& result, int i, Ch
                                .At = {start, static_cast<double>(i)},
                                .Text = TimeOf(problem, start),
                                .Tip = tip,
-                               .Id = Name(problem, i)});
+                               .Id = Name(problem, i),
+                               .Diamond = true});
     } else {
         Series bar = Bar(i, start, finish, RoleOf(result, i), critical ? "critical" : "with slack");
         bar.Tips = {tip};
@@ -133,10 +134,18 @@ void AddActivity(const PertProblem& problem, const PertResult& result, int i, Ch
         last.Intervals[0].ToText = TimeOf(problem, start) + " to " + TimeOf(problem, finish);
 }
 
-void AddTightLinks(const PertProblem& problem, const PertResult& result, Chart& chart)
+// Always those of the tight links; the others while one of their activities has the focus.
+void AddArrows(const PertProblem& problem, const PertResult& result, Chart& chart)
 {
     for (const Link& link : LinksIn(problem)) {
-        if (!IsTight(result, link)) continue;
+        if (!IsTight(result, link)) {
+            chart.FocusArrows.push_back(
+                {.From = {result.EarliestFinish(link.From), static_cast<double>(link.From)},
+                 .To = {result.EarliestStart(link.To), static_cast<double>(link.To)},
+                 .FromId = Name(problem, link.From),
+                 .ToId = Name(problem, link.To)});
+            continue;
+        }
         Series arrow{.Kind = SeriesKind::Line,
                      .As = IsStrong(result, link) ? Role::Critical : Role::Spare,
                      .Name = {}};
@@ -175,7 +184,7 @@ Picture ScheduleOf(const PertProblem& problem, const PertResult& result)
     }
     std::erase_if(chart.Curves,
                   [](const Series& series) { return series.Intervals.empty() && series.Points.empty(); });
-    AddTightLinks(problem, result, chart);
+    AddArrows(problem, result, chart);
     chart.Rules.push_back(
         {.As = Role::Limit, .Value = result.ProjectTime, .Text = "end " + CompletionText(problem, result)});
     return {"Schedule", std::move(chart), Notes(problem, result)};

@@ -81,8 +81,14 @@ QPainterPath MarkPath(const QPointF& at, MarkForm form, double size)
 // One painting of a chart.
 class Sheet {
 public:
-    Sheet(const Chart& chart, QPainter& painter, const QRectF& room, const Look& look)
-        : chart_(chart), painter_(painter), room_(room), look_(look), metrics_(look.Plain), labels_(look)
+    Sheet(const Chart& chart, QPainter& painter, const QRectF& room, const Look& look, QString focus)
+        : chart_(chart),
+          painter_(painter),
+          room_(room),
+          look_(look),
+          focus_(std::move(focus)),
+          metrics_(look.Plain),
+          labels_(look)
     {
     }
 
@@ -103,6 +109,7 @@ public:
         DrawAxes();
         DrawRules();
         DrawMarks();
+        DrawFocusArrows();
         PlaceNames();
         labels_.Draw(painter_);
         return std::move(items_);
@@ -875,25 +882,77 @@ private:
                 QRectF(QPointF(at.x() - kTick - size.width(), top - kBar), size)};
     }
 
+    // The strong ones last: a corner that is best and on the way of the method is seen as the best.
     void DrawMarks()
     {
-        for (const Mark& mark : chart_.Marks) {
-            const QPointF at(chart_.OwnScales ? AlongRow(mark.At.X, mark.At.Y) : AtX(mark.At.X),
-                             AtY(mark.At.Y));
-            if (!plot_.adjusted(-2, -2, 2, 2).contains(at)) continue;
-            const QString text = ToQt(mark.Text);
-            const bool figure = EndsABar(mark);
-            if (!figure) {
-                DrawMark(at, mark.As);
-                labels_.Avoid(QRectF(at - QPointF(5, 5), QSizeF(10, 10)));
-            }
-            AddItem(MarkPath(at, MarkForm::Round, 2 * kMarkSize), mark.Tip.empty() ? mark.Text : mark.Tip,
-                    mark.Id);
-            labels_.Add({.Text = text,
-                         .As = mark.As,
-                         .Candidates =
-                             figure ? BehindBar(text, mark.As, at) : labels_.AroundPoint(text, mark.As, at)});
+        for (const bool strong : {false, true})
+            for (const Mark& mark : chart_.Marks)
+                if (look_.Of(mark.As).Bold == strong) DrawDot(mark);
+        for (const Mark& mark : chart_.Marks)
+            NameMark(mark);
+    }
+
+    // Neither items nor obstacles: nothing else moves while they come and go.
+    void DrawFocusArrows()
+    {
+        if (focus_.isEmpty()) return;
+        for (const picture::FocusArrow& arrow : chart_.FocusArrows) {
+            if (ToQt(arrow.FromId) != focus_ && ToQt(arrow.ToId) != focus_) continue;
+            constexpr double kWidth = 1.5;
+            const QPointF from = At(arrow.From);
+            const QPointF to = At(arrow.To);
+            QPen pen(look_.Text, kWidth);
+            pen.setDashPattern({4, 3});
+            painter_.setPen(pen);
+            painter_.drawLine(from, to);
+            painter_.fillPath(Arrowhead(from, to, kWidth), look_.Text);
         }
+    }
+
+    [[nodiscard]] QPointF PlaceOf(const Mark& mark) const
+    {
+        return {chart_.OwnScales ? AlongRow(mark.At.X, mark.At.Y) : AtX(mark.At.X), AtY(mark.At.Y)};
+    }
+
+    [[nodiscard]] bool IsShown(const Mark& mark) const
+    {
+        return plot_.adjusted(-2, -2, 2, 2).contains(PlaceOf(mark));
+    }
+
+    void DrawDot(const Mark& mark)
+    {
+        if (!IsShown(mark) || EndsABar(mark)) return;
+        const QPointF at = PlaceOf(mark);
+        if (mark.Diamond)
+            DrawDiamond(at, mark.As);
+        else
+            DrawMark(at, mark.As);
+        labels_.Avoid(QRectF(at - QPointF(5, 5), QSizeF(10, 10)));
+    }
+
+    void DrawDiamond(const QPointF& at, Role role)
+    {
+        constexpr double kHalf = 7;
+        const RoleLook look = look_.Of(role);
+        const QPolygonF diamond({at + QPointF(0, -kHalf), at + QPointF(kHalf, 0), at + QPointF(0, kHalf),
+                                 at + QPointF(-kHalf, 0)});
+        painter_.setPen(QPen(look.Stroke, 1.5));
+        painter_.setBrush(look.Bold ? look.Stroke : look.Fill);
+        painter_.drawPolygon(diamond);
+        painter_.setBrush(Qt::NoBrush);
+    }
+
+    void NameMark(const Mark& mark)
+    {
+        if (!IsShown(mark)) return;
+        const QPointF at = PlaceOf(mark);
+        const QString text = ToQt(mark.Text);
+        AddItem(MarkPath(at, MarkForm::Round, 2 * kMarkSize), mark.Tip.empty() ? mark.Text : mark.Tip,
+                mark.Id);
+        labels_.Add({.Text = text,
+                     .As = mark.As,
+                     .Candidates = EndsABar(mark) ? BehindBar(text, mark.As, at)
+                                                  : labels_.AroundPoint(text, mark.As, at)});
     }
 
     void PlaceNames()
@@ -939,6 +998,7 @@ private:
     QPainter& painter_;
     QRectF room_;
     const Look& look_;
+    QString focus_;
     QFontMetricsF metrics_;
     Labels labels_;
     picture::Range x_;
@@ -977,7 +1037,7 @@ QSizeF ChartView::Least(const Look& look)
 std::vector<Item> ChartView::Paint(QPainter& painter, const QRectF& room, const Look& look)
 {
     if (chart_.Cells) return PaintCells(chart_, painter, room, look);
-    Sheet sheet(chart_, painter, room, look);
+    Sheet sheet(chart_, painter, room, look, focus_);
     std::vector<Item> items = sheet.Paint();
     leftOut_ = sheet.LeftOut();
     return items;

@@ -12,10 +12,12 @@ public:
     [[nodiscard]] QSizeF Least(const Look& look) override;
     [[nodiscard]] double HeightIn(const QSizeF& room, const Look& look) override;
     std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) override;
+    void SetFocus(const QString& id) override { focus_ = id; }
     [[nodiscard]] int LeftOut() const override { return leftOut_; }
 
 private:
     picture::Chart chart_;
+    QString focus_;
     int leftOut_ = 0;
 };
 

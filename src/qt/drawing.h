@@ -32,6 +32,8 @@ public:
     [[nodiscard]] virtual double HeightIn(const QSizeF& room, const Look& look) = 0;
     // Draws into the room and tells what stands where.
     virtual std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) = 0;
+    // Of the item in focus; empty: none. What belongs to it alone is drawn with it.
+    virtual void SetFocus(const QString& /*id*/) {}
     // What the last Paint had no place for.
     [[nodiscard]] virtual int LeftOut() const { return 0; }
     // Where to begin when the picture is larger than its window.

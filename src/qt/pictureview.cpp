@@ -173,6 +173,8 @@ void PictureCanvas::paintEvent(QPaintEvent* /*event*/)
     if (page_ == nullptr) return;
     painter.save();
     const int leftOut = page_->LeftOut();
+    const bool shown = hasFocus() && focus_ && *focus_ < items_.size();
+    page_->SetFocus(shown ? items_[*focus_].Id : QString());
     items_ = page_->Paint(painter, rect(), look);
     painter.restore();
     if (page_->LeftOut() != leftOut && --repaints_ > 0) update();  // a note more, or one less

@@ -20,6 +20,7 @@ public:
     std::vector<Item> Paint(QPainter& painter, const QRectF& page, const Look& look);
     // Title and notes are broken at this width where the page is wider: they are read without scrolling.
     void SetTextWidth(double width) { textWidth_ = width; }
+    void SetFocus(const QString& id) { drawing_->SetFocus(id); }
     [[nodiscard]] QPointF Start() const;
     [[nodiscard]] int LeftOut() const { return leftOut_; }
     [[nodiscard]] const picture::Picture& Shown() const { return picture_; }

@@ -174,7 +174,7 @@ bool StandsBesideTheReport(const fs::path& file)
 {
     const std::string name = file.stem().string();
     return file.parent_path().filename() == "picture" || name.ends_with("Picture") ||
-           name.ends_with("Steps") || name.ends_with("Meaning");
+           name.ends_with("Plane") || name.ends_with("Steps") || name.ends_with("Meaning");
 }
 
 // What the screens of the program show: captions, questions, messages. The lines of reports stand apart.

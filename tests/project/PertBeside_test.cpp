@@ -225,6 +225,18 @@ TEST(PertPicture, TheScheduleShowsBarsSlackAndTightLinks)
     EXPECT_EQ(bars[2].Id, "C");
 }
 
+TEST(PertPicture, LooseLinksComeWithTheFocusOfTheirActivities)
+{
+    Solved(kFour);  // D starts at 5, C ends at 3
+    const auto pictures = Pictures();
+    const auto& arrows = ChartOf(pictures[0]).FocusArrows;
+    ASSERT_EQ(arrows.size(), 1U);
+    EXPECT_EQ(arrows[0].From.X, 3);
+    EXPECT_EQ(arrows[0].To.X, 5);
+    EXPECT_EQ(arrows[0].FromId, "C");
+    EXPECT_EQ(arrows[0].ToId, "D");
+}
+
 TEST(PertPicture, SharedSlackIsHatched)
 {
     // C and D follow each other beside B; both can slip, C only at D's expense.
@@ -252,6 +264,7 @@ TEST(PertPicture, AnActivityWithoutTimeIsAMark)
     EXPECT_EQ(marks[0].At.X, 2);
     EXPECT_EQ(marks[0].At.Y, 2);
     EXPECT_EQ(marks[0].As, picture::Role::Critical);
+    EXPECT_TRUE(marks[0].Diamond);
     EXPECT_EQ(DiagramOf(pictures[1]).Nodes[1].Rank, 1);
     Solved({{"", {0}}, {"A", {0}}, {"B", {0}}});
     ExpectSound(Pictures());

@@ -94,6 +94,48 @@ TEST(PictureView, KeysGoFromItemToItem)
     EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Id, "c");
 }
 
+TEST(PictureView, AnItemInFocusShowsTheArrowsThatAreItsOwn)
+{
+    picture::Picture picture = ThreeMarks();
+    auto& chart = std::get<picture::Chart>(picture.Body);
+    chart.FocusArrows = {{.From = {2, 2}, .To = {5, 8}, .FromId = "a", .ToId = "b"}};
+    picture::Picture bare = picture;
+    std::get<picture::Chart>(bare.Body).FocusArrows.clear();
+    const auto shot = [](const picture::Picture& shown, int tabs) {
+        qt::PictureView view(nullptr);
+        view.resize(400, 300);
+        view.SetPicture(&shown);
+        view.show();
+        view.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&view));
+        view.Canvas().setFocus();
+        for (int i = 0; i < tabs; ++i)
+            QTest::keyClick(&view.Canvas(), Qt::Key_Tab);
+        return view.Canvas().grab().toImage();
+    };
+    EXPECT_EQ(shot(picture, 0), shot(bare, 0));
+    EXPECT_NE(shot(picture, 1), shot(bare, 1));  // leaves the low one
+    EXPECT_NE(shot(picture, 2), shot(bare, 2));  // reaches the high one
+    EXPECT_EQ(shot(picture, 3), shot(bare, 3));  // the right one has none
+}
+
+TEST(PictureView, AMarkOfNoDurationIsADiamond)
+{
+    const auto round = ThreeMarks();
+    picture::Picture diamond = round;
+    std::get<picture::Chart>(diamond.Body).Marks[0].Diamond = true;
+    EXPECT_NE(qt::ImageOf(diamond), qt::ImageOf(round));
+}
+
+TEST(PictureView, TheBestMarkLiesAboveAnotherAtItsPlace)
+{
+    picture::Picture alone = ThreeMarks();
+    picture::Picture covered = alone;
+    std::get<picture::Chart>(covered.Body).Marks.push_back({.As = Role::Forecast, .At = {5, 8}, .Id = "way"});
+    const QImage image = qt::ImageOf(covered);
+    EXPECT_EQ(image, qt::ImageOf(alone));
+}
+
 TEST(PictureView, AScreenReaderHearsTitleDescriptionAndItems)
 {
     const picture::Picture picture = ThreeMarks();
