@@ -88,12 +88,13 @@ int ColumnOf(std::size_t timeField)
     return kFirstTimeColumn + static_cast<int>(timeField);
 }
 
-// A menu that was being opened goes when what stands in a box is refused.
-void CloseMenus()
+// A menu that was being opened goes when what stands in a box is refused: the keys are the box's again.
+void GoBackFromMenus(QLineEdit* box)
 {
-    QTimer::singleShot(0, qApp, [] {
+    QTimer::singleShot(0, box, [box] {
         while (QWidget* popup = QApplication::activePopupWidget())
-            if (!popup->close()) return;
+            if (!popup->close()) break;
+        qt::SelectBox(box);
     });
 }
 
@@ -354,7 +355,7 @@ void frmPERT_CPM::CheckTimes()
     for (const std::size_t index : MenuOrder()) {
         if (TakeTime(index)) continue;
         qt::SelectBox(timeBoxes_[index]);
-        CloseMenus();
+        GoBackFromMenus(timeBoxes_[index]);
     }
 }
 

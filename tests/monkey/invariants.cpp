@@ -1,19 +1,27 @@
 #include "invariants.h"
 
 #include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <map>
 
+#include "basic/entrytext.h"
 #include "basic/number.h"
 #include "decision/VtDecisionAnalysis.h"
 #include "desktop/desktop.h"
 #include "forecasting/VtForecasting.h"
+#include "inventory/VtInvent.h"
 #include "lp/VtLP.h"
 #include "markov/Markov.h"
 #include "network/vtshrtrt.h"
+#include "project/VtPert_CPM.h"
 #include "shell/session.h"
 #include "tableau/VtTanda.h"
+#include "waiting/VtWait.h"
 
 namespace {
 
@@ -158,6 +166,168 @@ std::string WrongTables()
     return WrongProgram(grids[inOrder ? 0 : 1]->Cells(), grids[inOrder ? 1 : 0]->Cells());
 }
 
+// ---- a project: its table, and the lists and boxes below it ----
+
+struct ProjectTime {
+    const char* Name;
+    Array1<Variant> VtPert_CPM::PertProblem::*Times;
+};
+
+std::vector<ProjectTime> ProjectTimes()
+{
+    using VtPert_CPM::PertProblem;
+    if (!VtPert_CPM::HasThreeEstimates()) return {{"txtExpectedTime", &PertProblem::ActivityTime}};
+    return {{"txtOptimistic", &PertProblem::OptimisticTime},
+            {"txtProbable", &PertProblem::ProbableTime},
+            {"txtPessimistic", &PertProblem::PessimisticTime}};
+}
+
+std::string WrongProjectTable(const Grid& cells)
+{
+    constexpr int kHeadingRows = 2;
+    constexpr int kFirstTime = 2;
+    const auto times = ProjectTimes();
+    if (cells.Rows() != VtPert_CPM::Problem.NumActivities + kHeadingRows)
+        return "there are other activities than counted";
+    for (int activity = 1; activity <= VtPert_CPM::Problem.NumActivities; ++activity) {
+        const int row = activity + kHeadingRows - 1;
+        if (cells.Text(row, 1) != VtPert_CPM::PredecessorText(activity))
+            return "the table shows other predecessors" + Place(cells, row, 1);
+        for (std::size_t k = 0; k < times.size(); ++k) {
+            const int column = kFirstTime + static_cast<int>(k);
+            const Variant& held = (VtPert_CPM::Problem.*times[k].Times)(activity);
+            const std::string shown = cells.Text(row, column);
+            const bool untouched = shown.empty() && held.Value() == 0;
+            if (!untouched && shown != EntryText(held))
+                return "the table shows another time" + Place(cells, row, column);
+        }
+    }
+    return {};
+}
+
+// The predecessor list marks those that the record holds for the current activity.
+std::string WrongPredecessors(const QListWidget& list)
+{
+    const int activity = VtPert_CPM::Problem.CurrentActivity;
+    if (list.count() != activity - 1) return "the list offers other predecessors";
+    const std::vector<int> held = VtPert_CPM::PredecessorsOf(activity);
+    const bool refusedMore = VtPert_CPM::Problem.PredCount(activity).Value() > VtPert_CPM::kMostPredecessors;
+    for (int row = 0; row < list.count() && !refusedMore; ++row) {
+        const bool isHeld = std::count(held.begin(), held.end(), row + 1) > 0;
+        if (list.item(row)->isSelected() != isHeld) return "a predecessor is not marked as it is held";
+    }
+    return {};
+}
+
+// ---- boxes ----
+
+// What is being edited is a box with the focus, also while another window has the keys; an empty one has been
+// passed over.
+bool IsSettled(const QLineEdit& box)
+{
+    return box.isVisible() && box.window()->focusWidget() != &box && !box.text().isEmpty();
+}
+
+// Counts are kept without their decimals.
+bool IsCount(const Variant& held)
+{
+    return &held == &VtWait::Problem.Channels || &held == &VtWait::Problem.Population;
+}
+
+std::string WrongBox(const QLineEdit& box, const Variant& held)
+{
+    const std::string text = box.text().toStdString();
+    const double shown = NumberIn(text);
+    if (!IsSettled(box) || text == EntryText(held)) return {};
+    if (Shows(IsCount(held) ? std::trunc(shown) : shown, held.Value())) return {};
+    return "a box is not what the record holds: " + box.objectName().toStdString() + " \"" + text + "\" of " +
+           EntryText(held);
+}
+
+std::string WrongProject(const QWidget& form)
+{
+    const auto* grid = form.findChild<qt::EntryGrid*>("gridDisplayEdit");
+    const auto* activities = form.findChild<QListWidget*>("lstActivityName");
+    const auto* predecessors = form.findChild<QListWidget*>("lstPredecessor");
+    if (grid == nullptr || activities == nullptr || predecessors == nullptr) return {};
+    if (std::string wrong = WrongProjectTable(const_cast<qt::EntryGrid*>(grid)->Cells()); !wrong.empty())
+        return wrong;
+    if (activities->count() == 0) return {};  // a file may bring none
+    if (activities->currentRow() + 1 != VtPert_CPM::Problem.CurrentActivity)
+        return "another activity is current than the marked one";
+    if (std::string wrong = WrongPredecessors(*predecessors); !wrong.empty()) return wrong;
+    for (const ProjectTime& time : ProjectTimes()) {
+        const auto* box = form.findChild<QLineEdit*>(time.Name);
+        const Variant& held = (VtPert_CPM::Problem.*time.Times)(VtPert_CPM::Problem.CurrentActivity);
+        if (std::string wrong = box == nullptr ? "" : WrongBox(*box, held); !wrong.empty()) return wrong;
+    }
+    return {};
+}
+
+// The boxes of an inventory form; null: it is no field of the record.
+const Variant* InventoryField(const QString& form, const QString& box)
+{
+    using VtInvent::Problem;
+    using Fields = std::vector<const Variant*>;
+    static const std::map<QString, Fields> kNumbered = {
+        {"txtEOQ", {&Problem.AnnualDemand, &Problem.OrderCost}},
+        {"txtProdLot", {&Problem.AnnualDemand, &Problem.ProductionRate, &Problem.OrderCost}},
+        {"txtPlannedShortages", {&Problem.AnnualDemand, &Problem.OrderCost, &Problem.BackorderCost}},
+        {"txtQtyDiscounts", {&Problem.AnnualDemand, &Problem.OrderCost, &Problem.CarryingPercent}},
+        {"txtQR_Prob", {&Problem.AnnualDemand, &Problem.OrderCost}},
+        {"txtOnePeriodProb", {&Problem.OrderCost, &Problem.UnderCost}}};
+    const QString name = box.section('(', 0, 0);
+    const int index = box.section('(', 1).chopped(box.contains('(') ? 1 : 0).toInt();
+    if (const auto found = kNumbered.find(name); found != kNumbered.end()) {
+        const bool known = static_cast<std::size_t>(index) < found->second.size();
+        return known ? found->second[static_cast<std::size_t>(index)] : &Problem.WorkingDays;
+    }
+    const bool percent = Problem.HoldingCostMethod.Value() == VtInvent::kPercentMethod;
+    const bool normal = Problem.DistributionKind.Value() == VtInvent::kNormal;
+    const bool probability = Problem.ServiceMethod.Value() == VtInvent::kStockoutProbability;
+    if (name == "txtFrame1") return percent ? &Problem.CarryingPercent : &Problem.HoldingCost;
+    if (name == "txtframe2") return &Problem.UnitCost;
+    if (name == "txtleadtime") return &Problem.LeadTimeDays;
+    if (name == "txtUnitCost") return &Problem.CategoryUnitCost(index + 1);
+    if (name == "txtMinQty") return &Problem.CategoryMinimum(index + 1);
+    if (name == "txtStockout") return probability ? &Problem.StockoutProbability : &Problem.AllowedStockouts;
+    if (name == "txtSmallValue") return normal ? &Problem.MeanDemand : &Problem.LowestDemand;
+    if (name == "txtLargeValue") return normal ? &Problem.DemandStdDev : &Problem.HighestDemand;
+    if (form == "frmQR_Prob" && name == "txtMean") return &Problem.MeanDemand;
+    if (form == "frmQR_Prob" && name == "txtStdDev") return &Problem.DemandStdDev;
+    return nullptr;
+}
+
+const Variant* WaitingField(const QString& box)
+{
+    using VtWait::Problem;
+    const QString name = box.section('(', 0, 0);
+    const std::size_t index = box.section('(', 1).startsWith('0') ? 0 : box.section('(', 1).left(1).toUInt();
+    if (name == "txtECONAnal") return index == 0 ? &Problem.CostPerUnitInSystem : &Problem.CostPerChannel;
+    if (name != "txt_WL" || index >= VtWait::Boxes().size()) return nullptr;
+    const VtWait::Box& known = VtWait::Boxes().at(index);
+    return known.Take == nullptr ? nullptr : &(Problem.*known.Field);
+}
+
+// The common number of working days, and nothing at all, stand in boxes of a new problem before they are
+// kept.
+bool IsOffered(const QString& text, const Variant& held)
+{
+    return held.IsEmpty() && (text == "250" || text == "0");
+}
+
+std::string WrongModelForm(const QWidget& form)
+{
+    for (const QLineEdit* box : form.findChildren<QLineEdit*>()) {
+        const Variant* held = Session.CurrentModule == 8
+                                  ? InventoryField(form.objectName(), box->objectName())
+                                  : WaitingField(box->objectName());
+        if (held == nullptr || IsOffered(box->text(), *held)) continue;
+        if (std::string wrong = WrongBox(*box, *held); !wrong.empty()) return wrong;
+    }
+    return {};
+}
+
 bool TakesKeys(const QWidget* widget)
 {
     return widget != nullptr && widget->isVisible() && widget->isEnabled();
@@ -174,6 +344,22 @@ bool SomethingTakesTheNextKey()
 std::string WhatDoesNotHold()
 {
     return Session.ProblemOnDisplay == "YES" ? WrongTables() : std::string();
+}
+
+std::string WhatBoxesDoNotHold()
+{
+    static const std::array<const char*, 8> kForms = {
+        "frmPERT_CPM",     "frmEOQ",     "frmProductionLotSize", "frmPlannedShortages",
+        "frmQtyDiscounts", "frmQR_Prob", "frmOnePeriodProb",     "frmWL_Model"};
+    for (const char* name : kForms)
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            const QWidget* form = window->objectName() == name ? window : window->findChild<QWidget*>(name);
+            if (form == nullptr || !form->isVisible()) continue;
+            const std::string wrong =
+                form->objectName() == "frmPERT_CPM" ? WrongProject(*form) : WrongModelForm(*form);
+            if (!wrong.empty()) return wrong;
+        }
+    return {};
 }
 
 TypedKey::TypedKey()

@@ -14,6 +14,10 @@
 // A cell shows what the record holds, or is being typed. The heading below is the name above it.
 [[nodiscard]] std::string WhatDoesNotHold();
 
+// The same of the boxes and lists of projects, inventories and waiting lines, also while their dialog runs: a
+// box that is not being edited shows what the record holds.
+[[nodiscard]] std::string WhatBoxesDoNotHold();
+
 // There is always a way on by keys, once a window that has just come up is the active one.
 [[nodiscard]] bool SomethingTakesTheNextKey();
 

@@ -38,6 +38,7 @@ namespace {
 
 constexpr unsigned kPatienceSeconds = 30;
 constexpr int kMostModules = 12;
+constexpr int kProject = 7;
 constexpr int kMostKeyless = 50;
 
 void Demand(bool holds, const char* what)
@@ -99,8 +100,10 @@ protected:
         Act();
         --running_;
         CheckSession();
+        if (!IsAsked() && Session.CurrentModule != kProject) Hold(WhatBoxesDoNotHold());
         if (running_ > 0) return;  // a command waits for an answer
         Hold(WhatDoesNotHold());
+        if (!IsAsked()) Hold(WhatBoxesDoNotHold());
     }
 
 private:
@@ -116,7 +119,9 @@ private:
     // A window that has come up or gone needs some turns until another one is active.
     bool WaitsForKeys()
     {
-        keyless_ = SomethingTakesTheNextKey() ? 0 : keyless_ + 1;
+        const QWidget* modal = play::ModalInFront();
+        const bool comesUp = modal != nullptr && !modal->isActiveWindow();
+        keyless_ = SomethingTakesTheNextKey() && !comesUp ? 0 : keyless_ + 1;
         if (keyless_ == 0) return false;
         Hold(keyless_ > kMostKeyless ? "nothing takes the next key" : "");
         if (QWidget* screen = play::ScreenInFront()) screen->window()->activateWindow();
@@ -129,6 +134,13 @@ private:
         if (fault.empty()) return;
         diary_.Show();
         Demand(false, fault.c_str());
+    }
+
+    // A message or a menu is up: what it speaks of may be half done.
+    static bool IsAsked()
+    {
+        return qobject_cast<QMessageBox*>(play::ModalInFront()) != nullptr ||
+               QApplication::activePopupWidget() != nullptr;
     }
 
     int Pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random_); }
@@ -170,11 +182,14 @@ private:
             PressSomeKey();
     }
 
+    // What waits for the answer goes on with it before anything else happens.
     void AnswerBox(const QMessageBox& box)
     {
         QAbstractButton* button = OneOf(box.buttons());
         diary_.Write("answer " + button->text().toStdString());
+        timer_.stop();
         play::Click(button, button->rect().center());
+        timer_.start(0, this);
     }
 
     void AnswerFile(const QFileDialog& dialog)
@@ -284,8 +299,9 @@ private:
                                                            ">", "=",  "12.345", "a b"};
         TypeAndWatch(OneOf(kTexts));
         if (Chance(70)) {
-            diary_.Write("key Tab or Enter");
-            play::Press({.Key = Chance(50) ? "Tab" : "Enter"});
+            const std::string key = Chance(50) ? "Tab" : "Enter";
+            diary_.Write("key " + key);
+            play::Press({.Key = key});
         }
     }
 
@@ -295,16 +311,28 @@ private:
             "Enter",  "Tab", "Backtab", "Left", "Right",     "Up",     "Down", "Home", "End",
             "Delete", "F1",  " ",       "a",    "Backspace", "Escape", "9",    "-",    "."};
         static const std::array<std::string, 6> kAccessKeys = {"f", "e", "s", "n", "o", "d"};
-        diary_.Write("some key");
-        if (Chance(15))
-            play::Press({.Alt = true, .Key = OneOf(kAccessKeys)});
-        else
-            play::Press({.Shift = Chance(10), .Key = OneOf(kKeys)});
+        const bool access = Chance(15);
+        const std::string& key = access ? OneOf(kAccessKeys) : OneOf(kKeys);
+        const bool shift = !access && Chance(10);
+        diary_.Write("key " + std::string(access ? "Alt+" : "") + (shift ? "Shift+" : "") + key);
+        play::Press({.Alt = access, .Shift = shift, .Key = key});
+    }
+
+    // As a click beside an open menu does; the box that had the keys has them again.
+    static void LeaveMenus()
+    {
+        constexpr int kDeepest = 4;
+        for (int i = 0; i < kDeepest; ++i) {
+            const bool inBar = qobject_cast<QMenuBar*>(QApplication::focusWidget()) != nullptr;
+            if (!inBar && QApplication::activePopupWidget() == nullptr) return;
+            play::Press({.Key = "Escape"});
+        }
     }
 
     // Any spot of any control, also of one that is disabled.
     void ClickSomewhere(const QWidget& screen)
     {
+        LeaveMenus();
         std::vector<QWidget*> controls;
         for (QWidget* control : screen.findChildren<QWidget*>())
             if (control->isVisible() && !control->size().isEmpty()) controls.push_back(control);
