@@ -18,6 +18,7 @@ using picture::Series;
 using picture::SeriesKind;
 
 constexpr double kHalf = 0.5;
+constexpr int kMostWrittenSeasons = 12;  // as many figures stand side by side above their bars
 
 // Grows the axis to hold the value.
 void Hold(Axis& axis, double value)
@@ -144,6 +145,7 @@ Picture SeasonsPicture(const ForecastResult& result)
         const double index = result.SeasonalIndex(s);
         bars.Points.push_back({.X = static_cast<double>(s), .Y = index});
         bars.Tips.push_back("Season " + std::to_string(s) + ": " + IndexText(index));
+        if (p <= kMostWrittenSeasons) bars.Texts.push_back(IndexText(index));
         chart.X.Names.push_back(std::to_string(s));
         Hold(y, index);
         if (index > result.SeasonalIndex(highest)) highest = s;

@@ -766,7 +766,9 @@ private:
         QPen pen = look_.Pen(drawn, width);
         painter_.setBrush(Qt::NoBrush);
         painter_.strokePath(path, pen);
-        if (series.Points.size() == 1) DrawMark(At(series.Points.front()), series.As);
+        if (series.Points.size() == 1 || HasOpenMarks(series))
+            for (const Point& point : series.Points)
+                if (plot_.adjusted(-1, -1, 1, 1).contains(At(point))) DrawMark(At(point), series.As);
         if (look.Crossed) Cross(path, look.Stroke);
         if (series.Forbidden != Side::None) {
             painter_.setPen(QPen(look.Stroke, 1));
@@ -780,6 +782,15 @@ private:
         labels_.AvoidLine(path);
         lines_.push_back({&series, path});
         AddLineItems(series, path);
+    }
+
+    // A forecast has open marks as long as they do not touch; an arrow's way has marks of its own.
+    [[nodiscard]] bool HasOpenMarks(const Series& series) const
+    {
+        if (series.Arrow || look_.Of(series.As).Mark != MarkForm::Open || series.Points.size() < 2)
+            return false;
+        const double apart = std::abs(AtX(series.Points[1].X) - AtX(series.Points[0].X));
+        return apart > 1.5 * kMarkSize;
     }
 
     void Cross(const QPainterPath& path, const QColor& color)
@@ -958,8 +969,16 @@ private:
     void PlaceNames()
     {
         for (const auto& [series, path] : lines_) {
-            if (series->Name.empty() || path.elementCount() == 0) continue;
+            if (series->Name.empty() || series->Points.empty()) continue;
             const QString text = ToQt(series->Name);
+            if (series->Points.size() == 1 && plot_.contains(At(series->Points.front()))) {
+                labels_.Add(
+                    {.Text = text,
+                     .As = series->As,
+                     .Candidates = labels_.AroundPoint(text, series->As, At(series->Points.front()))});
+                continue;
+            }
+            if (path.elementCount() == 0) continue;
             labels_.Add(
                 {.Text = text, .As = series->As, .Candidates = labels_.AlongLine(text, series->As, path)});
         }

@@ -136,6 +136,16 @@ TEST(PictureView, TheBestMarkLiesAboveAnotherAtItsPlace)
     EXPECT_EQ(image, qt::ImageOf(alone));
 }
 
+TEST(PictureView, ALineOfOnePointHasItsName)
+{
+    picture::Picture named = ThreeMarks();
+    std::get<picture::Chart>(named.Body).Curves = {
+        {.As = Role::Forecast, .Name = "forecast", .Points = {{4, 4}}, .Tips = {"4.00"}}};
+    picture::Picture nameless = named;
+    std::get<picture::Chart>(nameless.Body).Curves[0].Name.clear();
+    EXPECT_NE(qt::ImageOf(named), qt::ImageOf(nameless));
+}
+
 TEST(PictureView, AScreenReaderHearsTitleDescriptionAndItems)
 {
     const picture::Picture picture = ThreeMarks();
