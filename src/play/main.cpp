@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QProcess>
+#include <QTemporaryFile>
 #include <algorithm>
 #include <array>
 #include <fstream>
@@ -113,6 +114,16 @@ int PlayEach(const Arguments& arguments, int count, char** values)
     return status;
 }
 
+// The off-screen platform with a screen on which the main window stands in its full size. The platform reads
+// the file when the application is made.
+bool DescribeScreen(QTemporaryFile& file)
+{
+    constexpr const char* kScreens =
+        R"({"screens": [{"name": "screen", "x": 0, "y": 0, "width": 1920, "height": 1200,
+                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+    return file.open() && file.write(kScreens) > 0 && file.flush();
+}
+
 }  // namespace
 
 int main(int argc, char* argv[])
@@ -130,7 +141,10 @@ int main(int argc, char* argv[])
 
     // One dispatcher whose rest can be told, one platform on all machines.
     qputenv("QT_NO_GLIB", "1");
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QTemporaryFile screens;
+    const bool described = DescribeScreen(screens);
+    qputenv("QT_QPA_PLATFORM",
+            described ? "offscreen:configfile=" + screens.fileName().toLocal8Bit() : QByteArray("offscreen"));
     if (arguments->Scripts.size() == 1) return Play(arguments->Scripts.front(), arguments->Folder, argv[0]);
     return PlayEach(*arguments, argc, argv);
 }
