@@ -20,7 +20,7 @@ Desk::Desk(int module, int size)
     RecordReader file(ProblemText(module, size));
     routines.Read(file);
     Session.NewProblem = false;
-    routines.Display();
+    DisplayProblem();
 }
 
 void Desk::Solve()

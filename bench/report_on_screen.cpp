@@ -18,7 +18,7 @@ void SolveProblem()
     RecordReader file(bench::ProblemText(kModule, kStates));
     routines.Read(file);
     Session.NewProblem = false;
-    routines.Display();
+    DisplayProblem();
     QApplication::processEvents();
     Commands::Solve();
 }

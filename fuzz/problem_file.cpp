@@ -24,7 +24,7 @@ void ReadAndShow(const ModuleRoutines& routines, const std::string& text)
     RecordReader reader(text);
     routines.Read(reader);
     Session.NewProblem = false;
-    routines.Display();
+    DisplayProblem();
 }
 
 // Whether every quote stands at an end of its field: the format has no way to write one inside a text.

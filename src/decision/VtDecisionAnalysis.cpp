@@ -5,7 +5,6 @@
 #include "basic/numberrow.h"
 #include "decision/DecisionCriteria.h"
 #include "desktop/desktop.h"
-#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
@@ -210,30 +209,19 @@ FeatureBox TakeFeatures(const Features& features, const BoxPointer& point)
     return FeatureBox::None;
 }
 
-void NewProblem()
+bool Ask()
 {
     desktop::TheForms().ShowModal(kFeaturesForm);
-    if (Session.DialogCancelled) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
-    Session.ProblemOnDisplay = "NO";
-    Display();
+    return !Session.DialogCancelled;
 }
 
-void Display()
+void Fill()
 {
-    BeginDisplay();
     Form& form = desktop::TheForms().Loaded(kForm);
     for (const int pass : {kPayoffs, kStateProbabilities, kIndicatorProbabilities}) {
         if (Runs(pass)) FillGrid(form.GridOf(GridName(pass)), pass);
         form.SetVisible(GridName(pass), Runs(pass));
     }
-    EndDisplay();
-    if (!Session.NewProblem) return;
-    Grid& payoffs = form.GridOf(GridName(kPayoffs));
-    payoffs.Select(1, 1);
-    payoffs.SetFocus();
 }
 
 bool Runs(int pass)

@@ -96,8 +96,8 @@ FeatureBox TakeFeatures(const Features& features, const BoxPointer& point = {});
 
 // ---- entry: `frmDecisionProblem` and `frmdecnopt` ----
 
-void NewProblem();  // asks for the features and displays the empty problem
-void Display();
+bool Ask();   // asks for the features; false: cancelled, nothing has changed
+void Fill();  // puts the tables on `frmDecisionProblem`
 
 // The grids, as passes of the problem check.
 enum Pass { kPayoffs, kStateProbabilities, kIndicatorProbabilities };

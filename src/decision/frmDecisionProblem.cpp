@@ -6,6 +6,7 @@
 #include "qt/card.h"
 #include "qt/fields.h"
 #include "qt/icon.h"
+#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 
@@ -20,7 +21,7 @@ frmDecisionProblem::frmDecisionProblem(QWidget* parent) : qt::ChildForm(parent)
     page->addStretch();
     setFocusProxy(Grid[0]);
     auto* history = new qt::GridHistory(
-        {.Numbers = Decision::Numbers, .TakeNumbers = Decision::TakeNumbers, .Display = Decision::Display},
+        {.Numbers = Decision::Numbers, .TakeNumbers = Decision::TakeNumbers, .Display = DisplayProblem},
         this);
     for (qt::EntryGrid* grid : Grid)
         history->Watch(*grid);

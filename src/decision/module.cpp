@@ -82,8 +82,9 @@ void Read(RecordReader& file)
 const ModuleRoutines& DecisionAnalysis()
 {
     static const ModuleRoutines routines{
-        .Dimension = Decision::NewProblem,
-        .Display = Decision::Display,
+        .Ask = Decision::Ask,
+        .Fill = Decision::Fill,
+        .FirstGrid = "Grid(0)",
         .Numbers = Decision::Numbers,
         .TakeNumbers = Decision::TakeNumbers,
         .Check = Decision::Check,

@@ -8,7 +8,6 @@
 #include "basic/numberrow.h"
 #include "desktop/desktop.h"
 #include "shell/checks.h"
-#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -72,7 +71,7 @@ void MakeArrays()
     Result = {};
 }
 
-void NewTimeSeries()
+bool Ask()
 {
     const auto answers =
         AskSizes({.Caption = " Time Periods",
@@ -81,28 +80,19 @@ void NewTimeSeries()
                                  .Most = kMostPeriods,
                                  .RangeMessage = "YOU MAY ONLY SELECT A NUMBER BETWEEN 1 AND 100.  "
                                                  "PLEASE TRY AGAIN."}}});
-    if (answers.empty()) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (answers.empty()) return false;
     Problem.PeriodCount = answers[0];
     MakeArrays();
-    Session.ProblemOnDisplay = "NO";
-    Display();
+    return true;
 }
 
-void Display()
+void Fill()
 {
-    BeginDisplay();
     Form& form = desktop::TheForms().Loaded(kForm);
     form.SetText("lblInfo", "Enter Time Series Value for Each Period.");
     form.SetVisible("lblInfo", true);
     FillGrid(!Session.NewProblem);
     form.SetVisible(kGrid, true);
-    EndDisplay();
-    if (!Session.NewProblem) return;
-    SeriesGrid().Select(1, 1);
-    SeriesGrid().SetFocus();
 }
 
 int CommitCell(int row, int column, std::string_view text)

@@ -59,9 +59,9 @@ extern ForecastResult Result;
 
 // ---- model and entry ----
 
-void MakeArrays();     // an empty series; PeriodCount stays
-void NewTimeSeries();  // asks for the number of periods and displays the empty series
-void Display();        // puts the series on `frmProblem`
+void MakeArrays();  // an empty series; PeriodCount stays
+bool Ask();         // asks for the number of periods; false: cancelled, nothing has changed
+void Fill();        // puts the series on `frmProblem`
 int CommitCell(int row, int column, std::string_view text);
 
 // The count and the values in a row, and back (shell/module.h).

@@ -75,8 +75,9 @@ void Read(RecordReader& file)
 const ModuleRoutines& Forecasting()
 {
     static const ModuleRoutines routines{
-        .Dimension = VtForecasting::NewTimeSeries,
-        .Display = VtForecasting::Display,
+        .Ask = VtForecasting::Ask,
+        .Fill = VtForecasting::Fill,
+        .FirstGrid = "gridDisplayEdit",
         .CommitCell = VtForecasting::CommitCell,
         .Numbers = VtForecasting::Numbers,
         .TakeNumbers = VtForecasting::TakeNumbers,

@@ -2,6 +2,7 @@
 
 #include "desktop/desktop.h"
 #include "inventory/InventoryPolicy.h"
+#include "shell/commands.h"
 #include "shell/modelform.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -74,18 +75,6 @@ void GiveUpProblem()
     desktop::TheScreen().SetIndicator(kModuleIndicator);
 }
 
-void ShowForm()
-{
-    const Model* model = CurrentModel();
-    if (model == nullptr) return;
-    const InventoryProblem opened = Problem;
-    const FormExit exit = RunModelForm(model->Form);
-    if (exit == FormExit::Closed) Problem = opened;
-    if (exit != FormExit::Cancelled) return;
-    GiveUpProblem();
-    NewProblem();
-}
-
 }  // namespace
 
 void MakeArrays()
@@ -94,29 +83,27 @@ void MakeArrays()
     Result = {};
 }
 
-void NewProblem()
+bool Ask()
 {
     const int kind = AskModel();
     const int categories = kind == kDiscounts ? AskCategoryCount() : 0;
-    if (kind == 0 || (kind == kDiscounts && categories == 0)) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (kind == 0 || (kind == kDiscounts && categories == 0)) return false;
     MakeArrays();
     Problem.ModelKind = kind;
     if (categories > 0) Problem.CategoryCount = categories;
-    Session.ProblemOnDisplay = "NO";
-    Display();
+    return true;
 }
 
-void Display()
+void Fill()
 {
-    DisplayModelForm(ShowForm);
-}
-
-void ReturnToProblem()
-{
-    ReturnToModelForm(ShowForm);
+    const Model* model = CurrentModel();
+    if (model == nullptr) return;
+    const InventoryProblem opened = Problem;
+    const FormExit exit = RunModelForm(model->Form);
+    if (exit == FormExit::Closed) Problem = opened;
+    if (exit != FormExit::Cancelled) return;
+    GiveUpProblem();
+    BeginProblem();
 }
 
 bool HasModel()

@@ -138,9 +138,8 @@ extern InventoryResult Result;
 // ---- the problem and its form ----
 
 void MakeArrays();        // an empty problem and an empty result
-void NewProblem();        // asks for the model and displays its empty form
-void Display();           // shows the form of the problem; nothing for a kind without a form
-void ReturnToProblem();   // the same after a report
+bool Ask();               // asks for the model; false: cancelled, nothing has changed
+void Fill();              // runs the form of the problem; nothing for a kind without a form
 void ShowModelCaption();  // the model into the status text
 bool HasModel();          // false without a problem, or with one of a kind that does not exist
 

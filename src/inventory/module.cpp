@@ -7,6 +7,7 @@
 #include "inventory/InventoryReport.h"
 #include "inventory/InventorySteps.h"
 #include "inventory/VtInvent.h"
+#include "shell/modelform.h"
 
 namespace VtInvent {
 namespace {
@@ -126,12 +127,13 @@ SolveOutcome Answer()
 const ModuleRoutines& Inventory()
 {
     static const ModuleRoutines routines{
-        .Dimension = VtInvent::NewProblem,
-        .Display = VtInvent::Display,
+        .Ask = VtInvent::Ask,
+        .Fill = VtInvent::Fill,
+        .FillRunsForm = true,
         .Prepare = VtInvent::HasModel,
         .Solve = VtInvent::Answer,
         .Page = VtInvent::WritePage,
-        .ReturnToProblem = VtInvent::ReturnToProblem,
+        .ReturnToProblem = ReturnToModelForm,
         .ReloadResetsIndicator = true,
         .Reports = {VtInvent::WriteReport},
         .Pictures = [] { return VtInvent::Pictures(VtInvent::Problem, VtInvent::Result); },

@@ -8,6 +8,7 @@
 #include "basic/number.h"
 #include "desktop/desktop.h"
 #include "lp/VtLP.h"
+#include "shell/commands.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
 #include "tableau/tanumchk.h"
@@ -122,7 +123,7 @@ void AddConstraints()
     const std::int16_t total = Grown(Problem.NumConstraints, *added, RowCapacity);
     GridToModel();
     Problem.NumConstraints = total;
-    ModelToGrid();
+    DisplayProblem();
     if (*added == 0 || Problem.NumVariables == 0) return;
     GridOf("Grid(1)").Select(before + 1, 1);
     GridOf("Grid(1)").SetFocus();
@@ -141,7 +142,7 @@ void AddVariables()
     const std::int16_t total = Grown(Problem.NumVariables, *added, ColumnCapacity);
     GridToModel();
     Problem.NumVariables = total;
-    ModelToGrid();
+    DisplayProblem();
     if (*added > 0) GridOf("Grid(0)").Select(1, before + 1);
 }
 
@@ -158,7 +159,7 @@ void DeleteConstraint()
     if (Problem.NumConstraints == 0) Raise(ErrorNumber::SubscriptOutOfRange);
     GridToModel();
     RemoveConstraint(*constraint);
-    ModelToGrid();
+    DisplayProblem();
 }
 
 void DeleteVariable()
@@ -175,7 +176,7 @@ void DeleteVariable()
         return;
     }
     RemoveVariable(variable);
-    ModelToGrid();
+    DisplayProblem();
 }
 
 // The grids stay as they are: the next text of the objective begins with the new word.

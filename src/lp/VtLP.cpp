@@ -8,7 +8,6 @@
 #include "basic/number.h"
 #include "basic/numberrow.h"
 #include "desktop/desktop.h"
-#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
@@ -280,34 +279,25 @@ void AllocateLpModel()
     SetMinimizeFlag(false);
 }
 
-void NewLpProblem()
+// The form stores into the arrays, so they are made first; the problem before it is gone by then.
+bool AskFeatures()
 {
     AllocateLpModel();
     desktop::TheForms().ShowModal("frmLPFeatures");
-    if (Session.DialogCancelled) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
-    Session.ProblemOnDisplay = "NO";
-    ModelToGrid();
+    if (Session.DialogCancelled) return false;
+    if (Problem.NumConstraints < 0 || Problem.NumVariables < 0) Raise(ErrorNumber::SubscriptOutOfRange);
+    return true;
 }
 
 void ModelToGrid()
 {
-    if (Problem.NumConstraints < 0 || Problem.NumVariables < 0) Raise(ErrorNumber::SubscriptOutOfRange);
-    BeginDisplay();
-    {
-        const GridRebuild rebuild;
-        ProblemForm().SetText("lblopttype",
-                              MinimizeFlag == 1 ? "Optimization Type:  Min" : "Optimization Type:  Max");
-        FillObjectiveGrid();
-        FillConstraintGrid();
-        for (const char* control : {"lblopttype", "Grid(0)", "Grid(1)", "lblInfo"})
-            ProblemForm().SetVisible(control, true);
-    }
-    EndDisplay();
-    if (Problem.NumVariables > 0) ObjectiveGrid().Select(1, 1);
-    ObjectiveGrid().SetFocus();
+    const GridRebuild rebuild;
+    ProblemForm().SetText("lblopttype",
+                          MinimizeFlag == 1 ? "Optimization Type:  Min" : "Optimization Type:  Max");
+    FillObjectiveGrid();
+    FillConstraintGrid();
+    for (const char* control : {"lblopttype", "Grid(0)", "Grid(1)", "lblInfo"})
+        ProblemForm().SetVisible(control, true);
 }
 
 void GridToModel()

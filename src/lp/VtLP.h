@@ -53,7 +53,7 @@ void SetMinimizeFlag(bool minimize);  // and proposes it to the criterion form o
 // A fresh, empty problem.
 void AllocateLpModel();
 
-void NewLpProblem();
+bool AskFeatures();  // false: cancelled
 void ModelToGrid();
 void GridToModel();
 

@@ -6,6 +6,7 @@
 #include "qt/card.h"
 #include "qt/fields.h"
 #include "qt/icon.h"
+#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 
@@ -30,7 +31,7 @@ frmLPproblem::frmLPproblem(QWidget* parent) : qt::ChildForm(parent)
     page->addStretch();
     setFocusProxy(grids_[0]);
     auto* history = new qt::GridHistory(
-        {.Numbers = VtLP::Numbers, .TakeNumbers = VtLP::TakeNumbers, .Display = VtLP::ModelToGrid}, this);
+        {.Numbers = VtLP::Numbers, .TakeNumbers = VtLP::TakeNumbers, .Display = DisplayProblem}, this);
     for (qt::EntryGrid* grid : grids_)
         history->Watch(*grid);
 }

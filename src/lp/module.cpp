@@ -101,9 +101,11 @@ void EditCommand(int item)
 
 ModuleRoutines CommonRoutines()
 {
-    return {.Dimension = VtLP::NewLpProblem,
+    return {.Ask = VtLP::AskFeatures,
             .FormLoaded = [] { ShowDisplayItem(true); },
-            .Display = VtLP::ModelToGrid,
+            .Fill = VtLP::ModelToGrid,
+            .FirstGrid = "Grid(0)",
+            .FocusesStoredToo = true,
             .Numbers = VtLP::Numbers,
             .TakeNumbers = VtLP::TakeNumbers,
             .Check = VtLP::Check,

@@ -5,7 +5,6 @@
 #include "basic/number.h"
 #include "basic/numberrow.h"
 #include "desktop/desktop.h"
-#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -48,7 +47,7 @@ void MakeArrays()
     Result = {};
 }
 
-void NewProblem()
+bool Ask()
 {
     const auto answers =
         AskSizes({.Caption = " Markov Process",
@@ -57,19 +56,14 @@ void NewProblem()
                                  .Most = kMostStates,
                                  .RangeMessage = "YOU MAY ONLY SELECT A NUMBER BETWEEN 1 AND 10.  "
                                                  "PLEASE TRY AGAIN."}}});
-    if (answers.empty()) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (answers.empty()) return false;
     Problem.StateCount = answers[0];
     MakeArrays();
-    Session.ProblemOnDisplay = "NO";
-    Display();
+    return true;
 }
 
-void Display()
+void Fill()
 {
-    BeginDisplay();
     Form& form = desktop::TheForms().Loaded("frmProblem");
     const std::string n = std::to_string(Problem.StateCount);
     form.SetText("lblTitle", "Transition Matrix");
@@ -79,13 +73,8 @@ void Display()
     for (const char* control : {"lblInfo", "lblTitle", "lblgridcaption"})
         form.SetVisible(control, true);
 
-    Grid& grid = form.GridOf("gridDisplayEdit");
-    FillGrid(grid);
+    FillGrid(form.GridOf("gridDisplayEdit"));
     form.SetVisible("gridDisplayEdit", true);
-    EndDisplay();
-    if (!Session.NewProblem) return;
-    grid.Select(1, 1);
-    grid.SetFocus();
 }
 
 int CommitCell(int row, int column, std::string_view text)

@@ -35,8 +35,8 @@ extern MarkovResult Result;
 // ---- model and entry ----
 
 void MakeArrays();  // an empty problem; StateCount stays
-void NewProblem();  // asks for the number of states and displays the empty table
-void Display();     // puts the table on `frmProblem`
+bool Ask();         // asks for the number of states; false: cancelled, nothing has changed
+void Fill();        // puts the table on `frmProblem`
 int CommitCell(int row, int column, std::string_view text);
 double Probability(int from, int to);
 

@@ -42,8 +42,9 @@ void Read(RecordReader& file)
 const ModuleRoutines& MarkovProcesses()
 {
     static const ModuleRoutines routines{
-        .Dimension = Markov::NewProblem,
-        .Display = Markov::Display,
+        .Ask = Markov::Ask,
+        .Fill = Markov::Fill,
+        .FirstGrid = "gridDisplayEdit",
         .CommitCell = Markov::CommitCell,
         .Numbers = Markov::Numbers,
         .TakeNumbers = Markov::TakeNumbers,

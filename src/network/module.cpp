@@ -65,8 +65,9 @@ SolveOutcome SolveTree()
 // What both modules have in common.
 ModuleRoutines NetworkRoutines()
 {
-    return {.Dimension = NewNetwork,
-            .Display = ShowNetwork,
+    return {.Ask = AskSize,
+            .Fill = Fill,
+            .FirstGrid = "gridDisplayEdit",
             .CommitCell = EnterCell,
             .Numbers = Numbers,
             .TakeNumbers = TakeNumbers,

@@ -9,7 +9,6 @@
 #include "desktop/desktop.h"
 #include "network/NetworkSolver.h"
 #include "network/netout.h"
-#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -125,34 +124,26 @@ void Allocate()
     Result = {};
 }
 
-void NewNetwork()
+bool AskSize()
 {
     const auto counts = AskSizes(SizeQuestions());
-    if (counts.empty()) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (counts.empty()) return false;
     Allocate();
     Problem.NumNodes = counts[0];
     Problem.NumArcs = counts[1];
-    Session.ProblemOnDisplay = "NO";
-    ShowNetwork();
+    return true;
 }
 
-void ShowNetwork()
+void Fill()
 {
-    BeginDisplay();
     Form& form = desktop::TheForms().Loaded("frmProblem");
     form.SetText("lblTitle", "Network Description:  " + std::to_string(Problem.NumNodes) + " NODES and " +
                                  std::to_string(Problem.NumArcs) + " ARCS");
     form.SetText("lblInfo", "Enter Start Node, End Node, and Distance/Cost for each Arc.");
     for (const char* label : {"lblTitle", "lblInfo"})
         form.SetVisible(label, true);
-    Grid& grid = form.GridOf("gridDisplayEdit");
-    FillGrid(grid);
+    FillGrid(form.GridOf("gridDisplayEdit"));
     form.SetVisible("gridDisplayEdit", true);
-    EndDisplay();
-    if (Session.NewProblem) grid.SetFocus();
 }
 
 int EnterCell(int row, int column, std::string_view text)

@@ -36,8 +36,8 @@ bool IsShortestRoute();  // otherwise the tree is asked for
 // Empties the record and makes the arc table.
 void Allocate();
 
-void NewNetwork();   // asks for the two counts; DialogCancelled tells
-void ShowNetwork();  // fills the grid: empty cells when NewProblem is true
+bool AskSize();  // asks for the two counts and makes the arc table; false: cancelled, nothing has changed
+void Fill();     // puts the network on the problem form: empty cells when NewProblem is true
 
 // A cell of the grid, the fixed row and column being 0: a cell commit (shell/module.h). A blank cell stores
 // 0.

@@ -3,7 +3,6 @@
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
-#include "shell/commands.h"
 #include "shell/session.h"
 #include "tableau/decimals.h"
 #include "tableau/tanumchk.h"
@@ -68,24 +67,18 @@ void MakeTable()
     Result = {};
 }
 
-void NewProject()
+bool Ask()
 {
     desktop::TheForms().ShowModal("frmPERTCPM_Init");
-    if (Session.DialogCancelled) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (Session.DialogCancelled) return false;
     MakeTable();
-    Session.ProblemOnDisplay = "NO";
-    Display();
+    return true;
 }
 
-void Display()
+void Fill()
 {
-    BeginDisplay();
     desktop::TheForms().Load("frmPERT_CPM");
     desktop::TheForms().Show("frmPERT_CPM");
-    EndDisplay();
 }
 
 bool TakeActivityCount(std::string_view text)

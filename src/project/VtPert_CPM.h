@@ -64,9 +64,9 @@ extern PertResult Result;
 
 // ---- model and entry ----
 
-void MakeTable();   // an empty table; NumActivities and TimeMode stay
-void NewProject();  // asks for the parameters and displays the empty table
-void Display();     // shows `frmPERT_CPM`
+void MakeTable();  // an empty table; NumActivities and TimeMode stay
+bool Ask();        // asks for the parameters; false: cancelled, the table stays
+void Fill();       // shows `frmPERT_CPM`
 
 // `frmPERTCPM_Init`. False: refused and told, the form keeps the field.
 bool TakeActivityCount(std::string_view text);  // on leaving the field; an empty one is passed over

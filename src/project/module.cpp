@@ -92,9 +92,9 @@ void Read(RecordReader& file)
 const ModuleRoutines& PertCpm()
 {
     static const ModuleRoutines routines{
-        .Dimension = VtPert_CPM::NewProject,
+        .Ask = VtPert_CPM::Ask,
         .LeavesNewProblem = true,
-        .Display = VtPert_CPM::Display,
+        .Fill = VtPert_CPM::Fill,
         .Prepare = VtPert_CPM::CloseEntryForm,
         .Solve = VtPert_CPM::Solve,
         .Page = VtPert_CPM::WritePertReport,

@@ -146,7 +146,7 @@ void StartNewProblem()
         Session.NewProblem = false;
         return;
     }
-    routines->Dimension();
+    BeginProblem();
     if (!routines->LeavesNewProblem && !Session.DialogCancelled) Session.NewProblem = false;
 }
 
@@ -222,12 +222,32 @@ void ReadProblemFile()
         [] {
             const Hourglass hourglass;
             RecordReader reader = RecordReader::FromFile(Session.ProblemFileName);
-            const ModuleRoutines& routines = *CurrentModule().Routines;
-            routines.Read(reader);
+            CurrentModule().Routines->Read(reader);
             Session.NewProblem = false;
-            routines.Display();
+            DisplayProblem();
         },
         [](const RuntimeError&) { RefuseProblemFile(); });
+}
+
+// ---- the problem on display ----
+
+void ShowMenusOfDisplay(const ModuleRoutines& routines)
+{
+    Session.ProblemOnDisplay = "YES";
+    for (const char* item :
+         {"mnudispedit", "mnuFileOpen", "mnuFileSave", "mnuFileChangeModules", "mnuSolution"})
+        Menus.SetEnabled(item, true);
+    ShowDisplayItem(false);
+    Menus.EnableEditItems(routines.FirstEditItem, routines.LastEditItem, true);
+}
+
+void FocusFirstCell(const ModuleRoutines& routines)
+{
+    if (routines.FirstGrid.empty()) return;
+    if (!Session.NewProblem && !routines.FocusesStoredToo) return;
+    Grid& grid = ProblemForm().GridOf(routines.FirstGrid);
+    if (grid.Columns() > 1) grid.Select(1, 1);  // a linear program may have no variables
+    grid.SetFocus();
 }
 
 // ---- solving ----
@@ -370,22 +390,24 @@ void ShowDisplayItem(bool enabled)
     Menus.SetEnabled(EditItemName(0), enabled);
 }
 
-void BeginDisplay()
+void BeginProblem()
 {
-    Session.ProblemOnDisplay = "YES";
-    for (const char* item :
-         {"mnudispedit", "mnuFileOpen", "mnuFileSave", "mnuFileChangeModules", "mnuSolution"})
-        Menus.SetEnabled(item, true);
-    ShowDisplayItem(false);
-    if (const ModuleRoutines* routines = Routines())
-        Menus.EnableEditItems(routines->FirstEditItem, routines->LastEditItem, true);
-    desktop::TheScreen().SetPointer(Pointer::Hourglass);
+    if (CurrentModule().Routines->Ask())
+        DisplayProblem();
+    else
+        desktop::TheForms().FocusMenu();
 }
 
-void EndDisplay()
+void DisplayProblem()
 {
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    ShowMenusOfDisplay(routines);
+    desktop::TheScreen().SetPointer(Pointer::Hourglass);
+    if (!routines.FillRunsForm) routines.Fill();
     desktop::TheForms().FocusMenu();
     desktop::TheScreen().SetPointer(Pointer::Normal);
+    if (routines.FillRunsForm) routines.Fill();
+    FocusFirstCell(routines);
 }
 
 namespace Commands {
@@ -553,7 +575,7 @@ void TellEditError(const RuntimeError& error)
     MsgBox(error.Text(), "Vantrel", Icon::None);
 }
 
-void DisplayProblem()
+void ReturnToProblem()
 {
     const ModuleRoutines& routines = *CurrentModule().Routines;
     if (routines.ReturnToProblem) {
@@ -570,7 +592,7 @@ void EditItem(int index)
     Trap(
         [index] {
             if (index == 0) {
-                DisplayProblem();
+                ReturnToProblem();
                 return;
             }
             const ModuleRoutines& routines = *CurrentModule().Routines;

@@ -45,10 +45,10 @@ void SetProgramFolder(std::string_view folder);
 // Edit item 0 with its caption, visible.
 void ShowDisplayItem(bool enabled);
 
-// What every display routine does first: the problem is on display, the menus follow. Hourglass on.
-void BeginDisplay();
-// And last: focus to the main window, normal pointer.
-void EndDisplay();
+// Asks for a new problem and displays it; the focus goes to the main window when the dialog is cancelled.
+void BeginProblem();
+// Shows the stored problem on its form: it is on display now, and the menus follow.
+void DisplayProblem();
 
 // Commits one cell of the tableau form through the current module.
 int CommitCell(int row, int column, std::string_view text);

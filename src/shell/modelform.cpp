@@ -3,6 +3,7 @@
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
+#include "shell/module.h"
 #include "shell/session.h"
 #include "shell/solution.h"
 
@@ -33,18 +34,11 @@ FormExit RunModelForm(std::string_view form)
     return exit;
 }
 
-void DisplayModelForm(void (*show)())
-{
-    BeginDisplay();
-    EndDisplay();
-    show();
-}
-
-void ReturnToModelForm(void (*show)())
+void ReturnToModelForm()
 {
     UnloadSolution();
     Menus.SetEnabled(EditItemName(0), false);
-    show();
+    CurrentModule().Routines->Fill();
 }
 
 void LeaveNoProblem()

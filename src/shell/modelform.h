@@ -15,9 +15,8 @@ enum class FormExit {
 // FormExit::Closed the module puts it back.
 FormExit RunModelForm(std::string_view form);
 
-// The two ways to a model's form: as a new problem or one from a file, and from its report. `show` runs it.
-void DisplayModelForm(void (*show)());
-void ReturnToModelForm(void (*show)());
+// From the report back to the model's form.
+void ReturnToModelForm();
 
 // The problem of a form has been given up, the menus are those of a module without one.
 void LeaveNoProblem();

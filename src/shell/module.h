@@ -47,15 +47,20 @@ using SecondInquiry = std::function<SecondTelling()>;
 // The routines of a module. Those marked "may be missing" are left empty where the module has no use for
 // them.
 struct ModuleRoutines {
-    // New: asks for the size, makes the arrays and displays the empty problem. Leaves DialogCancelled.
-    std::function<void()> Dimension = {};
-    bool LeavesNewProblem = false;  // New does not clear NewProblem behind it
+    // New: asks for the size and makes the arrays. False: the dialog was cancelled, nothing is displayed;
+    // DialogCancelled tells as well.
+    std::function<bool()> Ask = {};
+    bool LeavesNewProblem = false;  // New does not clear NewProblem: projects show theirs empty until a solve
 
     // What the module adds when its problem form is loaded. May be missing.
     std::function<void()> FormLoaded = {};
 
-    // Puts the stored problem on its form (empty cells when NewProblem is true).
-    std::function<void()> Display = {};
+    // Puts the stored problem on its form (empty cells when NewProblem is true). Pointer, menus and focus are
+    // the shell's.
+    std::function<void()> Fill = {};
+    bool FillRunsForm = false;      // the form is modal: it comes last, and has its own end
+    std::string FirstGrid = {};     // has the focus on the first cell of a new problem; empty: no grid has
+    bool FocusesStoredToo = false;  // linear programs: behind every display, not a new problem's alone
 
     // Stores one cell of `gridDisplayEdit` (rows and columns as on the grid). May be missing.
     std::function<int(int row, int column, std::string_view text)> CommitCell = {};
@@ -112,7 +117,7 @@ struct ModuleRoutines {
     std::function<SecondInquiry()> Opinion = {};  // told behind Meaning, once it has come to its end
 
     // Problem files. Read sizes the arrays afresh; its run-time errors are reported by the command, which
-    // calls Display behind it.
+    // displays the problem behind it.
     std::function<void(RecordWriter&)> Write = {};
     std::function<void(RecordReader&)> Read = {};
     std::function<void()> Saved = {};  // the problem is in a file now; may be missing

@@ -153,7 +153,7 @@ void Rebuild(int origins, int destinations, int lostOrigin, int lostDestination)
     Allocate(origins, destinations);
     CopyFrom(old, lostOrigin, lostDestination);
     JoinArcs();
-    ShowTableau();
+    DisplayProblem();
 }
 
 bool HasRoom(int count, std::string_view line)
@@ -207,35 +207,26 @@ DeleteWords DestinationWords()
 
 }  // namespace
 
-void NewTableau()
+bool AskSize()
 {
     const Words& words = WordsAtHand();
     const auto counts = AskSizes(
         {.Caption = std::string(words.Caption),
          .Questions = {LineQuestion(words.FirstQuestion, "Number of origins must be an integer."),
                        LineQuestion(words.SecondQuestion, "Number of destinations must be an integer.")}});
-    if (counts.empty()) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (counts.empty()) return false;
     Problem = {};
     Result = {};
     Allocate(counts[0], counts[1]);
-    Session.ProblemOnDisplay = "NO";
-    ShowTableau();
+    return true;
 }
 
-void ShowTableau()
+void Fill()
 {
-    BeginDisplay();
     Form& form = desktop::TheForms().Loaded(kForm);
     ShowLabels(form, WordsAtHand());
-    Grid& grid = form.GridOf(kGrid);
-    FillGrid(grid);
+    FillGrid(form.GridOf(kGrid));
     form.SetVisible(kGrid, true);
-    grid.Select(1, 1);
-    EndDisplay();
-    if (Session.NewProblem) grid.SetFocus();
 }
 
 void AddOrigin()

@@ -3,8 +3,8 @@
 
 namespace Tableau {
 
-void NewTableau();   // asks for the two counts; DialogCancelled tells
-void ShowTableau();  // fills the grid: empty cells when NewProblem is true
+bool AskSize();  // asks for the two counts and makes the tableau; false: cancelled, nothing has changed
+void Fill();     // puts the tableau on the problem form: empty cells when NewProblem is true
 
 void AddOrigin();
 void AddDestination();

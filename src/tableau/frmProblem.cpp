@@ -17,7 +17,7 @@ frmProblem::frmProblem(QWidget* parent) : qt::ChildForm(parent)
     const ModuleRoutines* routines = CurrentModule().Routines;
     if (routines == nullptr || !routines->Numbers) return;
     auto* history = new qt::GridHistory(
-        {.Numbers = routines->Numbers, .TakeNumbers = routines->TakeNumbers, .Display = routines->Display},
+        {.Numbers = routines->Numbers, .TakeNumbers = routines->TakeNumbers, .Display = DisplayProblem},
         this);
     history->Watch(*gridDisplayEdit);
 }

@@ -86,8 +86,9 @@ SolveOutcome SolveAssignment()
 // What both modules have in common.
 ModuleRoutines TableauRoutines()
 {
-    return {.Dimension = NewTableau,
-            .Display = ShowTableau,
+    return {.Ask = AskSize,
+            .Fill = Fill,
+            .FirstGrid = "gridDisplayEdit",
             .CommitCell = EnterCell,
             .Numbers = Numbers,
             .TakeNumbers = TakeNumbers,

@@ -1,6 +1,7 @@
 #include "waiting/VtWait.h"
 
 #include "desktop/desktop.h"
+#include "shell/commands.h"
 #include "shell/modelform.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -75,17 +76,6 @@ void GiveUpProblem()
     desktop::TheScreen().SetIndicator(kModuleIndicator);
 }
 
-void ShowForm()
-{
-    if (!HasModel()) return;
-    const WaitingProblem opened = Problem;
-    const FormExit exit = RunModelForm(kForm);
-    if (exit == FormExit::Closed) Problem = opened;
-    if (exit != FormExit::Cancelled) return;
-    GiveUpProblem();
-    NewProblem();
-}
-
 }  // namespace
 
 void MakeArrays()
@@ -94,27 +84,24 @@ void MakeArrays()
     Result = {};
 }
 
-void NewProblem()
+bool Ask()
 {
     const int model = AskModel();
-    if (model == 0) {
-        desktop::TheForms().FocusMenu();
-        return;
-    }
+    if (model == 0) return false;
     MakeArrays();
     Problem.WaitingModel = model;
-    Session.ProblemOnDisplay = "NO";
-    Display();
+    return true;
 }
 
-void Display()
+void Fill()
 {
-    DisplayModelForm(ShowForm);
-}
-
-void ReturnToProblem()
-{
-    ReturnToModelForm(ShowForm);
+    if (!HasModel()) return;
+    const WaitingProblem opened = Problem;
+    const FormExit exit = RunModelForm(kForm);
+    if (exit == FormExit::Closed) Problem = opened;
+    if (exit != FormExit::Cancelled) return;
+    GiveUpProblem();
+    BeginProblem();
 }
 
 bool HasModel()

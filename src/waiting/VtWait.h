@@ -57,9 +57,8 @@ extern WaitingResult Result;
 // ---- the problem and its form ----
 
 void MakeArrays();        // an empty problem and an empty result
-void NewProblem();        // asks for the model and displays its empty form
-void Display();           // shows the form; nothing for a model that does not exist
-void ReturnToProblem();   // the same after a report
+bool Ask();               // asks for the model; false: cancelled, nothing has changed
+void Fill();              // runs the model's form; nothing for a model that does not exist
 bool HasModel();          // false without a problem, or with one of a model that does not exist
 void ShowModelCaption();  // the model into the status text
 bool HasEconomicAnalysis();

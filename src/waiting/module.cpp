@@ -3,6 +3,7 @@
 #include "basic/entrytext.h"
 #include "basic/error.h"
 #include "basic/number.h"
+#include "shell/modelform.h"
 #include "waiting/VtWait.h"
 #include "waiting/WaitingMeaning.h"
 #include "waiting/WaitingPicture.h"
@@ -62,12 +63,13 @@ void Read(RecordReader& file)
 const ModuleRoutines& WaitingLines()
 {
     static const ModuleRoutines routines{
-        .Dimension = VtWait::NewProblem,
-        .Display = VtWait::Display,
+        .Ask = VtWait::Ask,
+        .Fill = VtWait::Fill,
+        .FillRunsForm = true,
         .Prepare = VtWait::HasModel,
         .Solve = VtWait::SolveProblem,
         .Page = VtWait::WriteReport,
-        .ReturnToProblem = VtWait::ReturnToProblem,
+        .ReturnToProblem = ReturnToModelForm,
         .ReloadResetsIndicator = true,
         .Reports = {VtWait::WriteReport},
         .Pictures = [] { return VtWait::Pictures(VtWait::Problem, VtWait::Result); },

@@ -175,7 +175,7 @@ TEST_F(DecisionEntry, ACancelledDialogChangesNothing)
     NewProblem(true, true);
     Problem.Payoff(1, 1) = 7;
     desktop.forms.onModal["frmDecisionFeatures"] = [] { Decision::CancelDialog(); };
-    Decision::NewProblem();
+    BeginProblem();
     EXPECT_EQ(Problem.IndicatorCount, 3);
     EXPECT_EQ(Problem.Payoff(1, 1), 7);
     EXPECT_EQ(Session.ProblemOnDisplay, "YES");
@@ -315,7 +315,7 @@ TEST_F(DecisionEntry, ARedrawShowsTheStoredValues)
     Decision::CommitCell(0, 1, 1, "1,250.50");
     Decision::CommitCell(1, 1, 2, ".25");
     Decision::CommitCell(2, 2, 3, "1");
-    Decision::Display();
+    DisplayProblem();
     EXPECT_THAT(Grid(0).RowTexts(1), ElementsAre("1", "1250.5", "0"));
     EXPECT_THAT(Grid(1).RowTexts(1), ElementsAre("Probabilities", "0", "0.25"));
     EXPECT_THAT(Grid(2).RowTexts(2), ElementsAre("2", "0", "0", "1"));

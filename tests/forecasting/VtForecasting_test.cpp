@@ -4,6 +4,7 @@
 
 #include "forecasting/forecasting_support.h"
 #include "shell/checks.h"
+#include "shell/commands.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -27,7 +28,7 @@ protected:
 
     void Redisplay()
     {
-        Display();
+        DisplayProblem();
         desktop.forms.menuFocused = 0;
     }
 
@@ -71,7 +72,7 @@ TEST_F(ForecastEntry, NewAsksForTheNumberOfPeriods)
         EXPECT_EQ(UserInput::TakeSizes({"100"}), -1);
     };
     Session.NewProblem = true;
-    NewTimeSeries();
+    BeginProblem();
     EXPECT_EQ(Problem.PeriodCount, 100);
     EXPECT_TRUE(Problem.TimeSeries(1).IsEmpty());
     EXPECT_TRUE(Problem.TimeSeries(100).IsEmpty());
@@ -85,7 +86,7 @@ TEST_F(ForecastEntry, NewAsksForTheNumberOfPeriods)
 TEST_F(ForecastEntry, ACancelledDialogLeavesTheSeriesAlone)
 {
     desktop.forms.onModal["frmUserInput"] = [] { Session.DialogCancelled = true; };
-    NewTimeSeries();
+    BeginProblem();
     EXPECT_EQ(Problem.PeriodCount, 3);
     EXPECT_EQ(Problem.TimeSeries(3), Variant(30.0));
     EXPECT_EQ(desktop.forms.menuFocused, 1);
@@ -116,7 +117,7 @@ TEST_F(ForecastEntry, ACellTakesANumber)
 {
     for (const auto& [text, value] : std::vector<std::pair<const char*, double>>{
              {"5", 5}, {"-2.5", -2.5}, {"1,250", 1250}, {"+.5", 0.5}, {"-", 0}}) {
-        EXPECT_EQ(CommitCell(2, 1, text), kCellStored) << text;
+        EXPECT_EQ(VtForecasting::CommitCell(2, 1, text), kCellStored) << text;
         EXPECT_EQ(Problem.TimeSeries(2), Variant(value)) << text;
     }
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
@@ -125,7 +126,7 @@ TEST_F(ForecastEntry, ACellTakesANumber)
 TEST_F(ForecastEntry, ATextThatIsNoNumberIsRefused)
 {
     for (const char* text : {"abc", "1.2.3", "1-", "--1", " ", "1e3"}) {
-        EXPECT_EQ(CommitCell(2, 1, text), kCellRefused) << text;
+        EXPECT_EQ(VtForecasting::CommitCell(2, 1, text), kCellRefused) << text;
         EXPECT_EQ(desktop.dialogs.Last(), Refused("Values Must be Numeric.  PLEASE REENTER.")) << text;
         EXPECT_EQ(Problem.TimeSeries(2), Variant(20.0)) << text;
     }
@@ -134,10 +135,10 @@ TEST_F(ForecastEntry, ATextThatIsNoNumberIsRefused)
 TEST_F(ForecastEntry, AnEmptyCellIs0AndIsAskedAboutOncePerCommand)
 {
     Session.AskIncomplete = true;
-    EXPECT_EQ(CommitCell(2, 1, ""), kCellEmpty);
+    EXPECT_EQ(VtForecasting::CommitCell(2, 1, ""), kCellEmpty);
     EXPECT_EQ(Problem.TimeSeries(2), Variant(0.0));
     Session.AskIncomplete = false;
-    EXPECT_EQ(CommitCell(3, 1, ""), kCellStored);
+    EXPECT_EQ(VtForecasting::CommitCell(3, 1, ""), kCellStored);
     EXPECT_EQ(Problem.TimeSeries(3), Variant(0.0));
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }
@@ -152,11 +153,11 @@ TEST_F(ForecastEntry, ValuesRaiseTheDecimalPlaces)
                                                                                {"2", 1},
                                                                                {"2.01", 2},
                                                                                {"2.5", 2}}) {
-        EXPECT_EQ(CommitCell(1, 1, text), kCellStored);
+        EXPECT_EQ(VtForecasting::CommitCell(1, 1, text), kCellStored);
         EXPECT_EQ(Problem.DecimalPlaces.Value(), places) << text;
     }
     Problem.DecimalPlaces = 0.0;
-    EXPECT_EQ(CommitCell(1, 1, "2.015"), kCellStored);
+    EXPECT_EQ(VtForecasting::CommitCell(1, 1, "2.015"), kCellStored);
     EXPECT_EQ(Problem.DecimalPlaces.Value(), 2);
 }
 

@@ -87,7 +87,7 @@ protected:
 TEST_F(InventoryModule, ListsItsSixModels)
 {
     ListAnswers(0);
-    VtInvent::NewProblem();
+    BeginProblem();
     EXPECT_EQ(UserInput::CurrentList().Caption, " Inventory Models Available");
     EXPECT_THAT(UserInput::CurrentList().Items,
                 ElementsAre("Economic Order Quantity", "Economic Production Lot Size",
@@ -117,7 +117,7 @@ TEST_F(InventoryModule, EachModelHasItsForm)
     desktop.forms.onModal["frmUserInput"] = [] { UserInput::TakeSizes({"3"}); };
     for (int kind = 1; kind <= VtInvent::kModelCount; ++kind) {
         ListAnswers(kind);
-        VtInvent::NewProblem();
+        BeginProblem();
         EXPECT_EQ(desktop.forms.modals.back(), forms[static_cast<std::size_t>(kind) - 1]);
         EXPECT_EQ(Problem.ModelKind, kind);
         EXPECT_FALSE(Problem.Saved);
@@ -141,7 +141,7 @@ TEST_F(InventoryModule, DiscountsAskForTheNumberOfCategories)
         }
         EXPECT_EQ(UserInput::TakeSizes({"5"}), -1);
     };
-    VtInvent::NewProblem();
+    BeginProblem();
     EXPECT_EQ(Problem.CategoryCount.Value(), 5.0);
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmuserlistinput", "frmUserInput", "frmQtyDiscounts"));
 }
@@ -151,7 +151,7 @@ TEST_F(InventoryModule, ACancelledCategoryQuestionChangesNothing)
     GivenModel(VtInvent::kLotSize);
     ListAnswers(VtInvent::kDiscounts);
     desktop.forms.onModal["frmUserInput"] = [] { UserInput::ConfirmCancel(); };
-    VtInvent::NewProblem();
+    BeginProblem();
     EXPECT_EQ(Problem.ModelKind, VtInvent::kLotSize);
     EXPECT_EQ(desktop.forms.modals.back(), "frmUserInput");
 }
@@ -163,7 +163,7 @@ TEST_F(InventoryModule, ANewProblemHoldsNothingOfTheLast)
     Problem.Saved = true;
     VtInvent::SolveProblem();
     ListAnswers(VtInvent::kOrderQuantity);
-    VtInvent::NewProblem();
+    BeginProblem();
     EXPECT_TRUE(Problem.BackorderCost.IsEmpty());
     EXPECT_FALSE(Problem.Saved);
     EXPECT_EQ(Problem.ReorderPoint, 0.0);
@@ -242,7 +242,7 @@ TEST_F(InventoryModule, CancelAsksAndThenListsTheModelsAgain)
         EXPECT_TRUE(CancelModelForm(Problem.Saved));
         ListAnswers(0);
     });
-    VtInvent::NewProblem();
+    BeginProblem();
     EXPECT_EQ(desktop.dialogs.Last(),
               (ShownMessage{.Text = "Are you sure you wish to cancel the current problem?",
                             .Title = "Cancel Current Problem",
@@ -263,7 +263,7 @@ TEST_F(InventoryModule, CancelCanLeadToAnotherModel)
         CancelModelForm(Problem.Saved);
         ListAnswers(VtInvent::kSinglePeriod);
     });
-    VtInvent::NewProblem();
+    BeginProblem();
     EXPECT_EQ(desktop.forms.modals.back(), "frmOnePeriodProb");
     EXPECT_EQ(Problem.ModelKind, VtInvent::kSinglePeriod);
 }
@@ -279,7 +279,7 @@ TEST_F(InventoryModule, CancelKeepsAProblemThatIsInAFile)
     GivenModel(VtInvent::kOrderQuantity);
     Problem.Saved = true;
     OnForm("frmEOQ", [] { EXPECT_TRUE(CancelModelForm(Problem.Saved)); });
-    VtInvent::Display();
+    DisplayProblem();
     EXPECT_TRUE(desktop.dialogs.messages.empty());
     EXPECT_EQ(Problem.ModelKind, VtInvent::kOrderQuantity);
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmEOQ"));
@@ -306,7 +306,7 @@ TEST_F(InventoryModule, DisplayEditShowsTheFormOfTheModelAgain)
 {
     GivenModel(VtInvent::kShortages);
     Problem.BackorderCost = 4;
-    VtInvent::Display();
+    DisplayProblem();
     Commands::Solve();
     ASSERT_TRUE(desktop.forms.IsLoaded("frmSolution"));
     desktop.forms.modals.clear();
@@ -516,7 +516,7 @@ TEST_F(InventoryModule, AModelThatDoesNotExistOpensNoForm)
     for (const int kind : {0, 7, -1, 32000}) {
         GivenModel(kind);
         EXPECT_THROW(ReadBack(Written()), RuntimeError);
-        VtInvent::Display();
+        DisplayProblem();
         Commands::Solve();
     }
     EXPECT_TRUE(desktop.forms.modals.empty());

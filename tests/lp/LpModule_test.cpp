@@ -48,7 +48,7 @@ protected:
     void EnterTables()
     {
         ASSERT_TRUE(Read("3\r\n\"MAX 8X1+5X2\"\r\n\"1X1+1X2<6\"\r\n\"9X1+5X2<45\"\r\n"));
-        VtLP::ModelToGrid();
+        DisplayProblem();
     }
 
     static bool IsEnabled(const std::string& item) { return Menus.Item(item).Enabled; }
@@ -82,7 +82,7 @@ TEST_F(LpModule, AFileWithZeroesComesBackAsItWas)
 {
     const std::string text = "3\r\n\"MIN 0A-2.5B\"\r\n\"<10\"\r\n\"1B>0\"\r\n";
     ASSERT_TRUE(Read(text));
-    VtLP::ModelToGrid();
+    DisplayProblem();
     RecordWriter writer;
     LinearProgramming().Write(writer);
     EXPECT_EQ(writer.Text(), text);
@@ -184,7 +184,7 @@ TEST_F(LpModule, AnEndlessSearchIsBrokenOffSilentlyAndTheProblemStays)
 {
     Choose(4);
     ASSERT_TRUE(Read("3\r\n\"MAX 1X1\"\r\n\"2X1<1\"\r\n\"-2X1<-1\"\r\n"));
-    VtLP::ModelToGrid();
+    DisplayProblem();
     desktop.forms.onModal["frmIP"] = [] {
         Problem.LpLines(5) = "DIN";
         Session.DialogCancelled = false;

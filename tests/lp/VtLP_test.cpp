@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "basic/error.h"
+#include "shell/commands.h"
 #include "shell/menus.h"
 #include "shell/module.h"
 #include "shell/session.h"
@@ -36,7 +37,7 @@ protected:
         Problem.NumConstraints = static_cast<std::int16_t>(constraints);
         Problem.NumVariables = static_cast<std::int16_t>(variables);
         Session.NewProblem = true;
-        VtLP::ModelToGrid();
+        DisplayProblem();
         Session.NewProblem = false;
     }
 
@@ -109,7 +110,7 @@ TEST_F(LpModel, NewAsksForTheSizesAndShowsAnEmptyProblem)
 {
     desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TakeFeatures("1", "2", false, true); };
     Session.NewProblem = true;
-    VtLP::NewLpProblem();
+    BeginProblem();
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmLPFeatures"));
     EXPECT_EQ(Session.ProblemOnDisplay, "YES");
     EXPECT_THAT(Objective().RowTexts(0), ElementsAre("Variable Names:", "X1", "X2"));
@@ -119,7 +120,7 @@ TEST_F(LpModel, NewAsksForTheSizesAndShowsAnEmptyProblem)
 TEST_F(LpModel, ACancelledNewShowsNothing)
 {
     desktop.forms.onModal["frmLPFeatures"] = VtLP::CancelFeatures;
-    VtLP::NewLpProblem();
+    BeginProblem();
     EXPECT_EQ(Session.ProblemOnDisplay, "NO");
     EXPECT_EQ(desktop.forms.menuFocused, 1);
 }
@@ -152,7 +153,7 @@ TEST_F(LpModel, AStoredProblemShowsItsValues)
     Problem.LpRelations(1) = VtLP::kLess;
     Problem.LpRelations(2) = VtLP::kEqual;
     Problem.LpRelations(3) = VtLP::kGreater;
-    VtLP::ModelToGrid();
+    DisplayProblem();
     EXPECT_EQ(Type(), "Optimization Type:  Min");
     EXPECT_THAT(Objective().RowTexts(0), ElementsAre("Variable Names:", "AB", "C"));
     EXPECT_THAT(Objective().RowTexts(1), ElementsAre("Coefficients:", "", "-0.5"));
@@ -171,8 +172,8 @@ TEST_F(LpModel, TheTypeIsShownShort)
 
 TEST_F(LpModel, NegativeSizesAreARunTimeErrorAndLeaveTheScreenAlone)
 {
-    Problem.NumConstraints = -1;
-    EXPECT_THROW(VtLP::ModelToGrid(), RuntimeError);
+    desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TakeFeatures("-1", "2", false, true); };
+    EXPECT_THROW(BeginProblem(), RuntimeError);
     EXPECT_EQ(Session.ProblemOnDisplay, "NO");
 }
 

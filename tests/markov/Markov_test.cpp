@@ -141,7 +141,7 @@ TEST_F(MarkovEntry, AStoredProblemIsShownWithItsValues)
 {
     Given({{0.25, 0.75}, {1, 0}});
     Session.NewProblem = false;
-    Markov::Display();
+    DisplayProblem();
     EXPECT_THAT(Grid().RowTexts(1), ElementsAre("1", "0.25", "0.75"));
     EXPECT_THAT(Grid().RowTexts(2), ElementsAre("2", "1", "0"));
 }

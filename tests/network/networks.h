@@ -5,6 +5,7 @@
 
 #include "network/NetworkSolver.h"
 #include "network/vtshrtrt.h"
+#include "shell/module.h"
 #include "shell/session.h"
 
 struct TestArc {
@@ -13,10 +14,11 @@ struct TestArc {
     double length;
 };
 
-inline void GiveNetwork(const char* title, int nodes, const std::vector<TestArc>& arcs)
+inline void GiveNetwork(int module, int nodes, const std::vector<TestArc>& arcs)
 {
     Session = {};
-    Session.ProblemTitle = title;
+    Session.CurrentModule = static_cast<std::int16_t>(module);
+    Session.ProblemTitle = CurrentModule().Title;
     Network::Allocate();
     Network::Problem.NumNodes = static_cast<std::int16_t>(nodes);
     Network::Problem.NumArcs = static_cast<std::int16_t>(arcs.size());
@@ -30,14 +32,14 @@ inline void GiveNetwork(const char* title, int nodes, const std::vector<TestArc>
 
 inline void GiveRoute(int nodes, const std::vector<TestArc>& arcs, int start, int end)
 {
-    GiveNetwork("SHORTEST ROUTE PROBLEM", nodes, arcs);
+    GiveNetwork(5, nodes, arcs);
     Network::Problem.StartNode = static_cast<std::int16_t>(start);
     Network::Problem.EndNode = static_cast<std::int16_t>(end);
 }
 
 inline void GiveTree(int nodes, const std::vector<TestArc>& arcs)
 {
-    GiveNetwork("MINIMAL SPANNING TREE PROBLEM", nodes, arcs);
+    GiveNetwork(6, nodes, arcs);
 }
 
 // Both keep the result.

@@ -158,13 +158,14 @@ protected:
     {
         int refused = -1;
         Session = {};
+        Session.CurrentModule = 6;
         Session.NewProblem = true;
         desktop.forms.onModal["frmUserInput"] = [&] {
             dialog = UserInput::CurrentSizes();
             refused = UserInput::TakeSizes({nodes, arcs});
             if (refused >= 0) Session.DialogCancelled = true;
         };
-        Network::NewNetwork();
+        BeginProblem();
         return refused;
     }
 
@@ -209,14 +210,14 @@ TEST_F(ArcForm, SizesHaveTheirLimits)
 TEST_F(ArcForm, DistancesAreShownWithTheDecimalsOfTheProblem)
 {
     GiveTree(3, {{1, 2, 2.037}, {2, 3, 10}});
-    Network::ShowNetwork();
+    DisplayProblem();
     EXPECT_THAT(Cells(), ElementsAre(testing::_, Texts{"1", "1", "2", "2"}, Texts{"2", "2", "3", "10"}));
     Problem.DecimalPlaces = 1.0;
-    Network::ShowNetwork();
+    DisplayProblem();
     EXPECT_EQ(Cells()[1][3], "    2.0");
     EXPECT_EQ(Cells()[2][3], "    10.0");
     Problem.DecimalPlaces = 2.0;
-    Network::ShowNetwork();
+    DisplayProblem();
     EXPECT_EQ(Cells()[1][3], "    2.04");
     EXPECT_EQ(Cells()[2][3], "    10.00");
 }
@@ -257,7 +258,7 @@ protected:
     void SolveModule(int number, const char* indicator)
     {
         Session.CurrentModule = static_cast<std::int16_t>(number);
-        Network::ShowNetwork();
+        DisplayProblem();
         Menus.EnablePrinting(false);
         desktop.screen.indicator = indicator;
         desktop.screen.pointers.clear();

@@ -290,7 +290,7 @@ protected:
         Open(2);
         Tableau::Allocate(3, 4);
         Session.NewProblem = true;
-        Tableau::ShowTableau();
+        DisplayProblem();
         Session.NewProblem = false;
         sheet.Texts.assign(4, std::vector<std::string>(5));
         sheet.Texts[3][4] = kCorner;
@@ -417,7 +417,7 @@ protected:
         VtForecasting::MakeArrays();
         VtForecasting::Problem.PeriodCount = 5;
         Session.NewProblem = true;
-        VtForecasting::Display();
+        DisplayProblem();
         Session.NewProblem = false;
         sheet.Texts.assign(5, {""});
         sheet.Values.assign(5, {kNever});

@@ -46,8 +46,7 @@ protected:
     void GiveSmallTransportation()
     {
         GiveTransportation({{1, 2, 3}, {4, 5, 6}}, {10, 20}, {7, 8, 9});
-        Session.CurrentModule = 2;
-        Tableau::ShowTableau();
+        DisplayProblem();
         TheGrid().commit = [](int row, int column, std::string_view text) {
             return Tableau::EnterCell(row, column, text) != kCellRefused;
         };
@@ -58,19 +57,20 @@ protected:
     int refused = -1;
 };
 
-void Begin(const char* title)
+void Begin(int module)
 {
     Session = {};
-    Session.ProblemTitle = title;
+    Session.CurrentModule = static_cast<std::int16_t>(module);
+    Session.ProblemTitle = CurrentModule().Title;
     Session.NewProblem = true;
 }
 
 TEST_F(TableauForm, ANewTransportationIsEmpty)
 {
-    Begin("TRANSPORTATION PROBLEM");
+    Begin(2);
     Problem.DecimalPlaces = 2.0;
     AnswerSizes("2", "3");
-    Tableau::NewTableau();
+    BeginProblem();
     EXPECT_EQ(dialog.Caption, " Origins and Destinations");
     EXPECT_EQ(dialog.Questions[0].Question, "Enter the number of ORIGINS (MAX=30):");
     EXPECT_EQ(dialog.Questions[1].Question, "Enter the number of DESTINATIONS (MAX=30):");
@@ -96,9 +96,9 @@ TEST_F(TableauForm, ANewTransportationIsEmpty)
 
 TEST_F(TableauForm, ANewAssignmentHasCostsOnly)
 {
-    Begin("ASSIGNMENT PROBLEM");
+    Begin(3);
     AnswerSizes("1", "2");
-    Tableau::NewTableau();
+    BeginProblem();
     EXPECT_EQ(dialog.Caption, " Agents and Tasks");
     EXPECT_EQ(dialog.Questions[0].Question, "Enter the number of AGENTS (MAX=30):");
     EXPECT_EQ(dialog.Questions[1].Question, "Enter the number of TASKS (MAX=30):");
@@ -129,15 +129,15 @@ TEST_F(TableauForm, SizesAreWholeNumbersFrom1To30)
          {Row{"0", "5", 0, kRange}, Row{"31", "5", 0, kRange}, Row{"5", "0", 1, kRange},
           Row{"5", "31", 1, kRange}, Row{"1.5", "5", 0, "Number of origins must be an integer."},
           Row{"5", "1.5", 1, "Number of destinations must be an integer."}}) {
-        Begin("ASSIGNMENT PROBLEM");
+        Begin(3);
         AnswerSizes(row.first, row.second);
-        Tableau::NewTableau();
+        BeginProblem();
         EXPECT_EQ(refused, row.refused) << row.first << " " << row.second;
         EXPECT_EQ(desktop.dialogs.Last(), Refused(row.message));
     }
-    Begin("ASSIGNMENT PROBLEM");
+    Begin(3);
     AnswerSizes("30", "1");
-    Tableau::NewTableau();
+    BeginProblem();
     EXPECT_EQ(refused, -1);
     EXPECT_EQ(Problem.NumOrigins, 30);
 }
@@ -147,7 +147,7 @@ TEST_F(TableauForm, ACancelledSizeChangesNothing)
     GiveSmallTransportation();
     Session.ProblemOnDisplay = "NO";
     AnswerSizes("0", "0");
-    Tableau::NewTableau();
+    BeginProblem();
     EXPECT_EQ(Problem.NumArcs, 6);
     EXPECT_EQ(Session.ProblemOnDisplay, "NO");
 }
@@ -156,7 +156,7 @@ TEST_F(TableauForm, AStoredTransportationIsShown)
 {
     GiveTransportation({{1, -2.5}, {1000, 0.00001}}, {10, 20}, {7, 8});
     Problem.ArcCost(1) = Variant();
-    Tableau::ShowTableau();
+    DisplayProblem();
     EXPECT_THAT(Cells(),
                 ElementsAre(Texts{"Origin", "1", "2", "Supply"}, Texts{"1", "", "-2.5", "10"},
                             Texts{"2", "1000", "0.00001", "20"}, Texts{"Demand", "7", "8", "***********"}));
@@ -236,7 +236,7 @@ TEST_F(TableauForm, ARefusedCellIsEnteredAgainBeforeALineIsAddedOrDeleted)
 TEST_F(TableauForm, AnAgentIsAddedWithASupplyOfOne)
 {
     GiveAssignment({{1, 2}});
-    Tableau::ShowTableau();
+    DisplayProblem();
     Tableau::AddOrigin();
     EXPECT_THAT(Cells(), ElementsAre(Texts{"Agent", "1", "2"}, Texts{"1", "1", "2"}, Texts{"2", "0", "0"}));
     EXPECT_EQ(Problem.NodeSupply(2), 1);
@@ -261,7 +261,7 @@ TEST_F(TableauForm, TheThirtiethLineIsTheLast)
             GiveAssignment(costs);
         else
             GiveTransportation(costs, std::vector<int>(29, 1), std::vector<int>(29, 1));
-        Tableau::ShowTableau();
+        DisplayProblem();
         row.add();
         EXPECT_EQ(Problem.NumNodes, 59) << row.line;
         const auto shown = desktop.dialogs.messages.size();
@@ -306,7 +306,7 @@ TEST_F(TableauForm, ADestinationIsDeletedWithItsDemand)
 TEST_F(TableauForm, AgentsAndTasksAreDeleted)
 {
     GiveAssignment({{1, 2}, {3, 4}});
-    Tableau::ShowTableau();
+    DisplayProblem();
     desktop.dialogs.inputs = {"1", "2"};
     Tableau::DeleteOrigin();
     Tableau::DeleteDestination();
@@ -437,7 +437,7 @@ protected:
     void SolveModule(int number, const char* indicator)
     {
         Session.CurrentModule = static_cast<std::int16_t>(number);
-        Tableau::ShowTableau();
+        DisplayProblem();
         Menus.EnablePrinting(false);
         desktop.screen.indicator = indicator;
         desktop.screen.indicators.clear();

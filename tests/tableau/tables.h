@@ -32,6 +32,7 @@ inline void GiveCosts(const Rows& costs)
 inline void GiveAssignment(const Rows& costs, std::string_view maximize = "NO")
 {
     Session = {};
+    Session.CurrentModule = 3;
     Session.ProblemTitle = "ASSIGNMENT PROBLEM";
     MaximizeFlag = maximize;
     GiveCosts(costs);
@@ -41,6 +42,7 @@ inline void GiveTransportation(const Rows& costs, const std::vector<int>& suppli
                                const std::vector<int>& demands, std::string_view maximize = "NO")
 {
     Session = {};
+    Session.CurrentModule = 2;
     Session.ProblemTitle = "TRANSPORTATION PROBLEM";
     MaximizeFlag = maximize;
     GiveCosts(costs);

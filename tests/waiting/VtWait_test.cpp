@@ -76,7 +76,7 @@ protected:
 TEST_F(WaitingModule, ListsItsFiveModels)
 {
     ListAnswers(0);
-    VtWait::NewProblem();
+    BeginProblem();
     EXPECT_EQ(UserInput::CurrentList().Caption, " Waiting Lines");
     EXPECT_THAT(UserInput::CurrentList().Items,
                 ElementsAre("Poisson Arrivals / Exponential Service",
@@ -131,7 +131,7 @@ TEST_F(WaitingModule, CancelListsTheModelsAgain)
         EXPECT_TRUE(CancelModelForm(Problem.Saved));
         ListAnswers(0);
     });
-    VtWait::NewProblem();
+    BeginProblem();
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmuserlistinput", "frmWL_Model", "frmuserlistinput"));
     EXPECT_EQ(Problem.WaitingModel, 0);
     EXPECT_EQ(desktop.screen.indicator, "Waiting Lines Module");
@@ -142,7 +142,7 @@ TEST_F(WaitingModule, CancelListsTheModelsAgain)
 TEST_F(WaitingModule, DisplayEditShowsTheFormAgain)
 {
     GivenExponential(1, 2, 3);
-    VtWait::Display();
+    DisplayProblem();
     Commands::Solve();
     desktop.forms.modals.clear();
     Commands::EditItem(0);
@@ -236,7 +236,7 @@ TEST_F(WaitingModule, AModelThatDoesNotExistOpensNoForm)
     for (const int model : {0, 6, -1, 32000}) {
         GivenChannels(model, 1, 1, 2);
         EXPECT_THROW(ReadBack(Written()), RuntimeError);
-        VtWait::Display();
+        DisplayProblem();
         Commands::Solve();
     }
     EXPECT_TRUE(desktop.forms.modals.empty());
