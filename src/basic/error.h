@@ -1,5 +1,5 @@
-// Run-time errors: failures of the machine (a full disk, an index outside an array, a division by zero),
-// never decisions of the program. Each command has one trap that catches them; nothing else does.
+// Run-time errors: failures of the machine (a full disk, an index outside an array, a division by zero), never
+// decisions of the program. Every command, every button and every check of a box has a trap that catches them.
 #pragma once
 
 #include <exception>
