@@ -2,12 +2,12 @@
 
 RUN_PACKAGES=(
     g++ cmake ninja-build
-    qt6-base-dev qt6-svg-dev qt6-wayland
+    qt6-base-dev qt6-svg-dev qt6-wayland coinor-libcbc-dev
     python3-markdown
     fonts-dejavu-core fonts-liberation
 )
 # The program builds and runs without these, and then does a little less.
-OPTIONAL_PACKAGES=(qt6-svg-dev)
+OPTIONAL_PACKAGES=(qt6-svg-dev coinor-libcbc-dev)
 TEST_PACKAGES=(
     "${RUN_PACKAGES[@]}"
     libgtest-dev libgmock-dev

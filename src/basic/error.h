@@ -1,5 +1,6 @@
-// Run-time errors: failures of the machine (a full disk, an index outside an array, a division by zero), never
-// decisions of the program. Every command, every button and every check of a box has a trap that catches them.
+// Run-time errors: failures of the machine (a full disk, an index outside an array, a division by zero),
+// never decisions of the program. Every command, every button and every check of a box has a trap that
+// catches them.
 #pragma once
 
 #include <exception>

@@ -66,7 +66,8 @@ void ParseLpLines();
 bool TakeFeatures(std::string_view constraints, std::string_view variables, bool minimize, bool maximize,
                   const BoxPointer& point = {});
 void CancelFeatures();
-// Whether the form opens while the grids are built anew for other sizes: it then begins with the present ones.
+// Whether the form opens while the grids are built anew for other sizes: it then begins with the present
+// ones.
 bool ChangesFeatures();
 
 // One cell of Grid(index), with the text that was typed: kCellStored or kCellRefused. A name that passes
