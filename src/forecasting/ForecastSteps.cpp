@@ -206,14 +206,15 @@ void Teller::TellTrendForecasts()
         const std::string b0 = seasonal ? Fine(result_.TrendIntercept) : PlainText(result_.TrendIntercept);
         const double slope = std::abs(result_.TrendSlope);
         const std::string b1 = seasonal ? Fine(slope) : PlainText(slope);
-        const std::string line =
-            "(" + b0 + (result_.TrendSlope < 0 ? " - " : " + ") + b1 + " x " + Num(t) + ")";
-        const std::string season =
-            seasonal ? " x " + IndexText(IndexOf(result_, t)) + " (season " + Num(SeasonOf(result_, t)) : "";
-        Step& step = Add(
-            "Period " + Num(t),
-            {"forecast = " + line + season + (seasonal ? ") = " : " = ") + ForecastText(result_.Forecast(i))},
-            seasonal ? "The line goes on, and the season comes back." : "The line simply goes on.");
+        std::string line = "forecast = (" + b0;
+        line += (result_.TrendSlope < 0 ? " - " : " + ") + b1;
+        line += " x " + Num(t) + ")";
+        if (seasonal) line += " x " + IndexText(IndexOf(result_, t));
+        if (seasonal) line += " (season " + Num(SeasonOf(result_, t)) + ")";
+        line += " = " + ForecastText(result_.Forecast(i));
+        Step& step =
+            Add("Period " + Num(t), {line},
+                seasonal ? "The line goes on, and the season comes back." : "The line simply goes on.");
         step.Marks = {"forecast"};
     }
 }

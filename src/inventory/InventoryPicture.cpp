@@ -11,7 +11,6 @@ namespace VtInvent {
 namespace {
 
 using picture::Axis;
-using picture::Band;
 using picture::Chart;
 using picture::Direction;
 using picture::Mark;
@@ -98,7 +97,7 @@ private:
                               ? " at the price of category " + std::to_string(result_.BestCategory) + "."
                               : "."));
         if (IsModel(problem_, kShortages))
-            notes_.push_back("Each quantity has the backorders that suit it best.");
+            notes_.emplace_back("Each quantity has the backorders that suit it best.");
         if (result_.SafetyStockCost > 0)
             notes_.push_back("Holding includes the safety stock, " + Money(result_.SafetyStockCost) +
                              " a year for any quantity.");
@@ -346,7 +345,7 @@ private:
         for (int order = 0; order < kCycles; ++order)
             OrderMark(order, first + order * cycle_, level);
         if (above)
-            notes_.push_back(
+            notes_.emplace_back(
                 "The reorder point is above the highest stock: what is in stock and on order meets it.");
         if (result_.ReorderPoint < 0)
             notes_.push_back("The reorder point is below 0: " + Units(-result_.ReorderPoint) +

@@ -149,7 +149,7 @@ private:
     [[nodiscard]] int Variables() const { return problem_.NumVariables; }
     [[nodiscard]] int Constraints() const { return problem_.NumConstraints; }
 
-    void Say(SentenceKind kind, std::string text) { said_.push_back({kind, std::move(text)}); }
+    void Say(SentenceKind kind, const std::string& text) { said_.push_back({kind, text}); }
 
     // Results, limits and cautions stay; of the changes the last ones go.
     std::vector<Sentence> Cut()

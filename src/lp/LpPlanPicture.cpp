@@ -321,13 +321,13 @@ private:
         }
         Series points{
             .Kind = SeriesKind::Points, .As = Role::Plain, .Name = "whole-number plans", .Id = "whole"};
-        for (double x = 0; x <= chart_.X.To; ++x)
-            for (double y = 0; y <= chart_.Y.To; ++y) {
-                if (!plane_.Fulfils({x, y})) continue;
-                points.Points.push_back({x, y});
-                points.Tips.push_back("(" + std::to_string(static_cast<int>(x)) + ", " +
-                                      std::to_string(static_cast<int>(y)) + "): value " +
-                                      Text(ValueAt({x, y})));
+        for (int x = 0; x <= chart_.X.To; ++x)
+            for (int y = 0; y <= chart_.Y.To; ++y) {
+                const picture::Point at{static_cast<double>(x), static_cast<double>(y)};
+                if (!plane_.Fulfils(at)) continue;
+                points.Points.push_back(at);
+                points.Tips.push_back("(" + std::to_string(x) + ", " + std::to_string(y) + "): value " +
+                                      Text(ValueAt(at)));
             }
         if (points.Points.empty())
             Note("No whole-number plan lies in the picture.");
@@ -340,7 +340,7 @@ private:
         const double last = first ? chart_.X.To : chart_.Y.To;
         Note("Only " + Name(first ? 1 : 2) + " must be whole: the plans lie on the thin lines.");
         if (last > 60) return;
-        for (double at = 0; at <= last; ++at) {
+        for (int at = 0; at <= last; ++at) {
             const auto ends = plane_.LineOf(first ? 1 : 0, first ? 0 : 1, at);
             if (!ends) continue;
             chart_.Curves.push_back(

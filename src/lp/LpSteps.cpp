@@ -289,18 +289,26 @@ private:
 
     [[nodiscard]] std::string WhyEntering(const LpResult& at, const Pivot& pivot) const
     {
-        const std::string name = ColumnName(at, pivot.In.Column);
+        std::string name = ColumnName(at, pivot.In.Column);
         for (const int other : Candidates(at)) {
             if (other == pivot.In.Column) continue;
             const std::string rival = ColumnName(at, other);
-            if (GainOf(at, other) < pivot.In.Gain)
-                return name + " gains the most a unit, " + words_.Number(pivot.In.Gain) + " against " +
-                       words_.Number(GainOf(at, other)) + " for " + rival + ".";
+            if (GainOf(at, other) < pivot.In.Gain) return WhyMost(at, pivot, other);
             const bool larger = at.Coefficients(0, pivot.In.Column) > at.Coefficients(0, other);
-            return name + " and " + rival + " gain the same, " + words_.Number(pivot.In.Gain) + "; " +
-                   (larger ? "the one with the larger coefficient enters." : "the first of them enters.");
+            return name.append(" and ")
+                .append(rival)
+                .append(" gain the same, ")
+                .append(words_.Number(pivot.In.Gain))
+                .append(larger ? "; the one with the larger coefficient enters."
+                               : "; the first of them enters.");
         }
         return name + " is the only column that can enter.";
+    }
+
+    [[nodiscard]] std::string WhyMost(const LpResult& at, const Pivot& pivot, int rival) const
+    {
+        return ColumnName(at, pivot.In.Column) + " gains the most a unit, " + words_.Number(pivot.In.Gain) +
+               " against " + words_.Number(GainOf(at, rival)) + " for " + ColumnName(at, rival) + ".";
     }
 
     [[nodiscard]] std::string WhyLeaving(const LpResult& at, const Pivot& pivot) const

@@ -1,7 +1,6 @@
 #include "lp/SecondOpinion.h"
 
 #if defined(__unix__)
-#include <signal.h>
 #include <spawn.h>
 #include <sys/socket.h>
 #include <sys/time.h>
@@ -12,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <csignal>
 
 #include "lp/LpFigures.h"
 #include "lp/opinion/opinion.h"

@@ -91,6 +91,7 @@ std::vector<Link> LinksOf(const NetworkProblem& problem)
         link.Number = k;
     }
     std::vector<Link> list;
+    list.reserve(links.size());
     for (auto& [ends, link] : links)
         list.push_back(std::move(link));
     return list;

@@ -20,6 +20,7 @@ constexpr std::size_t kMostPairs = 3;  // of nodes with several arcs, told one b
 std::vector<std::string> Names(const std::vector<int>& numbers)
 {
     std::vector<std::string> names;
+    names.reserve(numbers.size());
     for (const int number : numbers)
         names.push_back(std::to_string(number));
     return names;

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 #include "picture/describing.h"
 #include "picture/words.h"
@@ -143,35 +144,45 @@ std::string IntervalText(const Chart& chart, const Interval& interval)
            end(interval.To, interval.ToText);
 }
 
-// Crossings of two lines: where the difference of their heights changes its sign.
+bool IsCurve(const Series& series)
+{
+    return series.Kind == SeriesKind::Line && series.Points.size() > 1 && series.Forbidden == Side::None &&
+           !series.Name.empty();
+}
+
+// Where two pieces cross; the last point of each belongs to the next piece.
+std::optional<Point> Crossing(const Point& a0, const Point& a1, const Point& b0, const Point& b1)
+{
+    const double det = (a1.X - a0.X) * (b1.Y - b0.Y) - (a1.Y - a0.Y) * (b1.X - b0.X);
+    if (det == 0) return std::nullopt;
+    const double s = ((b0.X - a0.X) * (b1.Y - b0.Y) - (b0.Y - a0.Y) * (b1.X - b0.X)) / det;
+    const double t = ((b0.X - a0.X) * (a1.Y - a0.Y) - (b0.Y - a0.Y) * (a1.X - a0.X)) / det;
+    if (s < 0 || s >= 1 || t < 0 || t >= 1) return std::nullopt;
+    return Point{a0.X + s * (a1.X - a0.X), a0.Y + s * (a1.Y - a0.Y)};
+}
+
+std::vector<Point> Crossings(const Series& a, const Series& b)
+{
+    std::vector<Point> crossings;
+    for (std::size_t p = 0; p + 1 < a.Points.size(); ++p)
+        for (std::size_t q = 0; q + 1 < b.Points.size(); ++q)
+            if (const auto at = Crossing(a.Points[p], a.Points[p + 1], b.Points[q], b.Points[q + 1]))
+                crossings.push_back(*at);
+    return crossings;
+}
+
 void TellCrossings(const Chart& chart, Lines& lines)
 {
-    const auto isCurve = [](const Series& s) {
-        return s.Kind == SeriesKind::Line && s.Points.size() > 1 && s.Forbidden == Side::None &&
-               !s.Name.empty();
-    };
     constexpr int kMost = 12;
     int told = 0;
     for (std::size_t i = 0; i < chart.Curves.size(); ++i)
         for (std::size_t j = i + 1; j < chart.Curves.size(); ++j) {
             const Series& a = chart.Curves[i];
             const Series& b = chart.Curves[j];
-            if (!isCurve(a) || !isCurve(b)) continue;
-            for (std::size_t p = 0; p + 1 < a.Points.size() && told < kMost; ++p)
-                for (std::size_t q = 0; q + 1 < b.Points.size() && told < kMost; ++q) {
-                    const Point& a0 = a.Points[p];
-                    const Point& a1 = a.Points[p + 1];
-                    const Point& b0 = b.Points[q];
-                    const Point& b1 = b.Points[q + 1];
-                    const double det = (a1.X - a0.X) * (b1.Y - b0.Y) - (a1.Y - a0.Y) * (b1.X - b0.X);
-                    if (det == 0) continue;
-                    const double s = ((b0.X - a0.X) * (b1.Y - b0.Y) - (b0.Y - a0.Y) * (b1.X - b0.X)) / det;
-                    const double t = ((b0.X - a0.X) * (a1.Y - a0.Y) - (b0.Y - a0.Y) * (a1.X - a0.X)) / det;
-                    if (s < 0 || s >= 1 || t < 0 || t >= 1) continue;
-                    lines.push_back(a.Name + " and " + b.Name + " cross at " +
-                                    At(chart, {a0.X + s * (a1.X - a0.X), a0.Y + s * (a1.Y - a0.Y)}) + ".");
-                    ++told;
-                }
+            if (!IsCurve(a) || !IsCurve(b)) continue;
+            for (const Point& at : Crossings(a, b))
+                if (++told <= kMost)
+                    lines.push_back(a.Name + " and " + b.Name + " cross at " + At(chart, at) + ".");
         }
 }
 

@@ -76,7 +76,7 @@ std::string Percent(std::string_view chance)
 
 std::string Chance(double value, int decimals)
 {
-    const std::string printed = Format(value, Pattern(decimals));
+    std::string printed = Format(value, Pattern(decimals));
     const double least = std::pow(10.0, -decimals);
     if (value > 0 && printed == Format(0.0, Pattern(decimals)))
         return "below " + Format(least, Pattern(decimals));

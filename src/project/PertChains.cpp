@@ -159,6 +159,7 @@ std::string CompletionText(const PertProblem& problem, const PertResult& result)
 std::vector<std::string> NamesOf(const PertProblem& problem, const std::vector<int>& activities)
 {
     std::vector<std::string> names;
+    names.reserve(activities.size());
     for (const int activity : activities)
         names.push_back(problem.ActivityName(activity));
     return names;

@@ -10,6 +10,18 @@
 namespace VtPert_CPM {
 namespace {
 
+// The weighted mean of the three estimates.
+std::string ExpectedTime(const std::string& name, const std::string& a, const std::string& m,
+                         const std::string& b)
+{
+    return name + ": (" + a + " + 4 * " + m + " + " + b + ") / 6 = ";
+}
+
+std::string SpreadTerm(const std::string& a, const std::string& b)
+{
+    return ", ((" + b + " - " + a + ") / 6)^2 = ";
+}
+
 using picture::Listed;
 using picture::Step;
 using Rows = std::vector<std::vector<std::string>>;
@@ -53,8 +65,7 @@ private:
             const std::string time = Time(TimeOfActivity(i));
             const std::string variance = Format(problem_.TimeVariance(i).Value(), "0.00");
             rows.push_back({Name(i), a, m, b, time, variance});
-            step.Arithmetic.push_back(Name(i) + ": (" + a + " + 4 * " + m + " + " + b + ") / 6 = " + time +
-                                      ", ((" + b + " - " + a + ") / 6)^2 = " + variance);
+            step.Arithmetic.push_back(ExpectedTime(Name(i), a, m, b) + time + SpreadTerm(a, b) + variance);
         }
         step.Figures = picture::Aligned(rows);
         step.Why =

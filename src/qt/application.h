@@ -38,7 +38,7 @@ private:
 
     bool Prevents(QObject* receiver, const QEvent& event);
     bool PreventsCommand(const QObject& item);
-    bool AsksForHelp(const QObject& receiver, const QEvent& event) const;
+    [[nodiscard]] bool AsksForHelp(const QObject& receiver, const QEvent& event) const;
     [[nodiscard]] const Guarded* FocusGuard() const;
     [[nodiscard]] static bool Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event);
     bool Allows(const Guarded& guard);

@@ -89,11 +89,11 @@ private:
                               Qt::AlignVCenter | Qt::AlignRight, ToQt(chart_.Y.Names[i]));
         }
         painter_.setPen(QPen(look_.Grid, 1));
-        const auto columns = static_cast<double>(chart_.X.Names.size());
-        const auto rows = static_cast<double>(chart_.Y.Names.size());
-        for (double row = 1; row <= rows + 1; ++row)
+        const auto columns = static_cast<int>(chart_.X.Names.size());
+        const auto rows = static_cast<int>(chart_.Y.Names.size());
+        for (int row = 1; row <= rows + 1; ++row)
             painter_.drawLine(CellAt(1, row).topLeft(), CellAt(columns + 1, row).topLeft());
-        for (double column = 1; column <= columns + 1; ++column)
+        for (int column = 1; column <= columns + 1; ++column)
             painter_.drawLine(CellAt(column, 1).topLeft(), CellAt(column, rows + 1).topLeft());
     }
 

@@ -15,7 +15,6 @@
 namespace qt {
 namespace {
 
-using picture::Axis;
 using picture::Chart;
 using picture::Direction;
 using picture::Interval;
@@ -277,34 +276,41 @@ private:
 
     // ---- axes ----
 
+    [[nodiscard]] QRectF AreaOf(const picture::Band& band) const
+    {
+        const bool across = band.Across == Direction::X;
+        const auto end = [&](const std::optional<double>& value, double edge) {
+            if (!value) return edge;
+            return across ? std::clamp(AtX(*value), plot_.left(), plot_.right())
+                          : std::clamp(AtY(*value), plot_.top(), plot_.bottom());
+        };
+        QRectF area = plot_;
+        if (across) {
+            area.setLeft(end(band.From, plot_.left()));
+            area.setRight(end(band.To, plot_.right()));
+        } else {
+            area.setBottom(end(band.From, plot_.bottom()));
+            area.setTop(end(band.To, plot_.top()));
+        }
+        return area.normalized();
+    }
+
+    // An open end has no edge.
+    void DrawEdges(const picture::Band& band, const QRectF& area)
+    {
+        painter_.setPen(QPen(look_.Of(band.As).Stroke, 1));
+        const bool across = band.Across == Direction::X;
+        if (band.From) painter_.drawLine(area.bottomLeft(), across ? area.topLeft() : area.bottomRight());
+        if (band.To) painter_.drawLine(area.topRight(), across ? area.bottomRight() : area.topLeft());
+    }
+
     void DrawBands()
     {
         for (const picture::Band& band : chart_.Bands) {
-            const bool across = band.Across == Direction::X;
-            const auto end = [&](const std::optional<double>& value, double edge) {
-                if (!value) return edge;
-                return across ? std::clamp(AtX(*value), plot_.left(), plot_.right())
-                              : std::clamp(AtY(*value), plot_.top(), plot_.bottom());
-            };
-            QRectF area = plot_;
-            if (across) {
-                area.setLeft(end(band.From, plot_.left()));
-                area.setRight(end(band.To, plot_.right()));
-            } else {
-                area.setBottom(end(band.From, plot_.bottom()));
-                area.setTop(end(band.To, plot_.top()));
-            }
-            area = area.normalized();
+            const QRectF area = AreaOf(band);
             painter_.fillRect(area, look_.Of(band.As).Fill);
             if (look_.Of(band.As).Hatched) painter_.fillRect(area, look_.Brush(band.As));
-            painter_.setPen(QPen(look_.Of(band.As).Stroke, 1));
-            if (across) {
-                if (band.From) painter_.drawLine(area.topLeft(), area.bottomLeft());
-                if (band.To) painter_.drawLine(area.topRight(), area.bottomRight());
-            } else {
-                if (band.From) painter_.drawLine(area.bottomLeft(), area.bottomRight());
-                if (band.To) painter_.drawLine(area.topLeft(), area.topRight());
-            }
+            DrawEdges(band, area);
             AddItem(RectPath(area), BandTip(band), {});
             labels_.Add({.Text = ToQt(band.Text),
                          .As = band.As,

@@ -304,8 +304,8 @@ private:
                 row + 1 == node.Lines.size() ? place.bottom() : first + line * static_cast<double>(row + 1);
             if (row > 0) painter_.drawLine(QPointF(place.left(), top), QPointF(place.right(), top));
             const auto fields =
-                static_cast<double>(std::count(node.Lines[row].begin(), node.Lines[row].end(), '\t') + 1);
-            for (double field = 1; field < fields; ++field) {
+                static_cast<int>(std::count(node.Lines[row].begin(), node.Lines[row].end(), '\t')) + 1;
+            for (int field = 1; field < fields; ++field) {
                 const double x = place.left() + place.width() * field / fields;
                 painter_.drawLine(QPointF(x, top), QPointF(x, bottom));
             }

@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QLineF>
 #include <QPainter>
+#include <QtMath>
 #include <cmath>
 
 #include "qt/chartview.h"
@@ -71,7 +72,9 @@ void StrokesAlong(QPainter& painter, const QPainterPath& path, double apart, dou
                   double slant)
 {
     const double length = path.length();
-    for (double at = apart / 2; at < length; at += apart) {
+    const int strokes = qCeil(length / apart - 0.5);
+    for (int stroke = 0; stroke < strokes; ++stroke) {
+        const double at = (stroke + 0.5) * apart;
         const double share = path.percentAtLength(at);
         const QPointF middle = path.pointAtPercent(share);
         const double angle = path.angleAtPercent(share) * M_PI / 180;

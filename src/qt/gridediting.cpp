@@ -193,7 +193,7 @@ bool EntryGrid::Passes(int row, int column, const QString& text)
     return answer == KeyAnswer::Taken;
 }
 
-bool EntryGrid::Store(int row, int column, const QString& text)
+bool EntryGrid::Store(int row, int column, const QString& text) const
 {
     bool stored = false;  // nor is a number that does not fit
     Trap([&] { stored = rules_.Commit(row, column, FromQt(text)); });

@@ -81,15 +81,19 @@ std::vector<QRectF> Labels::AtRule(const QString& text, picture::Role role, cons
     const QSizeF size = Size(text, role);
     std::vector<QRectF> places;
     if (line.dx() == 0) {
-        for (double y = line.y1() + 1; y + size.height() < line.y2(); y += size.height() + 2) {
+        double y = line.y1() + 1;
+        while (y + size.height() < line.y2()) {
             places.emplace_back(QPointF(line.x1() + kAway, y), size);
             places.emplace_back(QPointF(line.x1() - kAway - size.width(), y), size);
+            y += size.height() + 2;
         }
         return places;
     }
-    for (double x = line.x2() - size.width() - 1; x > line.x1(); x -= size.width() / 2 + 4) {
+    double x = line.x2() - size.width() - 1;
+    while (x > line.x1()) {
         places.emplace_back(QPointF(x, line.y1() - size.height() - 2), size);
         places.emplace_back(QPointF(x, line.y1() + 2), size);
+        x -= size.width() / 2 + 4;
     }
     return places;
 }
@@ -99,11 +103,13 @@ std::vector<QRectF> Labels::Inside(const QString& text, picture::Role role, cons
     const QSizeF size = Size(text, role);
     std::vector<QRectF> places;
     const QRectF shown = area & plot_;
-    for (double y = shown.top() + 2; y + size.height() <= plot_.bottom(); y += size.height() + 2) {
+    double y = shown.top() + 2;
+    while (y + size.height() <= plot_.bottom()) {
         const double middle = shown.center().x() - size.width() / 2;
         places.emplace_back(QPointF(std::max(plot_.left() + 2, middle), y), size);
         places.emplace_back(QPointF(shown.left() + 2, y), size);
         places.emplace_back(QPointF(shown.right() + 3, y), size);
+        y += size.height() + 2;
     }
     return places;
 }

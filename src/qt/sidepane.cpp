@@ -329,7 +329,7 @@ void SidePane::TellOpinion()
     const std::vector<picture::Sentence> told = Made(opinion_->Tell);
     meaning_->insert(meaning_->end(), told.begin(), told.end());
     opinion_.reset();
-    if (filled_[kMeaningTab]) ShowMeaning();
+    if (filled_.at(kMeaningTab)) ShowMeaning();
 }
 
 void SidePane::showEvent(QShowEvent* event)
@@ -356,8 +356,8 @@ void SidePane::FillTab()
 {
     Build();
     const int tab = tabs_->currentIndex();
-    if (tab < 0 || filled_[tab]) return;
-    filled_[tab] = true;
+    if (tab < 0 || filled_.at(static_cast<std::size_t>(tab))) return;
+    filled_.at(static_cast<std::size_t>(tab)) = true;
     if (tab == kPictureTab) FillPictures();
     if (tab == kStepsTab) FillSteps();
     if (tab == kMeaningTab) FillMeaning();

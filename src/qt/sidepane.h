@@ -4,6 +4,7 @@
 
 #include <QBasicTimer>
 #include <QWidget>
+#include <array>
 #include <atomic>
 #include <functional>
 #include <memory>
@@ -108,7 +109,7 @@ private:
     std::optional<std::vector<picture::Picture>> pictures_;
     std::optional<std::vector<picture::Step>> steps_;
     std::optional<std::vector<picture::Sentence>> meaning_;
-    bool filled_[3] = {};
+    std::array<bool, 3> filled_{};
     QBasicTimer look_;
     std::shared_ptr<BesideRun> opinion_;  // what was asked for the present sources
     bool asked_ = false;

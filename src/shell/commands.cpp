@@ -319,7 +319,7 @@ bool Prepared(const ModuleRoutines& routines)
 SolveOutcome SolveAndShow(const ModuleRoutines& routines)
 {
     desktop::TheScreen().SetPointer(Pointer::Hourglass);
-    const SolveOutcome outcome = routines.Solve();
+    SolveOutcome outcome = routines.Solve();
     ShowNotices(outcome.Before);
     if (outcome.Solved) ShowPage(routines, outcome.Caption);
     ShowNotices(outcome.After);
@@ -560,10 +560,10 @@ void SaveAsText()
             desktop::TheScreen().SetPointer(Pointer::Hourglass);
             Session.OutputDestination = "File";
             TextFileChannel channel;
-            std::optional<RuntimeError> failure;
-            Trap([&] { RunReports(channel); }, [&](const RuntimeError& error) { failure = error; });
+            std::optional<ErrorNumber> failure;
+            Trap([&] { RunReports(channel); }, [&](const RuntimeError& error) { failure = error.Number(); });
             channel.Save(path);  // a report that stops leaves the lines that it has come to
-            if (failure) throw *failure;
+            if (failure) Raise(*failure);
             desktop::TheScreen().SetPointer(Pointer::Normal);
         },
         ShowError);

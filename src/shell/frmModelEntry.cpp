@@ -25,10 +25,10 @@ void ModelEntryForm::Require(QLineEdit* box, qt::TextCheck check)
     fields_.push_back({box, std::move(check)});
 }
 
-void ModelEntryForm::CheckAtSolve(const QLineEdit* box, qt::TextCheck check)
+void ModelEntryForm::CheckAtSolve(const QLineEdit* box, const qt::TextCheck& check)
 {
     for (Field& field : fields_)
-        if (field.Box == box) field.Check = std::move(check);
+        if (field.Box == box) field.Check = check;
 }
 
 void ModelEntryForm::AddButtons()

@@ -23,7 +23,7 @@ protected:
                         std::string_view text, const char* labelName = "");
     void Require(QLineEdit* box, qt::TextCheck check);  // a box that was made in another way
     // What Solve and Save check of the box, where leaving it does more.
-    void CheckAtSolve(const QLineEdit* box, qt::TextCheck check);
+    void CheckAtSolve(const QLineEdit* box, const qt::TextCheck& check);
     void AddButtons();  // the last that a form states; the first box gets the focus
 
 private:

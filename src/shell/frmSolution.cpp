@@ -66,12 +66,6 @@ bool IsScrollKey(int key)
 }
 
 // Steps of the zoom that a key with Ctrl stands for; Plus may come as the key it shares.
-int ZoomSteps(int key)
-{
-    if (key == Qt::Key_Plus || key == Qt::Key_Equal) return 1;
-    return key == Qt::Key_Minus ? -1 : 0;
-}
-
 QToolButton* AddFindButton(QLayout* row, const char* name, const QString& caption, const QString& tip)
 {
     auto* button = new QToolButton;
@@ -160,14 +154,8 @@ bool frmSolution::TakeKey(QKeyEvent& key)
         gridSolution->selectAll();
     } else if (key.matches(QKeySequence::Find)) {
         OpenFindBar();
-    } else if (!key.modifiers().testFlag(Qt::ControlModifier)) {
-        return false;
-    } else if (key.key() == Qt::Key_0) {
-        Zoom(0);
-    } else if (const int steps = ZoomSteps(key.key()); steps != 0) {
-        Zoom(steps);
     } else {
-        return false;
+        return key.modifiers().testFlag(Qt::ControlModifier) && ZoomByKey(key.key());
     }
     return true;
 }
@@ -195,6 +183,24 @@ void frmSolution::Zoom(int steps)
     const int usual = PageFont().pointSize();
     zoom = steps == 0 ? 0 : qBound(kLeastPoints - usual, zoom + steps, kMostPoints - usual);
     ShowZoom();
+}
+
+bool frmSolution::ZoomByKey(int key)
+{
+    switch (key) {
+        case Qt::Key_0:
+            Zoom(0);
+            return true;
+        case Qt::Key_Plus:
+        case Qt::Key_Equal:
+            Zoom(1);
+            return true;
+        case Qt::Key_Minus:
+            Zoom(-1);
+            return true;
+        default:
+            return false;
+    }
 }
 
 // ---- finding ----

@@ -25,7 +25,8 @@ private:
     QPlainTextEdit* MakePage();
     QWidget* MakeFindBar();
     void ShowZoom();
-    void Zoom(int steps);  // 0: the size that it begins with
+    void Zoom(int steps);     // 0: the size that it begins with
+    bool ZoomByKey(int key);  // plus, minus and 0; false for others
     bool Scroll(QKeyEvent& key);
     void OpenFindBar();
     void CloseFindBar();

@@ -202,6 +202,7 @@ void AddPairs(const std::vector<Route>& pairs, Sentences& sentences)
 {
     if (pairs.empty() || pairs.size() > 2 * kMostNamed) return;
     std::vector<std::string> told;
+    told.reserve(pairs.size());
     for (const Route& pair : pairs)
         told.push_back((told.empty() ? "Agent " : "agent ") + std::to_string(pair.Origin) +
                        (told.empty() ? " takes task " : " task ") + std::to_string(pair.Destination));

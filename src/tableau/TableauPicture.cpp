@@ -148,7 +148,8 @@ void AddBlocks(const TableauProblem& problem, const std::vector<Route>& routes, 
     std::vector<std::int64_t> sent(static_cast<std::size_t>(problem.NumNodes) + 1);
     for (const Route& route : routes) {
         sent[static_cast<std::size_t>(route.Origin)] += route.Amount;
-        sent[static_cast<std::size_t>(problem.NumOrigins + route.Destination)] += route.Amount;
+        sent[static_cast<std::size_t>(problem.NumOrigins) + static_cast<std::size_t>(route.Destination)] +=
+            route.Amount;
     }
     for (int n = 1; n <= problem.NumNodes; ++n) {
         const bool left = n <= problem.NumOrigins;
