@@ -35,6 +35,7 @@ std::vector<Picture> Solved()
 std::vector<std::string> TitlesOf(const std::vector<Picture>& pictures)
 {
     std::vector<std::string> titles;
+    titles.reserve(pictures.size());
     for (const Picture& picture : pictures)
         titles.push_back(picture.Title);
     return titles;

@@ -150,6 +150,7 @@ TEST(ForecastMeaning, ManyForecastsHaveTheirEndsTold)
 TEST(ForecastMeaning, TheRoundingOfTheLineIsTold)
 {
     std::vector<double> thirds;
+    thirds.reserve(29);
     for (int t = 1; t <= 29; ++t)
         thirds.push_back(t / 3.0);
     Given(thirds);
@@ -240,6 +241,7 @@ TEST(ForecastMeaning, EverySeriesHasAResultAndAtMost12Sentences)
     for (int round = 0; round < 500; ++round) {
         const int n = 1 + static_cast<int>(random() % 100);
         std::vector<double> values;
+        values.reserve(static_cast<std::size_t>(n));
         for (int t = 0; t < n; ++t)
             values.push_back(static_cast<double>(random() % 200) - (random() % 3 == 0 ? 100 : 0));
         Given(values);

@@ -26,6 +26,7 @@ std::vector<Picture> Drawn(int method, std::string_view parameter, std::string_v
 std::vector<std::string> Titles(const std::vector<Picture>& pictures)
 {
     std::vector<std::string> titles;
+    titles.reserve(pictures.size());
     for (const Picture& drawn : pictures)
         titles.push_back(drawn.Title);
     return titles;
@@ -164,6 +165,7 @@ TEST(ForecastPicture, EverySeriesIsDrawnInsideItsAxes)
     for (int round = 0; round < 500; ++round) {
         const int n = 1 + static_cast<int>(random() % 100);
         std::vector<double> values;
+        values.reserve(static_cast<std::size_t>(n));
         for (int t = 0; t < n; ++t)
             values.push_back(static_cast<double>(random() % 200) - (random() % 3 == 0 ? 100 : 0));
         if (round % 11 == 0) values.assign(static_cast<std::size_t>(n), round % 2 == 0 ? 0.0 : 5.0);

@@ -35,6 +35,7 @@ const Step& Headed(const std::vector<Step>& steps, std::string_view start)
 std::vector<std::string> Headings(const std::vector<Step>& steps)
 {
     std::vector<std::string> headings;
+    headings.reserve(steps.size());
     for (const Step& step : steps)
         headings.push_back(step.Heading);
     return headings;
@@ -153,6 +154,7 @@ TEST(ForecastSteps, EverySeriesIsToldToItsResult)
     for (int round = 0; round < 200; ++round) {
         const int n = 2 + static_cast<int>(random() % 60);
         std::vector<double> values;
+        values.reserve(static_cast<std::size_t>(n));
         for (int t = 0; t < n; ++t)
             values.push_back(static_cast<double>(random() % 200));
         Given(values);

@@ -25,6 +25,7 @@ std::vector<Step> Solved()
 std::vector<std::string> HeadingsOf(const std::vector<Step>& steps)
 {
     std::vector<std::string> headings;
+    headings.reserve(steps.size());
     for (const Step& step : steps)
         headings.push_back(step.Heading);
     return headings;

@@ -29,6 +29,7 @@ std::vector<Picture> Drawn(const Rows& chain)
 std::vector<std::string> Titles(const std::vector<Picture>& pictures)
 {
     std::vector<std::string> titles;
+    titles.reserve(pictures.size());
     for (const Picture& drawn : pictures)
         titles.push_back(drawn.Title);
     return titles;

@@ -60,6 +60,7 @@ std::vector<TestArc> RandomArcs(std::mt19937& random, int nodes, int arcs)
     std::uniform_int_distribution<int> node(1, nodes);
     std::uniform_int_distribution<int> length(0, 5);
     std::vector<TestArc> network;
+    network.reserve(static_cast<std::size_t>(arcs));
     for (int k = 0; k < arcs; ++k)
         network.push_back({node(random), node(random), length(random) / 2.0});
     return network;

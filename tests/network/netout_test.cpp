@@ -78,6 +78,7 @@ TEST_F(NetworkReport, ARouteToItsOwnStartHasOneRow)
 TEST_F(NetworkReport, TheStarsAreAsLongAsTheHeading)
 {
     std::vector<TestArc> arcs;
+    arcs.reserve(20);
     for (int n = 1; n < 20; ++n)
         arcs.push_back({n, n + 1, 1});
     for (const auto& [start, end] :

@@ -118,6 +118,7 @@ inline void ExpectSound(const std::vector<picture::Step>& steps,
 inline std::vector<std::string> TextsOf(const std::vector<picture::Sentence>& sentences)
 {
     std::vector<std::string> texts;
+    texts.reserve(sentences.size());
     for (const auto& sentence : sentences)
         texts.push_back(sentence.Text);
     return texts;

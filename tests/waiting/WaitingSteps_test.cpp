@@ -27,6 +27,7 @@ std::vector<Step> Told()
 std::vector<std::string> Headings(const std::vector<Step>& steps)
 {
     std::vector<std::string> headings;
+    headings.reserve(steps.size());
     for (const Step& step : steps)
         headings.push_back(step.Heading);
     return headings;
