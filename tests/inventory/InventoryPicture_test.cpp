@@ -73,8 +73,11 @@ double Tail(double z)
 {
     constexpr double kWidth = 1e-4;
     double sum = 0;
-    for (double x = z + kWidth / 2; x < 9; x += kWidth)
+    double x = z + kWidth / 2;
+    while (x < 9) {
         sum += std::exp(-x * x / 2) * kWidth;
+        x += kWidth;
+    }
     return sum / std::sqrt(2 * std::acos(-1.0));
 }
 

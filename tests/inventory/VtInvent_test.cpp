@@ -22,7 +22,6 @@ using testing::HasSubstr;
 namespace {
 
 using VtInvent::Problem;
-using VtInvent::Result;
 
 constexpr int kModule = 8;
 
