@@ -119,7 +119,7 @@ private:
     // ---- one cell (gridediting.cpp) ----
     bool Commit(bool always);
     bool Passes(int row, int column, const QString& text);
-    bool Store(int row, int column, const QString& text) const;
+    [[nodiscard]] bool Store(int row, int column, const QString& text) const;
     void TakeRefusal(int row, int column, const QString& former);
     void TypeText(const QString& text);
     void TypeCharacter(QChar character);

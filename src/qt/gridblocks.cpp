@@ -162,7 +162,7 @@ bool EntryGrid::EnterText(int row, int column, const QString& text)
     const bool stored = Store(row, column, text);
     if (!stored) {
         model_->SetText(row, column, rules_.RestoresRefused ? former : QString());
-        if (!rules_.RestoresRefused) Store(row, column, {});
+        if (!rules_.RestoresRefused) static_cast<void>(Store(row, column, {}));
     }
     if (rules_.Edited) rules_.Edited(row, column);
     return stored;

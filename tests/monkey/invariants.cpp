@@ -355,7 +355,7 @@ std::string WhatBoxesDoNotHold()
         for (QWidget* window : QApplication::topLevelWidgets()) {
             const QWidget* form = window->objectName() == name ? window : window->findChild<QWidget*>(name);
             if (form == nullptr || !form->isVisible()) continue;
-            const std::string wrong =
+            std::string wrong =
                 form->objectName() == "frmPERT_CPM" ? WrongProject(*form) : WrongModelForm(*form);
             if (!wrong.empty()) return wrong;
         }

@@ -141,7 +141,7 @@ AllTrees TreesOf(const Joined& joined, int nodes)
 {
     std::vector<std::pair<std::pair<int, int>, int>> links;
     for (const auto& link : joined)
-        if (link.first.first < link.first.second) links.push_back(link);
+        if (link.first.first < link.first.second) links.emplace_back(link);
     AllTrees trees;
     for (unsigned chosen = 0; chosen < (1U << links.size()); ++chosen) {
         std::vector<std::pair<int, int>> arcs;
