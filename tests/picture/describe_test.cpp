@@ -4,7 +4,6 @@
 
 using namespace picture;
 using testing::Contains;
-using testing::Eq;
 
 namespace {
 

@@ -71,7 +71,9 @@ TEST(Region, HasTheCornersThatAllPairsOfLinesGive)
     int regions = 0;
     for (int i = 0; i < 3000; ++i) {
         std::vector<HalfPlane> halves;
-        for (int k = 0; k < 1 + i % 5; ++k)
+        const int count = 1 + i % 5;
+        halves.reserve(static_cast<std::size_t>(count));
+        for (int k = 0; k < count; ++k)
             halves.push_back({static_cast<double>(whole(random)), static_cast<double>(whole(random)),
                               static_cast<double>(10 * whole(random))});
         const std::vector<Point> region = picture::Region(window, halves, 1e-12);

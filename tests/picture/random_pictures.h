@@ -2,6 +2,7 @@
 // and tiny values, long and empty texts.
 #pragma once
 
+#include <array>
 #include <random>
 #include <string>
 
@@ -32,22 +33,22 @@ private:
 
     std::string Text()
     {
-        static const char* const kTexts[] = {"",
-                                             "A",
-                                             "TABLES",
-                                             "Destination 12",
-                                             "1,234,567.890",
-                                             "a name that is rather long",
-                                             "\xC3\xA4\xC3\xB6\xC3\xBC",
-                                             "x\ty",
-                                             "&amp; <b>"};
-        return kTexts[Below(9)];
+        static const std::array<const char*, 9> kTexts = {"",
+                                                          "A",
+                                                          "TABLES",
+                                                          "Destination 12",
+                                                          "1,234,567.890",
+                                                          "a name that is rather long",
+                                                          "\xC3\xA4\xC3\xB6\xC3\xBC",
+                                                          "x\ty",
+                                                          "&amp; <b>"};
+        return kTexts.at(static_cast<std::size_t>(Below(9)));
     }
 
     double Value()
     {
-        static const double kScales[] = {1, 1, 1, 100, 1e-6, 1e9, 0};
-        return kScales[Below(7)] * (Below(2001) - 1000) / 1000;
+        static const std::array<double, 7> kScales = {1, 1, 1, 100, 1e-6, 1e9, 0};
+        return kScales.at(static_cast<std::size_t>(Below(7))) * (Below(2001) - 1000) / 1000;
     }
 
     picture::Role AnyRole() { return static_cast<picture::Role>(Below(11)); }

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <array>
 
 #include "picture/random_pictures.h"
 #include "qt/colors.h"
@@ -34,22 +35,23 @@ QPalette Ground(const QColor& base, const QColor& text)
     return palette;
 }
 
-const picture::Role kRoles[] = {Role::Plain,  Role::Past,  Role::Chosen,     Role::Critical,
-                                Role::Best,   Role::Limit, Role::Infeasible, Role::Forecast,
-                                Role::Second, Role::Spare, Role::NotTaken};
+const std::array<picture::Role, 11> kRoles = {Role::Plain,  Role::Past,  Role::Chosen,     Role::Critical,
+                                              Role::Best,   Role::Limit, Role::Infeasible, Role::Forecast,
+                                              Role::Second, Role::Spare, Role::NotTaken};
 
 }  // namespace
 
 TEST(PictureView, RandomPicturesArePaintedAtAnySize)
 {
     random_pictures::Maker maker(20);
-    const QPalette palettes[] = {Ground(Qt::white, Qt::black), Ground(QColor(0x1E, 0x1E, 0x1E), Qt::white),
-                                 Ground(Qt::black, Qt::yellow)};
+    const std::array<QPalette, 3> palettes = {Ground(Qt::white, Qt::black),
+                                              Ground(QColor(0x1E, 0x1E, 0x1E), Qt::white),
+                                              Ground(Qt::black, Qt::yellow)};
     constexpr int kPictures = 1500;
     for (int i = 0; i < kPictures; ++i) {
         const picture::Picture picture = maker.Next();
         qt::PictureCanvas canvas(nullptr);
-        canvas.setPalette(palettes[i % 3]);
+        canvas.setPalette(palettes.at(static_cast<std::size_t>(i % 3)));
         canvas.SetPicture(&picture);
         canvas.FitTo({260 + maker.Below(600), 120 + maker.Below(600)});
         const QRectF page = QRectF(canvas.rect()).adjusted(-60, -60, 60, 60);
@@ -202,8 +204,8 @@ TEST(Look, TellsRolesApartWithoutColour)
         const qt::RoleLook of = look.Of(role);
         return std::make_tuple(of.Width, of.Dashes, of.Mark, of.Bold, of.Hatched, of.Crossed);
     };
-    const Role different[] = {Role::Plain,    Role::Chosen, Role::Limit, Role::Infeasible,
-                              Role::Forecast, Role::Second, Role::Spare};
+    const std::array<Role, 7> different = {Role::Plain,    Role::Chosen, Role::Limit, Role::Infeasible,
+                                           Role::Forecast, Role::Second, Role::Spare};
     for (const Role a : different)
         for (const Role b : different)
             EXPECT_EQ(shape(a) == shape(b), a == b) << WordFor(a) << " and " << WordFor(b);
