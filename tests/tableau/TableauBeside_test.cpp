@@ -398,6 +398,24 @@ std::string LineWith(const picture::Step& step, const std::string& begin)
     return {};
 }
 
+// What the whole network costs, in the sense of minimising, with the penalty of unmet demands.
+static double CostOf(const Tableau::TreeState& state)
+{
+    const double sense = Result.Maximize ? -1 : 1;
+    double dearest = 0;
+    for (int e = 1; e <= Problem.NumArcs; ++e)
+        dearest = std::max(dearest, Problem.ArcCost(e).Value());
+    double sum = 0;
+    for (int n = 1; n <= Problem.NumNodes; ++n) {
+        const int arc = std::abs(state.BasicArc(n));
+        if (arc <= Problem.NumArcs)
+            sum += sense * state.BasicFlow(n) * Problem.ArcCost(arc).Value();
+        else if (Problem.NodeSupply(arc - Problem.NumArcs) < 0)
+            sum += state.BasicFlow(n) * dearest * Problem.NumNodes;
+    }
+    return sum;
+}
+
 // Each change lowers the cost of the whole network, penalty included, by its gain times its amount; its cycle
 // keeps what every node gets; the last tree is the result's.
 TEST(TableauSteps, RandomRunsAddUpAndEndAtTheResult)
@@ -409,27 +427,12 @@ TEST(TableauSteps, RandomRunsAddUpAndEndAtTheResult)
         Solve();
         Tableau::Trace trace;
         Tableau::TaSolve(Problem, Result.Maximize, &trace);
-        const double sense = Result.Maximize ? -1 : 1;
-        double dearest = 0;
-        for (int e = 1; e <= Problem.NumArcs; ++e)
-            dearest = std::max(dearest, Problem.ArcCost(e).Value());
-        const auto cost = [&](const Tableau::TreeState& state) {
-            double sum = 0;
-            for (int n = 1; n <= Problem.NumNodes; ++n) {
-                const int arc = std::abs(state.BasicArc(n));
-                if (arc <= Problem.NumArcs)
-                    sum += sense * state.BasicFlow(n) * Problem.ArcCost(arc).Value();
-                else if (Problem.NodeSupply(arc - Problem.NumArcs) < 0)
-                    sum += state.BasicFlow(n) * dearest * Problem.NumNodes;
-            }
-            return sum;
-        };
-        double before = cost(trace.First);
+        double before = CostOf(trace.First);
         for (const auto& change : trace.Changes) {
             ASSERT_GT(change.Gain, 0);
             ASSERT_GE(change.Gain, change.RunnerUpGain);
-            ASSERT_NEAR(cost(change.After), before - change.Gain / Tableau::kCostScale * change.Step, 1e-6);
-            before = cost(change.After);
+            ASSERT_NEAR(CostOf(change.After), before - change.Gain / Tableau::kCostScale * change.Step, 1e-6);
+            before = CostOf(change.After);
             std::map<int, int> balance;
             for (const auto& arc : change.Cycle) {
                 balance[Tableau::TailOf(Problem, arc.Arc)] += arc.Sign;
