@@ -3,10 +3,9 @@
 
 #include "basic/error.h"
 #include "basic/number.h"
+#include "basic/numbertext.h"
 #include "basic/records.h"
 #include "input.h"
-#include "shell/session.h"
-#include "tableau/tanumchk.h"
 
 namespace {
 
@@ -36,6 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             reader.ReadString();
     });
 
-    if (IsNumeric(text)) Claim(Session.CheckText.find(',') == std::string::npos);
+    const NumberText number = ReadNumberText(text);
+    if (number.IsNumber) Claim(number.Text.find(',') == std::string::npos);
+    MayRaise([&number] { Claim(!number.IsNumber || std::isfinite(number.Value())); });
     return 0;
 }

@@ -65,7 +65,8 @@ private:
             const std::string time = Time(TimeOfActivity(i));
             const std::string variance = Format(problem_.TimeVariance(i).Value(), "0.00");
             rows.push_back({Name(i), a, m, b, time, variance});
-            step.Arithmetic.push_back(ExpectedTime(Name(i), a, m, b) + time + SpreadTerm(a, b) + variance);
+            step.Arithmetic.push_back(
+                ExpectedTime(Name(i), a, m, b).append(time).append(SpreadTerm(a, b)).append(variance));
         }
         step.Figures = picture::Aligned(rows);
         step.Why =

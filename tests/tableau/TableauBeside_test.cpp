@@ -399,7 +399,7 @@ std::string LineWith(const picture::Step& step, const std::string& begin)
 }
 
 // What the whole network costs, in the sense of minimising, with the penalty of unmet demands.
-static double CostOf(const Tableau::TreeState& state)
+double CostOf(const Tableau::TreeState& state)
 {
     const double sense = Result.Maximize ? -1 : 1;
     double dearest = 0;
