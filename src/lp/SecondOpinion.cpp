@@ -88,8 +88,8 @@ std::vector<double> ReceiveAll(int socket)
     return numbers;
 }
 
-// The answer to a question; empty when none came.
-std::vector<double> Asked(const std::vector<double>& question)
+// The answer to a question; empty when none came. Who waits at the socket is woken by its end.
+std::vector<double> Asked(const std::vector<double>& question, const std::stop_token& stop)
 {
     std::array<int, 2> ends{};
     if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return {};
@@ -97,6 +97,7 @@ std::vector<double> Asked(const std::vector<double>& question)
     close(ends[1]);
     std::vector<double> answer;
     if (child > 0) {
+        const std::stop_callback wake(stop, [socket = ends[0]] { shutdown(socket, SHUT_RDWR); });
         SendAll(ends[0], question);
         answer = ReceiveAll(ends[0]);
         kill(child, SIGKILL);  // it has answered, or never will
@@ -113,7 +114,7 @@ bool IsInstalled()
     return false;
 }
 
-std::vector<double> Asked(const std::vector<double>& /*question*/)
+std::vector<double> Asked(const std::vector<double>& /*question*/, const std::stop_token& /*stop*/)
 {
     return {};
 }
@@ -257,12 +258,12 @@ bool KeepsToLimits(const LpResult& result, const std::vector<double>& values)
 }
 
 // A solver that breaks down is asked once more without its finer means.
-OtherResult AskOther(const LpResult& result)
+OtherResult AskOther(const LpResult& result, const std::stop_token& stop)
 {
     OtherResult other;
     if (!IsInstalled()) return other;
-    std::vector<double> answer = Asked(QuestionOf(result, false));
-    if (answer.size() < 2) answer = Asked(QuestionOf(result, true));
+    std::vector<double> answer = Asked(QuestionOf(result, false), stop);
+    if (answer.size() < 2 && !stop.stop_requested()) answer = Asked(QuestionOf(result, true), stop);
     other.End = answer.size() < 2 ? OtherEnd::Failed : EndOf(static_cast<int>(answer[0]));
     const auto count = static_cast<std::size_t>(result.Problem.NumVariables);
     if (answer.size() != count + 2) return other;

@@ -3,7 +3,7 @@
 // program (lp/opinion/opinion.h), loaded when it is first asked.
 #pragma once
 
-#include <functional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -24,8 +24,9 @@ struct OtherResult {
 // Where the other program stands; the program's own folder unless it is set.
 void SetOpinionFolder(const std::string& folder);
 
-// Asks the other solver, for two seconds at most. May run beside the program, on a result of its own.
-OtherResult AskOther(const LpResult& result);
+// Asks the other solver, for two seconds at most, or until it is told to stop: then it has failed, at once.
+// May run beside the program, on a result of its own.
+OtherResult AskOther(const LpResult& result, const std::stop_token& stop = {});
 
 // Whether the values keep to all limits and signs and are whole where they must be, as far as doubles can
 // say: the sums are taken without rounding.

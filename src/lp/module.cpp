@@ -84,8 +84,8 @@ SecondInquiry SecondOpinion()
 {
     const auto result = std::make_shared<const LP_Engine::LpResult>(LP_Engine::Result);
     if (!result->Solved || result->NumColumns == 0) return {};
-    return [result]() -> SecondTelling {
-        const LP_Engine::OtherResult other = LP_Engine::AskOther(*result);
+    return [result](const std::stop_token& stop) -> SecondTelling {
+        const LP_Engine::OtherResult other = LP_Engine::AskOther(*result, stop);
         return [result, other] { return LP_Engine::Compared(*result, other); };
     };
 }

@@ -83,9 +83,9 @@ void SidePane::Build()
             [this](const QPoint& at) { ShowStepsMenu(list_->viewport()->mapToGlobal(at)); });
 }
 
-// A run that nobody waits for any more still has to end, a few seconds later at most.
 SidePane::~SidePane()
 {
+    DropOpinion();
     for (auto& [thread, run] : threads_)
         thread.join();
 }
@@ -253,9 +253,8 @@ void SidePane::SetSources(PaneSources sources)
     pictures_.reset();
     steps_.reset();
     meaning_.reset();
-    opinion_.reset();
+    DropOpinion();
     asked_ = false;
-    wait_.stop();
     for (bool& filled : filled_)
         filled = false;
     if (tabs_ != nullptr) {
@@ -300,6 +299,13 @@ const std::vector<picture::Sentence>& SidePane::WholeMeaning()
     return *meaning_;
 }
 
+void SidePane::DropOpinion()
+{
+    wait_.stop();
+    if (opinion_) opinion_->Stop.request_stop();
+    opinion_.reset();
+}
+
 void SidePane::AskOpinion()
 {
     if (asked_ || !sources_.Opinion) return;
@@ -312,7 +318,7 @@ void SidePane::AskOpinion()
     opinion_ = std::make_shared<BesideRun>();
     threads_.emplace_back(std::thread([run = opinion_, inquiry = std::move(inquiry)] {
                               try {
-                                  run->Tell = inquiry();
+                                  run->Tell = inquiry(run->Stop.get_token());
                               } catch (const RuntimeError&) {
                                   run->Tell = {};  // nothing came of it
                               }

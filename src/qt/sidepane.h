@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -35,9 +36,10 @@ struct PaneSources {
     std::function<std::vector<picture::Picture>()> Pictures = {};
     std::function<std::vector<picture::Step>()> Steps = {};
     std::function<std::vector<picture::Sentence>()> Meaning = {};
-    // A second opinion: asked in a thread of its own, told in this one.
+    // A second opinion: asked in a thread of its own, which ends when it is told to stop; told in this one.
     using Telling = std::function<std::vector<picture::Sentence>()>;
-    std::function<std::function<Telling()>()> Opinion = {};
+    using Inquiry = std::function<Telling(const std::stop_token& stop)>;
+    std::function<Inquiry()> Opinion = {};
 
     [[nodiscard]] bool AreMissing() const { return !Pictures && !Steps && !Meaning; }
 };
@@ -45,6 +47,7 @@ struct PaneSources {
 // An inquiry under way. The telling is there once it is done.
 struct BesideRun {
     PaneSources::Telling Tell;
+    std::stop_source Stop;
     std::atomic<bool> Done = false;
 };
 
@@ -92,6 +95,7 @@ private:
     void FillMeaning();
     void ShowMeaning();
     void AskOpinion();   // once
+    void DropOpinion();  // nobody waits for it any more
     void TellOpinion();  // behind the meaning, when it has come
     void ShowPicture(std::size_t number);
     void ShowStep(int row);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,10 +40,10 @@ struct SolveOutcome {
 // When "Solving Problem . . ." stays in the indicator behind a solve, until something else is shown there.
 enum class StatusStays { Never, BehindReport, WithoutReport };
 
-// A second opinion: an inquiry that runs beside the program, in a thread of its own, and what is to be told
-// of it, in the program's. An empty inquiry asks nothing.
+// A second opinion: an inquiry that runs beside the program, in a thread of its own, until it has come to its
+// end or is told to stop, and what is to be told of it, in the program's. An empty inquiry asks nothing.
 using SecondTelling = std::function<std::vector<picture::Sentence>()>;
-using SecondInquiry = std::function<SecondTelling()>;
+using SecondInquiry = std::function<SecondTelling(const std::stop_token& stop)>;
 
 // The routines of a module. Those marked "may be missing" are left empty where the module has no use for
 // them.

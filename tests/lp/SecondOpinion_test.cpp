@@ -2,6 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <cmath>
+#include <random>
+#include <stop_token>
+#include <thread>
+
 #include "lp/lp_problem.h"
 #include "support/fake_desktop.h"
 
@@ -146,6 +152,47 @@ TEST_F(SecondOpinion, TheOtherSolverTellsOptimumInfeasibleAndUnbounded)
     EXPECT_EQ(LP_Engine::AskOther(Result).End, OtherEnd::Unbounded);
     SolveInteger({false, {4, 4, 2, 12, 10}, {{{16, 15, 7, 7, 20}, '<', 73}}}, {"DIN"});
     EXPECT_EQ(LP_Engine::AskOther(Result).Objective, 120);
+}
+
+// Equal halves of random weights, in five rows at once: many seconds for any branch and bound (G. Cornuejols,
+// M. Dawande, 1998).
+Lp MarketSplit()
+{
+    constexpr int kRows = 5;
+    constexpr int kColumns = 40;
+    std::mt19937 random(5);
+    Lp lp{false, std::vector<double>(kColumns, 1), {}};
+    for (int i = 0; i < kRows; ++i) {
+        LpRow row{{}, '=', 0};
+        double sum = 0;
+        for (int j = 0; j < kColumns; ++j) {
+            row.Coefficients.push_back(std::uniform_int_distribution<int>(0, 99)(random));
+            sum += row.Coefficients.back();
+        }
+        row.RightHandSide = std::floor(sum / 2);
+        lp.Rows.push_back(row);
+    }
+    return lp;
+}
+
+TEST_F(SecondOpinion, AnInquiryEndsAtOnceWhenItIsToldToStop)
+{
+    LP_Engine::SetOpinionFolder(VANTREL_OPINION_FOLDER);
+    desktop.screen.escapePressed = true;  // the search itself does not matter
+    SolveInteger(MarketSplit(), {"DBI"});
+    const auto begun = std::chrono::steady_clock::now();
+    std::stop_source stop;
+    std::thread patience([&stop] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        stop.request_stop();
+    });
+    const OtherResult other = LP_Engine::AskOther(Result, stop.get_token());
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begun;
+    patience.join();
+    EXPECT_EQ(other.End, OtherEnd::Failed);
+    EXPECT_GE(taken.count(), 0.2);
+    EXPECT_LT(taken.count(), 1);  // the solver would take two seconds
+    EXPECT_EQ(LP_Engine::AskOther(Result, stop.get_token()).End, OtherEnd::Failed);
 }
 
 #endif

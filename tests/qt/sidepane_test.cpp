@@ -11,6 +11,10 @@
 #include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
+#include <atomic>
+#include <chrono>
+#include <stop_token>
+#include <thread>
 
 #include "desktop/desktop.h"
 #include "qt/besidesplitter.h"
@@ -226,6 +230,43 @@ TEST_F(Beside, MeaningIsPlainTextAndTellsCautions)
     Tabs()->setCurrentIndex(2);
     LetItWork();
     EXPECT_EQ(Pane().findChild<QTextEdit*>()->toPlainText(), "Make 3 of A.\nCaution: A <b> & c.");
+}
+
+// Who leaves the report or closes the window does not wait for a solver: it is told to stop.
+TEST_F(Beside, LeavingTheReportStopsTheSecondOpinion)
+{
+    constexpr int kPatience = 20000;  // milliseconds
+    std::atomic<int> ended = 0;
+    std::atomic<int> stopped = 0;
+    const auto ask = [&] {
+        return [&](const std::stop_token& stop) {
+            for (int i = 0; i < kPatience && !stop.stop_requested(); ++i)
+                std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            stopped += stop.stop_requested() ? 1 : 0;
+            ++ended;
+            return qt::PaneSources::Telling();
+        };
+    };
+    qt::PaneSources sources = Counted();
+    sources.Opinion = ask;
+    splitter_.ShowBesideReport(sources, 400);
+    LetItWork();
+    Tabs()->setCurrentIndex(2);
+    LetItWork();
+    EXPECT_EQ(ended, 0);
+    splitter_.Remove();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ended == 1; }));
+    EXPECT_EQ(stopped, 1);
+    {
+        qt::SidePane pane(nullptr);
+        pane.SetSources(sources);
+        pane.show();
+        LetItWork();
+        pane.findChild<QTabWidget*>()->setCurrentIndex(2);
+        LetItWork();
+    }
+    EXPECT_EQ(ended, 2);
+    EXPECT_EQ(stopped, 2);
 }
 
 TEST_F(Beside, AResultThatCannotBeShownHasNoContents)
