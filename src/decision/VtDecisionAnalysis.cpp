@@ -15,11 +15,12 @@ namespace Decision {
 
 DecisionProblem Problem;
 DecisionResult Result;
+ModalDialog<NoQuestion, FeatureCounts> TheFeatures;
+ModalDialog<SenseAndCriterion, SenseAndCriterion> TheSenseAndCriterion;
 
 namespace {
 
 constexpr std::string_view kForm = "frmDecisionProblem";
-constexpr std::string_view kFeaturesForm = "frmDecisionFeatures";
 
 // A number of alternatives, states or outcomes as a dialog asks for it.
 struct CountRule {
@@ -56,6 +57,27 @@ bool IsGivenCount(const CountRule& rule, std::string_view text)
 std::string YesOrNo(bool yes)
 {
     return yes ? "YES" : "NO";
+}
+
+// ---- the questions before a solve ----
+
+bool AskSense()
+{
+    const auto sense = AskCriterion({.Minimize = "Minimize the Payoff", .Maximize = "Maximize the Payoff"},
+                                    Maximizes() ? Criterion::Maximize : Criterion::Minimize);
+    if (!sense) return false;
+    Problem.Maximize = YesOrNo(*sense == Criterion::Maximize);
+    return true;
+}
+
+bool AskSenseWithCriterion()
+{
+    const auto answer =
+        TheSenseAndCriterion.Ask("frmdecnopt", {.Maximize = Maximizes(), .Criterion = Problem.Criterion});
+    if (!answer) return false;
+    Problem.Maximize = YesOrNo(answer->Maximize);
+    Problem.Criterion = answer->Criterion;
+    return true;
 }
 
 // ---- the grids ----
@@ -198,21 +220,26 @@ FeatureBox TakeFeatures(const Features& features, const BoxPointer& point)
     PointAtBox(point, strategy ? 2 : 1);
     if (strategy && !IsGivenCount(kIndicators, features.Indicators)) return FeatureBox::Indicators;
 
-    Problem = {};
-    Result = {};
-    Problem.AlternativeCount = ToInt16(Val(features.Alternatives));
-    Problem.NatureStateCount = ToInt16(Val(features.States));
-    if (strategy) Problem.IndicatorCount = ToInt16(Val(features.Indicators));
-    Problem.HasStateProbabilities = YesOrNo(features.StateProbabilities);
-    Problem.ComputeStrategy = YesOrNo(strategy);
-    LeaveDialog(false);
+    TheFeatures.Give({.AlternativeCount = ToInt16(Val(features.Alternatives)),
+                      .NatureStateCount = ToInt16(Val(features.States)),
+                      .IndicatorCount = strategy ? ToInt16(Val(features.Indicators)) : std::int16_t{0},
+                      .StateProbabilities = features.StateProbabilities,
+                      .Strategy = strategy});
     return FeatureBox::None;
 }
 
 bool Ask()
 {
-    desktop::TheForms().ShowModal(kFeaturesForm);
-    return !Session.DialogCancelled;
+    const auto features = TheFeatures.Ask("frmDecisionFeatures");
+    if (!features) return false;
+    Problem = {};
+    Result = {};
+    Problem.AlternativeCount = features->AlternativeCount;
+    Problem.NatureStateCount = features->NatureStateCount;
+    Problem.IndicatorCount = features->IndicatorCount;
+    Problem.HasStateProbabilities = YesOrNo(features->StateProbabilities);
+    Problem.ComputeStrategy = YesOrNo(features->Strategy);
+    return true;
 }
 
 void Fill()
@@ -275,14 +302,7 @@ void TakeNumbers(const std::vector<double>& numbers)
 
 bool AskSenseAndCriterion()
 {
-    if (HasStateProbabilities()) {
-        if (AskCriterion({.Minimize = "Minimize the Payoff", .Maximize = "Maximize the Payoff"},
-                         Maximizes() ? Criterion::Maximize : Criterion::Minimize))
-            Problem.Maximize = MaximizeFlag;
-    } else {
-        desktop::TheForms().ShowModal("frmdecnopt");
-    }
-    return !Session.DialogCancelled;
+    return HasStateProbabilities() ? AskSense() : AskSenseWithCriterion();
 }
 
 void SolveProblem()
@@ -290,18 +310,6 @@ void SolveProblem()
     Result = {};
     Result = Analyse(Problem);
     Problem.Criterion = Result.Criterion;
-}
-
-void TakeCriterion(bool maximize, int criterion)
-{
-    Problem.Maximize = YesOrNo(maximize);
-    Problem.Criterion = criterion;
-    LeaveDialog(false);
-}
-
-void CancelDialog()
-{
-    LeaveDialog(true);
 }
 
 }  // namespace Decision

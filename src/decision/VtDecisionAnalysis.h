@@ -13,6 +13,7 @@
 #include "basic/array.h"
 #include "basic/variant.h"
 #include "desktop/dialogs.h"
+#include "shell/modaldialog.h"
 
 namespace Decision {
 
@@ -91,12 +92,21 @@ struct Features {
 };
 enum class FeatureBox { None, Alternatives, States, Indicators };
 
-// OK: the box that is refused, and told; none: a new problem of that size has taken the place of the old one.
+struct FeatureCounts {
+    std::int16_t AlternativeCount = 0;
+    std::int16_t NatureStateCount = 0;
+    std::int16_t IndicatorCount = 0;
+    bool StateProbabilities = false;
+    bool Strategy = false;
+};
+
+extern ModalDialog<NoQuestion, FeatureCounts> TheFeatures;
+// OK: the box that is refused, and told; none: the counts are given.
 FeatureBox TakeFeatures(const Features& features, const BoxPointer& point = {});
 
 // ---- entry: `frmDecisionProblem` and `frmdecnopt` ----
 
-bool Ask();   // asks for the features; false: cancelled, nothing has changed
+bool Ask();   // asks for the features, of a new problem then; false: cancelled, nothing has changed
 void Fill();  // puts the tables on `frmDecisionProblem`
 
 // The grids, as passes of the problem check.
@@ -111,10 +121,15 @@ int Count(int pass);                                // of the probabilities in o
 std::vector<double> Numbers();
 void TakeNumbers(const std::vector<double>& numbers);
 
+// What `frmdecnopt` shows, and what it is left with.
+struct SenseAndCriterion {
+    bool Maximize = true;
+    int Criterion = kOptimistic;
+};
+
+extern ModalDialog<SenseAndCriterion, SenseAndCriterion> TheSenseAndCriterion;
 // Asks for the sense and, without state probabilities, for the criterion. False: cancelled.
 bool AskSenseAndCriterion();
-void TakeCriterion(bool maximize, int criterion);  // the answer of `frmdecnopt`
-void CancelDialog();                               // its Cancel, and that of `frmDecisionFeatures`
 
 // ---- solving ----
 

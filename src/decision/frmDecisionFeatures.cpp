@@ -3,23 +3,7 @@
 #include <array>
 
 #include "decision/VtDecisionAnalysis.h"
-#include "desktop/desktop.h"
 #include "qt/fields.h"
-
-namespace {
-
-void Close()
-{
-    desktop::TheForms().Unload("frmDecisionFeatures");
-}
-
-void Cancel()
-{
-    Decision::CancelDialog();
-    Close();
-}
-
-}  // namespace
 
 frmDecisionFeatures::frmDecisionFeatures(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -29,7 +13,7 @@ frmDecisionFeatures::frmDecisionFeatures(QWidget* parent) : qt::ModalForm(parent
     AddOptions(rows);
     auto* buttons = qt::AddButtonRow(rows);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { Decision::TheFeatures.Cancel(); });
     ShowWhatApplies();
 }
 
@@ -70,11 +54,10 @@ void frmDecisionFeatures::ShowWhatApplies()
 void frmDecisionFeatures::Accept()
 {
     const std::array boxes = {txtNumAlternatives, txtNumStates, txtIndicator};
-    const auto refused = Decision::TakeFeatures({.Alternatives = qt::TextOf(txtNumAlternatives),
-                                                 .States = qt::TextOf(txtNumStates),
-                                                 .Indicators = qt::TextOf(txtIndicator),
-                                                 .StateProbabilities = chkStateProbs->isChecked(),
-                                                 .Strategy = chkStrategy->isChecked()},
-                                                qt::PointAt(boxes));
-    if (refused == Decision::FeatureBox::None) Close();
+    Decision::TakeFeatures({.Alternatives = qt::TextOf(txtNumAlternatives),
+                            .States = qt::TextOf(txtNumStates),
+                            .Indicators = qt::TextOf(txtIndicator),
+                            .StateProbabilities = chkStateProbs->isChecked(),
+                            .Strategy = chkStrategy->isChecked()},
+                           qt::PointAt(boxes));
 }

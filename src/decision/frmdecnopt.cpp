@@ -3,23 +3,7 @@
 #include <string>
 
 #include "decision/VtDecisionAnalysis.h"
-#include "desktop/desktop.h"
 #include "qt/fields.h"
-
-namespace {
-
-void Close()
-{
-    desktop::TheForms().Unload("frmdecnopt");
-}
-
-void Cancel()
-{
-    Decision::CancelDialog();
-    Close();
-}
-
-}  // namespace
 
 frmdecnopt::frmdecnopt(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -29,7 +13,7 @@ frmdecnopt::frmdecnopt(QWidget* parent) : qt::ModalForm(parent)
     AddCriteria(page);
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { Decision::TheSenseAndCriterion.Cancel(); });
 }
 
 void frmdecnopt::AddSense(QVBoxLayout* page)
@@ -37,7 +21,7 @@ void frmdecnopt::AddSense(QVBoxLayout* page)
     auto* frame = qt::AddFrame(page, "Frame1", "Optimization Criteria");
     optMaximize = qt::AddOption(frame->layout(), "optMaximize", "Maximize the Payoff");
     optMinimize = qt::AddOption(frame->layout(), "optMinimize", "Minimize the Payoff");
-    (Decision::Maximizes() ? optMaximize : optMinimize)->setChecked(true);
+    (Decision::TheSenseAndCriterion.Question().Maximize ? optMaximize : optMinimize)->setChecked(true);
 }
 
 void frmdecnopt::AddCriteria(QVBoxLayout* page)
@@ -45,10 +29,11 @@ void frmdecnopt::AddCriteria(QVBoxLayout* page)
     constexpr std::array kCaptions = {"Optimistic Criterion", "Conservative Criterion",
                                       "Minimax Regret Criterion"};
     auto* frame = qt::AddFrame(page, "Frame2", "Decision Criteria");
+    const int chosen = Decision::TheSenseAndCriterion.Question().Criterion;
     for (std::size_t i = 0; i < Optcriterion.size(); ++i) {
         const std::string name = "Optcriterion(" + std::to_string(i) + ")";
         Optcriterion.at(i) = qt::AddOption(frame->layout(), name.c_str(), kCaptions.at(i));
-        Optcriterion.at(i)->setChecked(Decision::Problem.Criterion == static_cast<int>(i) + 1);
+        Optcriterion.at(i)->setChecked(chosen == static_cast<int>(i) + 1);
     }
 }
 
@@ -57,6 +42,5 @@ void frmdecnopt::Accept()
     int criterion = 1;
     while (!Optcriterion.at(static_cast<std::size_t>(criterion) - 1)->isChecked())
         ++criterion;
-    Decision::TakeCriterion(optMaximize->isChecked(), criterion);
-    Close();
+    Decision::TheSenseAndCriterion.Give({.Maximize = optMaximize->isChecked(), .Criterion = criterion});
 }

@@ -18,6 +18,7 @@ namespace VtForecasting {
 
 ForecastProblem Problem;
 ForecastResult Result;
+ModalDialog<NoQuestion, MethodChoice> TheMethod;
 
 namespace {
 
@@ -276,6 +277,16 @@ const Method& MethodOf(int method)
 
 }  // namespace
 
+bool AskMethod()
+{
+    const auto choice = TheMethod.Ask("frmForecastingModels");
+    if (!choice) return false;
+    Problem.ForecastMethod = choice->Method;
+    Problem.MethodParameter = choice->Parameter;
+    Problem.ForecastCount = choice->ForecastCount;
+    return true;
+}
+
 std::array<std::string, 2> FieldLabels(int method)
 {
     return MethodOf(method).Labels();
@@ -294,16 +305,11 @@ int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPo
         if (!IsForecastCount(fields[1], Val(first))) return 1;
         second = Session.CheckText;
     }
-    Problem.ForecastMethod = static_cast<std::int16_t>(method);
-    Problem.MethodParameter = method == kTrendProjection ? "" : first;
-    Problem.ForecastCount = method == kTrendProjection ? first : second;
-    LeaveDialog(false);
+    const bool isTrend = method == kTrendProjection;
+    TheMethod.Give({.Method = static_cast<std::int16_t>(method),
+                    .Parameter = isTrend ? "" : first,
+                    .ForecastCount = isTrend ? first : second});
     return -1;
-}
-
-void CancelMethod()
-{
-    LeaveDialog(true);
 }
 
 }  // namespace VtForecasting

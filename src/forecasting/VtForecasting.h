@@ -12,6 +12,7 @@
 #include "basic/array.h"
 #include "basic/variant.h"
 #include "desktop/dialogs.h"
+#include "shell/modaldialog.h"
 
 namespace VtForecasting {
 
@@ -74,13 +75,22 @@ void DeleteTimePeriods();
 
 // ---- `frmForecastingModels` ----
 
+// The fields are those of the problem.
+struct MethodChoice {
+    std::int16_t Method = 0;
+    std::string Parameter = {};
+    std::string ForecastCount = {};
+};
+
+extern ModalDialog<NoQuestion, MethodChoice> TheMethod;
+bool AskMethod();  // into the problem; false: cancelled
+
 // The labels of the two fields; an empty one has no field.
 std::array<std::string, 2> FieldLabels(int method);
 
-// The check behind its Solve button. Answers which field is refused (0 or 1), after its message; -1: the
-// method and its inputs are taken.
+// Its Solve button: which field is refused (0 or 1), after its message; -1: the method and its inputs are
+// given.
 int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPointer& point = {});
-void CancelMethod();
 
 // ---- engine ----
 

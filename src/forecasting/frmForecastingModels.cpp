@@ -1,14 +1,7 @@
 #include "forecasting/frmForecastingModels.h"
 
-#include "desktop/desktop.h"
 #include "forecasting/VtForecasting.h"
 #include "qt/fields.h"
-
-namespace {
-
-constexpr const char* kForm = "frmForecastingModels";
-
-}  // namespace
 
 frmForecastingModels::frmForecastingModels(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -21,7 +14,7 @@ frmForecastingModels::frmForecastingModels(QWidget* parent) : qt::ModalForm(pare
     txtValue[1] = qt::AddBox(rows, "txtValue(1)", "", {}, "lblValue(1)");
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "CmdSolve", "Solve", [this] { Solve(); });
-    qt::AddCancelButton(buttons, "CmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "CmdCancel", "Cancel", [] { VtForecasting::TheMethod.Cancel(); });
     Option1[0]->setChecked(true);
     ShowFields();
 }
@@ -60,13 +53,6 @@ void frmForecastingModels::ShowFields()
 
 void frmForecastingModels::Solve()
 {
-    if (VtForecasting::TakeMethod(ChosenMethod(), {qt::TextOf(txtValue[0]), qt::TextOf(txtValue[1])},
-                                  qt::PointAt(txtValue)) < 0)
-        desktop::TheForms().Unload(kForm);
-}
-
-void frmForecastingModels::Cancel()
-{
-    VtForecasting::CancelMethod();
-    desktop::TheForms().Unload(kForm);
+    VtForecasting::TakeMethod(ChosenMethod(), {qt::TextOf(txtValue[0]), qt::TextOf(txtValue[1])},
+                              qt::PointAt(txtValue));
 }

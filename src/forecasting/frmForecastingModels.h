@@ -21,7 +21,6 @@ private:
     [[nodiscard]] int ChosenMethod() const;  // 1 for the first option
     void ShowFields();
     void Solve();
-    static void Cancel();
 
     std::array<QRadioButton*, 4> Option1{};
     std::array<QLineEdit*, 2> txtValue{};

@@ -26,8 +26,7 @@ void EditCommand(int item)
 bool Prepare()
 {
     desktop::TheScreen().SetPointer(Pointer::Normal);
-    desktop::TheForms().ShowModal("frmForecastingModels");
-    return !Session.DialogCancelled;
+    return AskMethod();
 }
 
 std::string ZeroIndexText()

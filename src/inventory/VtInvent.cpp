@@ -99,9 +99,9 @@ void Fill()
     const Model* model = CurrentModel();
     if (model == nullptr) return;
     const InventoryProblem opened = Problem;
-    const FormExit exit = RunModelForm(model->Form);
+    const FormExit exit = RunModelForm(model->Form, Problem.Saved);
     if (exit == FormExit::Closed) Problem = opened;
-    if (exit != FormExit::Cancelled) return;
+    if (exit != FormExit::GivenUp) return;
     GiveUpProblem();
     BeginProblem();
 }

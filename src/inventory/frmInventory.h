@@ -29,7 +29,6 @@ protected:
     using ModelEntryForm::AddField;
 
 private:
-    [[nodiscard]] bool Saved() const override { return VtInvent::Problem.Saved; }
     void ShowHoldingMethod();
     void ChooseHoldingMethod(int method);
     void ChooseReorderPoint(bool compute);

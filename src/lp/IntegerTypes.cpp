@@ -1,7 +1,6 @@
 #include "lp/IntegerTypes.h"
 
 #include "lp/VtLP.h"
-#include "shell/session.h"
 
 namespace VtLP {
 namespace {
@@ -36,6 +35,18 @@ int WriteNames(int line, const std::vector<bool>& chosen)
 }
 
 }  // namespace
+
+ModalDialog<IntegerQuestion, IntegerChoice> TheIntegerChoice;
+
+bool AskIntegerChoice()
+{
+    IntegerQuestion question{.Names = {}, .Stored = StoredIntegerChoice()};
+    for (int j = 1; j <= Problem.NumVariables; ++j)
+        question.Names.push_back(Problem.LpVariableNames(j));
+    const auto choice = TheIntegerChoice.Ask("frmIP", std::move(question));
+    if (choice) StoreIntegerChoice(*choice);
+    return choice.has_value();
+}
 
 int TypeLine(const LpProblem& problem)
 {
@@ -83,7 +94,6 @@ void StoreIntegerChoice(const IntegerChoice& choice)
     } else {
         Problem.LpLines(line) = choice.Kind == IntegerKind::AllBinary ? kAllBinary : kAllGeneral;
     }
-    LeaveDialog(false);
 }
 
 }  // namespace VtLP

@@ -26,14 +26,23 @@ void ForEachListedName(const LpProblem& problem,
 
 enum class IntegerKind { Multiple, AllBinary, AllGeneral };
 
-// What `frmIP` asks. The flags stand for the variables 1, 2, ... in order and count for Multiple only.
+// The answer of `frmIP`. The flags stand for the variables 1, 2, ... in order and count for Multiple only.
 struct IntegerChoice {
     IntegerKind Kind = IntegerKind::Multiple;
-    std::vector<bool> Binary;
-    std::vector<bool> General;
+    std::vector<bool> Binary = {};
+    std::vector<bool> General = {};
 };
 
 IntegerChoice StoredIntegerChoice();  // of an earlier solve; nothing chosen when there is none
 void StoreIntegerChoice(const IntegerChoice& choice);
+
+// What `frmIP` shows when it comes up.
+struct IntegerQuestion {
+    std::vector<std::string> Names = {};  // of the variables 1, 2, ...
+    IntegerChoice Stored = {};
+};
+
+extern ModalDialog<IntegerQuestion, IntegerChoice> TheIntegerChoice;
+bool AskIntegerChoice();  // into the type lines; false: cancelled
 
 }  // namespace VtLP

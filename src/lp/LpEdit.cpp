@@ -182,8 +182,9 @@ void DeleteVariable()
 // The grids stay as they are: the next text of the objective begins with the new word.
 void ChangeOptimizationType()
 {
-    if (!AskCriterion({}, MinimizeFlag == 1 ? Criterion::Minimize : Criterion::Maximize)) return;
-    const bool maximize = MaximizeFlag == "YES";
+    const auto chosen = AskCriterion({}, MinimizeFlag == 1 ? Criterion::Minimize : Criterion::Maximize);
+    if (!chosen) return;
+    const bool maximize = *chosen == Criterion::Maximize;
     SetMinimizeFlag(!maximize);
     desktop::TheForms()
         .Loaded("frmLPproblem")

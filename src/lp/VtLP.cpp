@@ -17,6 +17,7 @@ namespace VtLP {
 
 LpProblem Problem;
 std::int16_t MinimizeFlag = 0;
+ModalDialog<NoQuestion, bool> TheFeatures;
 
 namespace {
 
@@ -283,8 +284,9 @@ void AllocateLpModel()
 bool AskFeatures()
 {
     AllocateLpModel();
-    desktop::TheForms().ShowModal("frmLPFeatures");
-    if (Session.DialogCancelled) return false;
+    const auto minimize = TheFeatures.Ask("frmLPFeatures");
+    if (!minimize) return false;
+    SetMinimizeFlag(*minimize);
     if (Problem.NumConstraints < 0 || Problem.NumVariables < 0) Raise(ErrorNumber::SubscriptOutOfRange);
     return true;
 }
@@ -332,19 +334,8 @@ bool TakeFeatures(std::string_view constraints, std::string_view variables, bool
         return false;
     PointAtBox(point, 2);
     if (!minimize && !maximize) return Refuse("An optimization type must be selected.");
-    SetMinimizeFlag(!maximize);
-    LeaveDialog(false);
+    TheFeatures.Give(!maximize);
     return true;
-}
-
-void CancelFeatures()
-{
-    LeaveDialog(true);
-}
-
-bool ChangesFeatures()
-{
-    return rebuildingGrid;
 }
 
 int ValidateCell(int index, int row, int column, std::string_view text)

@@ -17,6 +17,7 @@
 
 #include "basic/array.h"
 #include "desktop/dialogs.h"
+#include "shell/modaldialog.h"
 
 namespace VtLP {
 
@@ -61,14 +62,11 @@ void GridToModel();
 // then what had been read so far. Raises a run-time error for a coefficient without a name.
 void ParseLpLines();
 
-// `frmLPFeatures`. What its OK found wrong is told, of box 0, box 1 or the types (2); otherwise the sizes and
-// the type are stored.
+// `frmLPFeatures`, whose answer is whether the objective is minimised. OK tells what it finds wrong, of box
+// 0, box 1 or the types (2); each size is stored as soon as it has passed.
+extern ModalDialog<NoQuestion, bool> TheFeatures;
 bool TakeFeatures(std::string_view constraints, std::string_view variables, bool minimize, bool maximize,
                   const BoxPointer& point = {});
-void CancelFeatures();
-// Whether the form opens while the grids are built anew for other sizes: it then begins with the present
-// ones.
-bool ChangesFeatures();
 
 // One cell of Grid(index), with the text that was typed: kCellStored or kCellRefused. A name that passes
 // follows at once into the heading of Grid(1).

@@ -2,11 +2,8 @@
 
 #include <QItemSelectionModel>
 
-#include "desktop/desktop.h"
-#include "lp/VtLP.h"
 #include "qt/fields.h"
 #include "qt/text.h"
-#include "shell/session.h"
 
 namespace {
 
@@ -19,8 +16,8 @@ QListWidget* AddVariableList(QLayout* lists, const char* labelName, const char* 
     QListWidget* list = qt::AddList(column, name, caption);
     label->setBuddy(list);
     list->setSelectionMode(QAbstractItemView::MultiSelection);
-    for (int j = 1; j <= VtLP::Problem.NumVariables; ++j)
-        list->addItem(qt::ToQt(VtLP::Problem.LpVariableNames(j)));
+    for (const std::string& variable : VtLP::TheIntegerChoice.Question().Names)
+        list->addItem(qt::ToQt(variable));
     return list;
 }
 
@@ -48,12 +45,6 @@ void Select(QListWidget* list, const std::vector<bool>& selected)
         list->item(row)->setSelected(selected[static_cast<std::size_t>(row)]);
 }
 
-void Cancel()
-{
-    LeaveDialog(true);
-    desktop::TheForms().Unload("frmIP");
-}
-
 }  // namespace
 
 frmIP::frmIP(QWidget* parent) : qt::ModalForm(parent)
@@ -65,8 +56,8 @@ frmIP::frmIP(QWidget* parent) : qt::ModalForm(parent)
     AddLists(page);
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "CmdSolve", "Solve", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
-    ShowChoice(VtLP::StoredIntegerChoice());
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { VtLP::TheIntegerChoice.Cancel(); });
+    ShowChoice(VtLP::TheIntegerChoice.Question().Stored);
 }
 
 void frmIP::AddOptions(QLayout* page)
@@ -121,6 +112,5 @@ VtLP::IntegerChoice frmIP::Choice() const
 
 void frmIP::Accept()
 {
-    VtLP::StoreIntegerChoice(Choice());
-    desktop::TheForms().Unload("frmIP");
+    VtLP::TheIntegerChoice.Give(Choice());
 }

@@ -1,18 +1,7 @@
 #include "lp/frmLPFeatures.h"
 
-#include "desktop/desktop.h"
 #include "lp/VtLP.h"
 #include "qt/fields.h"
-
-namespace {
-
-void Cancel()
-{
-    VtLP::CancelFeatures();
-    desktop::TheForms().Unload("frmLPFeatures");
-}
-
-}  // namespace
 
 frmLPFeatures::frmLPFeatures(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -31,15 +20,7 @@ frmLPFeatures::frmLPFeatures(QWidget* parent) : qt::ModalForm(parent)
     optMaximize = qt::AddOption(frame, "optMaximize", "Maximize");
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
-    if (VtLP::ChangesFeatures()) ShowProblem();
-}
-
-void frmLPFeatures::ShowProblem()
-{
-    qt::SetTextOf(txtConstraints, std::to_string(VtLP::Problem.NumConstraints));
-    qt::SetTextOf(txtVariables, std::to_string(VtLP::Problem.NumVariables));
-    (VtLP::MinimizeFlag == 1 ? optMinimize : optMaximize)->setChecked(true);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { VtLP::TheFeatures.Cancel(); });
 }
 
 void frmLPFeatures::Accept()
@@ -50,7 +31,6 @@ void frmLPFeatures::Accept()
         else
             optMinimize->setFocus(Qt::TabFocusReason);
     };
-    if (VtLP::TakeFeatures(qt::TextOf(txtConstraints), qt::TextOf(txtVariables), optMinimize->isChecked(),
-                           optMaximize->isChecked(), point))
-        desktop::TheForms().Unload("frmLPFeatures");
+    VtLP::TakeFeatures(qt::TextOf(txtConstraints), qt::TextOf(txtVariables), optMinimize->isChecked(),
+                       optMaximize->isChecked(), point);
 }

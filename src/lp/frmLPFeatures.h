@@ -13,7 +13,6 @@ public:
     explicit frmLPFeatures(QWidget* parent);
 
 private:
-    void ShowProblem();
     void Accept();
 
     QLineEdit* txtConstraints = nullptr;

@@ -4,6 +4,7 @@
 
 #include "basic/error.h"
 #include "desktop/desktop.h"
+#include "lp/IntegerTypes.h"
 #include "lp/LP_Engine.h"
 #include "lp/LpCheck.h"
 #include "lp/LpMeaning.h"
@@ -46,8 +47,7 @@ bool Prepare()
     VtLP::GridToModel();
     if (Session.IntegerProblem != 1) return true;
     screen.SetPointer(Pointer::Normal);
-    desktop::TheForms().ShowModal("frmIP");
-    if (Session.DialogCancelled) {
+    if (!VtLP::AskIntegerChoice()) {
         desktop::TheForms().FocusMenu();
         return false;
     }

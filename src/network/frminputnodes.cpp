@@ -1,9 +1,7 @@
 #include "network/frminputnodes.h"
 
-#include "desktop/desktop.h"
 #include "network/vtshrtrt.h"
 #include "qt/fields.h"
-#include "shell/session.h"
 
 frminputnodes::frminputnodes(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -17,7 +15,7 @@ frminputnodes::frminputnodes(QWidget* parent) : qt::ModalForm(parent)
         qt::AddBox(rows, "txtAnswer(1)", "Enter the Number of the Ending Node:", {}, "lblQuestion(1)");
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { Network::Ends.Cancel(); });
 }
 
 void frminputnodes::showEvent(QShowEvent* event)
@@ -28,12 +26,5 @@ void frminputnodes::showEvent(QShowEvent* event)
 
 void frminputnodes::Accept()
 {
-    if (Network::TakeNodes(qt::TextOf(txtAnswer[0]), qt::TextOf(txtAnswer[1]), qt::PointAt(txtAnswer)) < 0)
-        desktop::TheForms().Hide("frminputnodes");
-}
-
-void frminputnodes::Cancel()
-{
-    LeaveDialog(true);
-    desktop::TheForms().Hide("frminputnodes");
+    Network::TakeNodes(qt::TextOf(txtAnswer[0]), qt::TextOf(txtAnswer[1]), qt::PointAt(txtAnswer));
 }

@@ -19,7 +19,6 @@ protected:
 
 private:
     void Accept();
-    static void Cancel();
 
     std::array<QLineEdit*, 2> txtAnswer{};
 };

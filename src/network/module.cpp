@@ -42,12 +42,6 @@ void Read(RecordReader& file)
     }
 }
 
-bool AskNodes()
-{
-    desktop::TheForms().ShowModal("frminputnodes");
-    return !Session.DialogCancelled;
-}
-
 SolveOutcome SolveRoute()
 {
     Result = {};

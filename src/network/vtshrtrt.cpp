@@ -17,6 +17,7 @@
 namespace Network {
 
 NetworkProblem Problem;
+ModalDialog<NoQuestion, RouteEnds> Ends{{.StaysLoaded = true}};
 
 namespace {
 
@@ -179,6 +180,15 @@ void TakeNumbers(const std::vector<double>& numbers)
             row.ReadInto(Problem.ArcTable(part, k));
 }
 
+bool AskNodes()
+{
+    const auto ends = Ends.Ask("frminputnodes");
+    if (!ends) return false;
+    Problem.StartNode = ends->Start;
+    Problem.EndNode = ends->End;
+    return true;
+}
+
 std::int32_t ToThousandths(double distance)
 {
     return ToInt32(Int(distance * kThousand + 0.5));
@@ -192,9 +202,7 @@ int TakeNodes(const std::string& start, const std::string& end, const BoxPointer
     if (!TakeNode(start, {"Starting Node must be an integer.", &startNode})) return 0;
     PointAtBox(point, 1);
     if (!TakeNode(end, {"Ending Node must be an integer.", &endNode})) return 1;
-    Problem.StartNode = startNode;
-    Problem.EndNode = endNode;
-    LeaveDialog(false);
+    Ends.Give({.Start = startNode, .End = endNode});
     return -1;
 }
 

@@ -11,6 +11,7 @@
 #include "basic/array.h"
 #include "basic/variant.h"
 #include "desktop/dialogs.h"
+#include "shell/modaldialog.h"
 
 namespace Network {
 
@@ -50,7 +51,16 @@ void TakeNumbers(const std::vector<double>& numbers);
 // A distance in thousandths; half of one rounds up. "Overflow" beyond 32 bits.
 std::int32_t ToThousandths(double distance);
 
-// Which answer of `frminputnodes` is refused, after its message (0: start, 1: end); -1: both are stored.
+// ---- `frminputnodes` ----
+
+struct RouteEnds {
+    std::int16_t Start = 0;
+    std::int16_t End = 0;
+};
+
+extern ModalDialog<NoQuestion, RouteEnds> Ends;
+bool AskNodes();  // into the problem; false: cancelled
+// OK: which answer is refused, after its message (0: start, 1: end); -1: both are given.
 int TakeNodes(const std::string& start, const std::string& end, const BoxPointer& point = {});
 
 }  // namespace Network

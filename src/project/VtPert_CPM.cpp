@@ -11,6 +11,7 @@ namespace VtPert_CPM {
 
 PertProblem Problem;
 PertResult Result;
+ModalDialog<NoQuestion, int> TheParameters{{.StaysLoaded = true}};
 std::function<void()> CheckTimeBoxes;
 
 namespace {
@@ -69,8 +70,9 @@ void MakeTable()
 
 bool Ask()
 {
-    desktop::TheForms().ShowModal("frmPERTCPM_Init");
-    if (Session.DialogCancelled) return false;
+    const auto timeMode = TheParameters.Ask("frmPERTCPM_Init");
+    if (!timeMode) return false;
+    Problem.TimeMode = *timeMode;
     MakeTable();
     return true;
 }
@@ -96,14 +98,8 @@ bool TakeActivityCount(std::string_view text)
 bool TakeParameters(std::string_view countText, int timeMode)
 {
     if (countText.empty()) return Refuse("You must enter the number of activities.");
-    Problem.TimeMode = timeMode;
-    LeaveDialog(false);
+    TheParameters.Give(timeMode);
     return true;
-}
-
-void CancelParameters()
-{
-    LeaveDialog(true);
 }
 
 bool TakeExpectedTime(std::string_view text)

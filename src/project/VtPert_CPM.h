@@ -13,6 +13,7 @@
 
 #include "basic/array.h"
 #include "basic/variant.h"
+#include "shell/modaldialog.h"
 
 namespace VtPert_CPM {
 
@@ -68,10 +69,11 @@ void MakeTable();  // an empty table; NumActivities and TimeMode stay
 bool Ask();        // asks for the parameters; false: cancelled, the table stays
 void Fill();       // shows `frmPERT_CPM`
 
-// `frmPERTCPM_Init`. False: refused and told, the form keeps the field.
+// `frmPERTCPM_Init`, whose answer is the time mode; the count is stored when its field is left. False:
+// refused and told, the form keeps the field.
+extern ModalDialog<NoQuestion, int> TheParameters;
 bool TakeActivityCount(std::string_view text);  // on leaving the field; an empty one is passed over
-bool TakeParameters(std::string_view countText, int timeMode);
-void CancelParameters();
+bool TakeParameters(std::string_view countText, int timeMode);  // OK
 
 // `frmPERT_CPM`, on leaving a time of the current activity; an empty one is left alone. False: refused and
 // told, the stored time stays.

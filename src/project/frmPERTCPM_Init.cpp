@@ -1,14 +1,7 @@
 #include "project/frmPERTCPM_Init.h"
 
-#include "desktop/desktop.h"
 #include "project/VtPert_CPM.h"
 #include "qt/fields.h"
-
-namespace {
-
-constexpr const char* kForm = "frmPERTCPM_Init";
-
-}  // namespace
 
 frmPERTCPM_Init::frmPERTCPM_Init(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -24,7 +17,7 @@ frmPERTCPM_Init::frmPERTCPM_Init(QWidget* parent) : qt::ModalForm(parent)
 
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { VtPert_CPM::TheParameters.Cancel(); });
 }
 
 void frmPERTCPM_Init::showEvent(QShowEvent* event)
@@ -37,11 +30,5 @@ void frmPERTCPM_Init::Accept()
 {
     const int timeMode = optUncertain->isChecked() ? VtPert_CPM::kThreeEstimates : VtPert_CPM::kKnownTimes;
     qt::SelectBox(txtNumActivities);
-    if (VtPert_CPM::TakeParameters(qt::TextOf(txtNumActivities), timeMode)) desktop::TheForms().Hide(kForm);
-}
-
-void frmPERTCPM_Init::Cancel()
-{
-    VtPert_CPM::CancelParameters();
-    desktop::TheForms().Hide(kForm);
+    VtPert_CPM::TakeParameters(qt::TextOf(txtNumActivities), timeMode);
 }

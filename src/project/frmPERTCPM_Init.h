@@ -18,7 +18,6 @@ protected:
 
 private:
     void Accept();
-    static void Cancel();
 
     QLineEdit* txtNumActivities = nullptr;
     QRadioButton* optUncertain = nullptr;

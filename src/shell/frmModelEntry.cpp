@@ -1,6 +1,5 @@
 #include "shell/frmModelEntry.h"
 
-#include "desktop/desktop.h"
 #include "qt/text.h"
 #include "shell/session.h"
 
@@ -36,7 +35,7 @@ void ModelEntryForm::AddButtons()
     QHBoxLayout* buttons = qt::AddButtonRow(rows_);
     qt::AddButton(buttons, "cmdSolve", "Solve", [this] { Leave(FormExit::Solve); });
     qt::AddButton(buttons, "cmdSave", "Save", [this] { Leave(FormExit::Save); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [this] { Cancel(); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", CancelModelForm);
     qt::SelectBox(fields_.front().Box);
 }
 
@@ -67,12 +66,5 @@ bool ModelEntryForm::IsTaken()
 
 void ModelEntryForm::Leave(FormExit exit)
 {
-    if (!IsComplete() || !IsTaken() || !Keep()) return;
-    LeaveModelForm(exit);
-    desktop::TheForms().Unload(qt::FromQt(objectName()));
-}
-
-void ModelEntryForm::Cancel()
-{
-    if (CancelModelForm(Saved())) desktop::TheForms().Unload(qt::FromQt(objectName()));
+    if (IsComplete() && IsTaken() && Keep()) LeaveModelForm(exit);
 }

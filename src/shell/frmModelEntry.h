@@ -29,8 +29,6 @@ protected:
 private:
     // What follows when no box is empty; false: it was refused, the form stays.
     virtual bool Keep() = 0;
-    // The problem's flag: it is in a file.
-    [[nodiscard]] virtual bool Saved() const = 0;
 
     struct Field {
         QLineEdit* Box;
@@ -40,7 +38,6 @@ private:
     bool IsComplete();
     bool IsTaken();
     void Leave(FormExit exit);
-    void Cancel();
 
     QFormLayout* rows_;
     std::vector<Field> fields_;

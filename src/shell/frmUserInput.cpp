@@ -1,21 +1,11 @@
 #include "shell/frmUserInput.h"
 
-#include "desktop/desktop.h"
 #include "qt/fields.h"
 #include "shell/userinput.h"
 
-namespace {
-
-void Cancel()
-{
-    if (UserInput::ConfirmCancel()) desktop::TheForms().Unload("frmUserInput");
-}
-
-}  // namespace
-
 frmUserInput::frmUserInput(QWidget* parent) : qt::ModalForm(parent)
 {
-    const SizeDialog& dialog = UserInput::CurrentSizes();
+    const SizeDialog& dialog = UserInput::Sizes.Question();
     setObjectName("frmUserInput");
     setWindowTitle(QString::fromStdString(dialog.Caption));
 
@@ -27,12 +17,12 @@ frmUserInput::frmUserInput(QWidget* parent) : qt::ModalForm(parent)
 
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", UserInput::CancelSizes);
 }
 
 void frmUserInput::AddQuestions(QFormLayout* rows)
 {
-    for (const SizeQuestion& question : UserInput::CurrentSizes().Questions) {
+    for (const SizeQuestion& question : UserInput::Sizes.Question().Questions) {
         const std::string index = "(" + std::to_string(txtAnswer.size()) + ")";
         QLineEdit* box = qt::AddBox(rows, ("txtAnswer" + index).c_str(), question.Question, {},
                                     ("lblQuestion" + index).c_str());
@@ -48,5 +38,5 @@ void frmUserInput::Accept()
     std::vector<std::string> texts;
     for (const QLineEdit* box : txtAnswer)
         texts.push_back(qt::TextOf(box));
-    if (UserInput::TakeSizes(texts, qt::PointAt(txtAnswer)) < 0) desktop::TheForms().Unload("frmUserInput");
+    UserInput::TakeSizes(texts, qt::PointAt(txtAnswer));
 }

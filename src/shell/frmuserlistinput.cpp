@@ -2,24 +2,13 @@
 
 #include <QEvent>
 
-#include "desktop/desktop.h"
 #include "qt/fields.h"
 #include "shell/userinput.h"
-
-namespace {
-
-void Cancel()
-{
-    UserInput::CancelList();
-    desktop::TheForms().Unload("frmuserlistinput");
-}
-
-}  // namespace
 
 frmuserlistinput::frmuserlistinput(QWidget* parent) : qt::ModalForm(parent)
 {
     constexpr int kRoom = 48;  // beside the longest item: frame, margins, scroll bar
-    const ListDialog& dialog = UserInput::CurrentList();
+    const ListDialog& dialog = UserInput::List.Question();
     setObjectName("frmuserlistinput");
     setWindowTitle(QString::fromStdString(dialog.Caption));
 
@@ -35,7 +24,7 @@ frmuserlistinput::frmuserlistinput(QWidget* parent) : qt::ModalForm(parent)
 
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { UserInput::List.Cancel(); });
 }
 
 // A double click is OK, on an item and beside them.
@@ -49,6 +38,5 @@ bool frmuserlistinput::eventFilter(QObject* watched, QEvent* event)
 void frmuserlistinput::Accept()
 {
     const auto chosen = lstModelSelection->selectedItems();
-    const int item = chosen.isEmpty() ? 0 : lstModelSelection->row(chosen.first()) + 1;
-    if (UserInput::TakeListItem(item)) desktop::TheForms().Unload("frmuserlistinput");
+    UserInput::TakeListItem(chosen.isEmpty() ? 0 : lstModelSelection->row(chosen.first()) + 1);
 }

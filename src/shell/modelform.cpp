@@ -3,13 +3,18 @@
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
+#include "shell/modaldialog.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/solution.h"
 
 namespace {
 
-FormExit formExit = FormExit::Closed;
+struct ModelQuestion {
+    bool ProblemIsInFile = false;
+};
+
+ModalDialog<ModelQuestion, FormExit> modelForm{{.TellsSession = false}};
 
 void EnableMenus(bool enabled)
 {
@@ -19,15 +24,12 @@ void EnableMenus(bool enabled)
 
 }  // namespace
 
-FormExit RunModelForm(std::string_view form)
+FormExit RunModelForm(std::string_view form, bool problemIsInFile)
 {
-    formExit = FormExit::Closed;
     EnableMenus(false);
-    desktop::TheForms().ShowModal(form);
-    desktop::TheForms().Unload(form);
+    const FormExit exit = modelForm.Ask(form, {problemIsInFile}).value_or(FormExit::Closed);
     EnableMenus(true);
-    const FormExit exit = formExit;
-    if (exit == FormExit::Cancelled) return exit;
+    if (exit == FormExit::GivenUp) return exit;
     Menus.SetEnabled(EditItemName(0), true);  // the only way back to the form
     if (exit == FormExit::Solve) Commands::Solve();
     if (exit == FormExit::Save) Commands::Save();
@@ -51,20 +53,18 @@ void LeaveNoProblem()
 
 void LeaveModelForm(FormExit exit)
 {
-    formExit = exit;
+    modelForm.Give(exit);
 }
 
-bool CancelModelForm(bool problemIsInFile)
+void CancelModelForm()
 {
-    if (problemIsInFile) {
-        LeaveModelForm(FormExit::Closed);
-        return true;
+    if (modelForm.Question().ProblemIsInFile) {
+        modelForm.Cancel();
+        return;
     }
     const Answer answer = MsgBox("Are you sure you wish to cancel the current problem?",
                                  "Cancel Current Problem", Icon::Question, Buttons::YesNo);
-    if (answer != Answer::Yes) return false;
-    LeaveModelForm(FormExit::Cancelled);
-    return true;
+    if (answer == Answer::Yes) modelForm.Give(FormExit::GivenUp);
 }
 
 bool RequireValue(std::string_view text)

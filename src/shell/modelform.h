@@ -4,16 +4,15 @@
 #include <string_view>
 
 enum class FormExit {
-    Closed,     // the problem is kept as it was when the form was opened
-    Solve,      // the Solve command follows
-    Save,       // the Save command follows
-    Cancelled,  // the problem is given up, the list of models follows
+    Closed,   // the problem is kept as it was when the form was opened
+    Solve,    // the Solve command follows
+    Save,     // the Save command follows
+    GivenUp,  // there is no problem any more, the list of models follows
 };
 
-// Shows the form, the menus off while it is open, and runs the command that it was left with. The problem has
-// then either been kept, or the answer is FormExit::Cancelled; after
-// FormExit::Closed the module puts it back.
-FormExit RunModelForm(std::string_view form);
+// Shows the form, the menus off while it is open, and runs the command that it was left with. After
+// FormExit::Closed the module puts the problem back as it was.
+FormExit RunModelForm(std::string_view form, bool problemIsInFile);
 
 // From the report back to the model's form.
 void ReturnToModelForm();
@@ -23,12 +22,11 @@ void LeaveNoProblem();
 
 // ---- for the forms ----
 
-// Says how the form is being left; the form hides itself behind it.
+// Its buttons Solve and Save.
 void LeaveModelForm(FormExit exit);
 
-// The Cancel button. A problem that is in a file is kept; any other is given up after a question. False: the
-// user wants to go on, the form stays.
-bool CancelModelForm(bool problemIsInFile);
+// Its Cancel. A problem that is in a file is kept; any other is given up after a question, or the form stays.
+void CancelModelForm();
 
 // The check of Solve and Save for one box: it must hold something.
 bool RequireValue(std::string_view text);

@@ -1,8 +1,3 @@
 #include "shell/session.h"
 
 SessionRecord Session;
-
-void LeaveDialog(bool cancelled)
-{
-    Session.DialogCancelled = cancelled;
-}

@@ -13,7 +13,7 @@ struct SessionRecord {
     std::string ProblemFileName;          // full path last chosen in a dialog for problem files
     std::string ProblemOnDisplay = "NO";  // "YES" once a problem is on screen
     bool NewProblem = false;              // a display routine that sees it true shows empty cells
-    bool DialogCancelled = false;         // left behind by every modal form of the program
+    bool DialogCancelled = false;         // left behind by the dialogs (shell/modaldialog.h)
     bool AskIncomplete = false;           // empty cells have still to be asked about in this command
     std::int16_t IntegerProblem = 0;      // 1 in the integer module
     std::string OutputDestination;        // "Printer" or "File"
@@ -23,6 +23,3 @@ struct SessionRecord {
 };
 
 extern SessionRecord Session;
-
-// How a modal form of the program has been left; nothing else writes DialogCancelled.
-void LeaveDialog(bool cancelled);

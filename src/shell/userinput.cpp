@@ -2,14 +2,8 @@
 
 #include "basic/number.h"
 #include "desktop/desktop.h"
-#include "shell/session.h"
 
 namespace {
-
-SizeDialog sizes;
-std::vector<std::int16_t> answers;
-ListDialog list;
-int chosenItem = 0;
 
 bool IsDigits(std::string_view text)
 {
@@ -20,32 +14,27 @@ bool IsDigits(std::string_view text)
 
 std::vector<std::int16_t> AskSizes(const SizeDialog& dialog)
 {
-    sizes = dialog;
-    answers.clear();
-    desktop::TheForms().ShowModal("frmUserInput");
-    return Session.DialogCancelled ? std::vector<std::int16_t>{} : answers;
+    return UserInput::Sizes.Ask("frmUserInput", dialog).value_or(std::vector<std::int16_t>{});
 }
 
 int AskListItem(const ListDialog& dialog)
 {
-    list = dialog;
-    chosenItem = 0;
-    desktop::TheForms().ShowModal("frmuserlistinput");
-    return Session.DialogCancelled ? 0 : chosenItem;
+    const auto item = UserInput::List.Ask("frmuserlistinput", dialog);
+    if (!item) desktop::TheScreen().SetIndicator(dialog.ModuleIndicator);
+    return item.value_or(0);
 }
 
 namespace UserInput {
 
-const SizeDialog& CurrentSizes()
-{
-    return sizes;
-}
+ModalDialog<SizeDialog, std::vector<std::int16_t>> Sizes;
+ModalDialog<ListDialog, int> List;
 
 int TakeSizes(const std::vector<std::string>& texts, const BoxPointer& point)
 {
+    const std::vector<SizeQuestion>& questions = Sizes.Question().Questions;
     std::vector<std::int16_t> taken;
-    for (std::size_t i = 0; i < sizes.Questions.size(); ++i) {
-        const SizeQuestion& question = sizes.Questions[i];
+    for (std::size_t i = 0; i < questions.size(); ++i) {
+        const SizeQuestion& question = questions[i];
         PointAtBox(point, static_cast<int>(i));
         if (!question.WholeMessage.empty() && !IsDigits(texts[i])) {
             Refuse(question.WholeMessage);
@@ -58,36 +47,22 @@ int TakeSizes(const std::vector<std::string>& texts, const BoxPointer& point)
         }
         taken.push_back(ToInt16(Int(value)));
     }
-    answers = taken;
-    LeaveDialog(false);
+    Sizes.Give(std::move(taken));
     return -1;
 }
 
-bool ConfirmCancel()
+void CancelSizes()
 {
     const Answer answer = MsgBox("Are you sure you wish to cancel the current problem?",
                                  "Cancel Current Problem", Icon::Question, Buttons::YesNo);
-    if (answer == Answer::Yes) LeaveDialog(true);
-    return answer == Answer::Yes;
-}
-
-const ListDialog& CurrentList()
-{
-    return list;
+    if (answer == Answer::Yes) Sizes.Cancel();
 }
 
 bool TakeListItem(int item)
 {
-    if (item == 0) return Refuse(list.EmptyMessage);
-    chosenItem = item;
-    LeaveDialog(false);
+    if (item == 0) return Refuse(List.Question().EmptyMessage);
+    List.Give(item);
     return true;
-}
-
-void CancelList()
-{
-    LeaveDialog(true);
-    desktop::TheScreen().SetIndicator(list.ModuleIndicator);
 }
 
 }  // namespace UserInput

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/dialogs.h"
+#include "shell/modaldialog.h"
 
 // One question of `frmUserInput`, answered by a whole number.
 struct SizeQuestion {
@@ -43,13 +44,12 @@ int AskListItem(const ListDialog& dialog);
 // For the two forms.
 namespace UserInput {
 
-const SizeDialog& CurrentSizes();
-// Which answer is refused, after its message (0 or 1); -1: both are taken and stored.
+extern ModalDialog<SizeDialog, std::vector<std::int16_t>> Sizes;
+// OK: which answer is refused, after its message (0 or 1); -1: both are given.
 int TakeSizes(const std::vector<std::string>& texts, const BoxPointer& point = {});
-bool ConfirmCancel();  // asks; sets DialogCancelled on Yes
+void CancelSizes();  // asks first
 
-const ListDialog& CurrentList();
-bool TakeListItem(int item);  // 0: nothing chosen
-void CancelList();
+extern ModalDialog<ListDialog, int> List;
+bool TakeListItem(int item);  // 0: nothing chosen, which is refused
 
 }  // namespace UserInput

@@ -1,14 +1,15 @@
 #include "tableau/Criterion.h"
 
 #include "desktop/desktop.h"
-#include "shell/session.h"
 
 std::string MaximizeFlag = "NO";
 
+ModalDialog<CriterionQuestion, Criterion> TheCriterion{{.StaysLoaded = true}};
+
 namespace {
 
+constexpr std::string_view kForm = "frmTransObj";
 Criterion proposal = Criterion::Maximize;
-Criterion inForce = Criterion::None;
 
 }  // namespace
 
@@ -22,25 +23,18 @@ void BeginCriterion()
     MaximizeFlag = proposal == Criterion::Maximize ? "YES" : "NO";
 }
 
-Criterion CriterionInForce()
-{
-    return inForce;
-}
-
 bool TakeCriterion(Criterion chosen)
 {
     if (chosen == Criterion::None) return Refuse("You must select an optimization criteria.");
-    MaximizeFlag = chosen == Criterion::Maximize ? "YES" : "NO";
-    LeaveDialog(false);
+    TheCriterion.Give(chosen);
     return true;
 }
 
-bool AskCriterion(const CriterionWords& words, std::optional<Criterion> ofProblem)
+std::optional<Criterion> AskCriterion(const CriterionWords& words, std::optional<Criterion> ofProblem)
 {
-    Form& form = desktop::TheForms().Loaded("frmTransObj");
-    form.SetText("optMinimize", words.Minimize);
-    form.SetText("optMaximize", words.Maximize);
-    inForce = ofProblem.value_or(MaximizeFlag == "YES" ? Criterion::Maximize : Criterion::Minimize);
-    desktop::TheForms().ShowModal("frmTransObj");
-    return !Session.DialogCancelled;
+    desktop::TheForms().Load(kForm);
+    const Criterion last = MaximizeFlag == "YES" ? Criterion::Maximize : Criterion::Minimize;
+    const auto chosen = TheCriterion.Ask(kForm, {.Words = words, .InForce = ofProblem.value_or(last)});
+    if (chosen) MaximizeFlag = *chosen == Criterion::Maximize ? "YES" : "NO";
+    return chosen;
 }

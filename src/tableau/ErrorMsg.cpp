@@ -1,20 +1,8 @@
 #include "tableau/ErrorMsg.h"
 
-#include "desktop/desktop.h"
-
-namespace {
-
-ErrorLines current;
-
-}  // namespace
+ModalDialog<ErrorLines, NoAnswer> ErrorNotice{{.TellsSession = false}};
 
 void ShowErrorLines(const ErrorLines& lines)
 {
-    current = lines;
-    desktop::TheForms().ShowModal("frmErrorMsg");
-}
-
-const ErrorLines& CurrentErrorLines()
-{
-    return current;
+    ErrorNotice.Ask("frmErrorMsg", lines);
 }

@@ -4,10 +4,11 @@
 #include <array>
 #include <string>
 
+#include "shell/modaldialog.h"
+
 using ErrorLines = std::array<std::string, 9>;
 
 // Shows the notice; returns when it is closed.
 void ShowErrorLines(const ErrorLines& lines);
 
-// The lines that are shown now.
-const ErrorLines& CurrentErrorLines();
+extern ModalDialog<ErrorLines, NoAnswer> ErrorNotice;

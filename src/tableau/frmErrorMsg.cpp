@@ -1,6 +1,5 @@
 #include "tableau/frmErrorMsg.h"
 
-#include "desktop/desktop.h"
 #include "qt/fields.h"
 #include "tableau/ErrorMsg.h"
 
@@ -9,10 +8,10 @@ frmErrorMsg::frmErrorMsg(QWidget* parent) : qt::ModalForm(parent)
     setWindowTitle(" Data Input Error");
     auto* page = new QVBoxLayout(this);
     int index = 0;
-    for (const std::string& line : CurrentErrorLines()) {
+    for (const std::string& line : ErrorNotice.Question()) {
         const std::string name = "lbl(" + std::to_string(index++) + ")";
         qt::AddLabel(page, name.c_str(), line)->setWordWrap(false);
     }
     auto* buttons = qt::AddButtonRow(page);
-    qt::AddButton(buttons, "cmdOK", "OK", [] { desktop::TheForms().Unload("frmErrorMsg"); });
+    qt::AddButton(buttons, "cmdOK", "OK", [] { ErrorNotice.Give({}); });
 }

@@ -1,8 +1,7 @@
 #include "tableau/frmTransObj.h"
 
-#include "desktop/desktop.h"
 #include "qt/fields.h"
-#include "shell/session.h"
+#include "qt/text.h"
 
 frmTransObj::frmTransObj(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -13,14 +12,17 @@ frmTransObj::frmTransObj(QWidget* parent) : qt::ModalForm(parent)
     optMinimize = qt::AddOption(frame, "optMinimize", "Minimization Objective");
     optMaximize = qt::AddOption(frame, "optMaximize", "Maximization Objective");
     auto* buttons = qt::AddButtonRow(page);
-    qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
-    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", Cancel);
+    qt::AddButton(buttons, "cmdOK", "OK", [this] { TakeCriterion(Chosen()); });
+    qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { TheCriterion.Cancel(); });
     BeginCriterion();
 }
 
 void frmTransObj::showEvent(QShowEvent* event)
 {
-    QRadioButton* chosen = CriterionInForce() == Criterion::Maximize ? optMaximize : optMinimize;
+    const CriterionQuestion& question = TheCriterion.Question();
+    optMinimize->setText(qt::ToQt(question.Words.Minimize));
+    optMaximize->setText(qt::ToQt(question.Words.Maximize));
+    QRadioButton* chosen = question.InForce == Criterion::Maximize ? optMaximize : optMinimize;
     chosen->setChecked(true);
     ModalForm::showEvent(event);
     chosen->setFocus(Qt::TabFocusReason);
@@ -30,15 +32,4 @@ Criterion frmTransObj::Chosen() const
 {
     if (optMaximize->isChecked()) return Criterion::Maximize;
     return optMinimize->isChecked() ? Criterion::Minimize : Criterion::None;
-}
-
-void frmTransObj::Accept()
-{
-    if (TakeCriterion(Chosen())) desktop::TheForms().Hide("frmTransObj");
-}
-
-void frmTransObj::Cancel()
-{
-    LeaveDialog(true);
-    desktop::TheForms().Hide("frmTransObj");
 }

@@ -17,8 +17,6 @@ protected:
 
 private:
     [[nodiscard]] Criterion Chosen() const;
-    void Accept();
-    static void Cancel();
 
     QRadioButton* optMinimize = nullptr;
     QRadioButton* optMaximize = nullptr;

@@ -93,7 +93,7 @@ ModuleRoutines TableauRoutines()
             .Numbers = Numbers,
             .TakeNumbers = TakeNumbers,
             .Check = CheckTableau,
-            .Prepare = [] { return AskCriterion(); },
+            .Prepare = [] { return AskCriterion().has_value(); },
             .FirstEditItem = kEditItem,
             .LastEditItem = kEditItem,
             .LowerCommand = LowerCommand,

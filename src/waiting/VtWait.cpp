@@ -97,9 +97,9 @@ void Fill()
 {
     if (!HasModel()) return;
     const WaitingProblem opened = Problem;
-    const FormExit exit = RunModelForm(kForm);
+    const FormExit exit = RunModelForm(kForm, Problem.Saved);
     if (exit == FormExit::Closed) Problem = opened;
-    if (exit != FormExit::Cancelled) return;
+    if (exit != FormExit::GivenUp) return;
     GiveUpProblem();
     BeginProblem();
 }

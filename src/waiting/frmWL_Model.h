@@ -18,7 +18,6 @@ private:
                                const Variant& value, const std::string& labelName);
     void ChooseEconomicAnalysis(bool wanted);
     bool Keep() override;
-    [[nodiscard]] bool Saved() const override { return VtWait::Problem.Saved; }
 
     QLineEdit* arrivalRate_ = nullptr;
     QGroupBox* frameECONAnal_ = nullptr;

@@ -122,7 +122,7 @@ TEST(DecisionCriteria, ASecondSolveForgetsTheFirst)
 {
     GivenPayoffs(kStall, true, Decision::kOptimistic);
     Decision::SolveProblem();
-    Decision::TakeCriterion(true, Decision::kConservative);
+    Problem.Criterion = Decision::kConservative;
     Decision::SolveProblem();
     EXPECT_THAT(ListOf(Result.Recommended), ElementsAre(0, 1, 0));
     EXPECT_EQ(Result.PerfectInformationValue, 0);

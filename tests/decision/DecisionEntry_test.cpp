@@ -124,8 +124,11 @@ TEST_F(DecisionEntry, TheFeaturesRefuseTheFirstEmptyBox)
 
 TEST_F(DecisionEntry, TheOutcomesAreNotLookedAtWithoutAStrategy)
 {
-    EXPECT_EQ(Decision::TakeFeatures({.Alternatives = "2", .States = "3", .StateProbabilities = true}),
-              FeatureBox::None);
+    desktop.forms.onModal["frmDecisionFeatures"] = [] {
+        EXPECT_EQ(Decision::TakeFeatures({.Alternatives = "2", .States = "3", .StateProbabilities = true}),
+                  FeatureBox::None);
+    };
+    Commands::New();
     EXPECT_EQ(Problem.AlternativeCount, 2);
     EXPECT_EQ(Problem.NatureStateCount, 3);
     EXPECT_EQ(Problem.IndicatorCount, 0);
@@ -137,7 +140,10 @@ TEST_F(DecisionEntry, RefusedFeaturesLeaveTheOldProblem)
 {
     NewProblem(true, false);
     Problem.Payoff(1, 1) = 7;
-    Decision::TakeFeatures({.Alternatives = "5", .States = ""});
+    desktop.forms.onModal["frmDecisionFeatures"] = [] {
+        Decision::TakeFeatures({.Alternatives = "5", .States = ""});
+    };
+    Commands::New();
     EXPECT_EQ(Problem.AlternativeCount, 2);
     EXPECT_EQ(Problem.Payoff(1, 1), 7);
 }
@@ -174,7 +180,7 @@ TEST_F(DecisionEntry, ACancelledDialogChangesNothing)
 {
     NewProblem(true, true);
     Problem.Payoff(1, 1) = 7;
-    desktop.forms.onModal["frmDecisionFeatures"] = [] { Decision::CancelDialog(); };
+    desktop.forms.onModal["frmDecisionFeatures"] = [] { Decision::TheFeatures.Cancel(); };
     BeginProblem();
     EXPECT_EQ(Problem.IndicatorCount, 3);
     EXPECT_EQ(Problem.Payoff(1, 1), 7);
@@ -406,7 +412,9 @@ TEST_F(DecisionEntry, WithoutStateProbabilitiesSenseAndCriterionAreAskedTogether
 {
     NewProblem(false, false);
     Fill(0, {{"1", "2"}, {"3", "4"}});
-    desktop.forms.onModal["frmdecnopt"] = [] { Decision::TakeCriterion(false, Decision::kMinimaxRegret); };
+    desktop.forms.onModal["frmdecnopt"] = [] {
+        Decision::TheSenseAndCriterion.Give({.Maximize = false, .Criterion = Decision::kMinimaxRegret});
+    };
     Commands::Solve();
     EXPECT_EQ(Problem.Maximize, "NO");
     EXPECT_EQ(Problem.Criterion, 3);
@@ -418,9 +426,9 @@ TEST_F(DecisionEntry, WithStateProbabilitiesOnlyTheSenseIsAsked)
     NewProblem(true, false);
     Fill(0, {{"1", "2"}, {"3", "4"}});
     Fill(1, {{"0.5", "0.5"}});
-    desktop.forms.onModal["frmTransObj"] = [this] {
-        EXPECT_EQ(desktop.forms.Loaded("frmTransObj").Text("optMaximize"), "Maximize the Payoff");
-        EXPECT_EQ(desktop.forms.Loaded("frmTransObj").Text("optMinimize"), "Minimize the Payoff");
+    desktop.forms.onModal["frmTransObj"] = [] {
+        EXPECT_EQ(TheCriterion.Question().Words.Maximize, "Maximize the Payoff");
+        EXPECT_EQ(TheCriterion.Question().Words.Minimize, "Minimize the Payoff");
         TakeCriterion(Criterion::Minimize);
     };
     Commands::Solve();
@@ -432,8 +440,8 @@ TEST_F(DecisionEntry, OtherProblemsFindTheirOwnWordsOnTheForm)
 {
     AskCriterion({.Minimize = "a", .Maximize = "b"});
     AskCriterion();
-    EXPECT_EQ(desktop.forms.Loaded("frmTransObj").Text("optMinimize"), "Minimization Objective");
-    EXPECT_EQ(desktop.forms.Loaded("frmTransObj").Text("optMaximize"), "Maximization Objective");
+    EXPECT_EQ(TheCriterion.Question().Words.Minimize, "Minimization Objective");
+    EXPECT_EQ(TheCriterion.Question().Words.Maximize, "Maximization Objective");
 }
 
 TEST_F(DecisionEntry, ACancelledCriterionSolvesNothing)
@@ -442,8 +450,8 @@ TEST_F(DecisionEntry, ACancelledCriterionSolvesNothing)
         NewProblem(states, false);
         Fill(0, {{"1", "2"}, {"3", "4"}});
         if (states) Fill(1, {{"0.5", "0.5"}});
-        desktop.forms.onModal["frmdecnopt"] = Decision::CancelDialog;
-        desktop.forms.onModal["frmTransObj"] = Decision::CancelDialog;
+        desktop.forms.onModal["frmdecnopt"] = [] { Decision::TheSenseAndCriterion.Cancel(); };
+        desktop.forms.onModal["frmTransObj"] = [] { TheCriterion.Cancel(); };
         const int before = desktop.forms.menuFocused;
         Commands::Solve();
         EXPECT_FALSE(Decision::Result.Solved);
@@ -458,8 +466,10 @@ TEST_F(DecisionEntry, ACancelledCriterionTakesTheReportOfAnEarlierSolveAway)
 {
     NewProblem(false, false);
     Fill(0, {{"1", "2"}, {"3", "4"}});
+    desktop.forms.onModal["frmdecnopt"] = [] { Decision::TheSenseAndCriterion.Give({}); };
     Commands::Solve();
-    desktop.forms.onModal["frmdecnopt"] = Decision::CancelDialog;
+    EXPECT_TRUE(desktop.forms.IsLoaded("frmSolution"));
+    desktop.forms.onModal["frmdecnopt"] = [] { Decision::TheSenseAndCriterion.Cancel(); };
     Commands::Solve();
     EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
     EXPECT_FALSE(Menus.Item("mnuSolutionPrinttoPrinter").Enabled);
@@ -470,6 +480,7 @@ TEST_F(DecisionEntry, ASolvedProblemCanBePrintedAndGoneBackTo)
 {
     NewProblem(false, false);
     Fill(0, {{"1", "2"}, {"3", "4"}});
+    desktop.forms.onModal["frmdecnopt"] = [] { Decision::TheSenseAndCriterion.Give({}); };
     Commands::Solve();
     EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
     EXPECT_TRUE(Menus.Item("mnuSolutionPrinttoPrinter").Enabled);

@@ -17,7 +17,8 @@ inline void GivenPayoffs(const Table& payoffs, bool maximize, int criterion)
     for (std::size_t i = 0; i < payoffs.size(); ++i)
         for (std::size_t j = 0; j < payoffs[i].size(); ++j)
             Decision::Problem.Payoff(static_cast<int>(i) + 1, static_cast<int>(j) + 1) = payoffs[i][j];
-    Decision::TakeCriterion(maximize, criterion);
+    Decision::Problem.Maximize = maximize ? "YES" : "NO";
+    Decision::Problem.Criterion = criterion;
 }
 
 inline void GivenStateProbabilities(const std::vector<double>& prior)

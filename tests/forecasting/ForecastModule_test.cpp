@@ -128,7 +128,7 @@ TEST_F(ForecastModule, ACancelledMethodFormLeavesTheMenusOfTheProblem)
 {
     New("2");
     Type({"1", "2"});
-    desktop.forms.onModal["frmForecastingModels"] = CancelMethod;
+    desktop.forms.onModal["frmForecastingModels"] = [] { TheMethod.Cancel(); };
     Commands::Solve();
     EXPECT_FALSE(Enabled("mnuSolutionPrinttoText"));
     EXPECT_FALSE(Enabled("mnudispeditsubs(0)"));

@@ -283,7 +283,7 @@ TEST_F(ForecastReport, SeveralZeroIndexesStopWithAWarning)
 TEST_F(ForecastReport, ACancelledMethodFormSolvesNothing)
 {
     Given({1, 2, 3});
-    desktop.forms.onModal["frmForecastingModels"] = CancelMethod;
+    desktop.forms.onModal["frmForecastingModels"] = [] { TheMethod.Cancel(); };
     EXPECT_FALSE(Forecasting().Prepare());
     EXPECT_THAT(Printed(), IsEmpty());
 }
@@ -293,7 +293,7 @@ TEST_F(ForecastReport, ACancelledMethodFormKeepsTheFormerReport)
     Given({17, 21, 19, 23});
     Solved(kMovingAverages, "3");
     const auto before = Printed();
-    desktop.forms.onModal["frmForecastingModels"] = CancelMethod;
+    desktop.forms.onModal["frmForecastingModels"] = [] { TheMethod.Cancel(); };
     EXPECT_FALSE(Forecasting().Prepare());
     EXPECT_EQ(Printed(), before);
 }

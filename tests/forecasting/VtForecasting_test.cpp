@@ -41,6 +41,15 @@ protected:
         TheGrid().Type(period, 1, text);
     }
 
+    // What the form asks, and the box that its Solve button refuses; -1: none.
+    void Choose(int method, const std::string& first, const std::string& second, int refused)
+    {
+        desktop.forms.onModal["frmForecastingModels"] = [=] {
+            EXPECT_EQ(VtForecasting::TakeMethod(method, {first, second}), refused);
+        };
+        EXPECT_EQ(VtForecasting::AskMethod(), refused < 0);
+    }
+
     FakeGrid& TheGrid() { return desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit"); }
 
     std::vector<std::string> Cells()
@@ -59,7 +68,7 @@ protected:
 TEST_F(ForecastEntry, NewAsksForTheNumberOfPeriods)
 {
     desktop.forms.onModal["frmUserInput"] = [this] {
-        const SizeDialog& dialog = UserInput::CurrentSizes();
+        const SizeDialog& dialog = UserInput::Sizes.Question();
         EXPECT_EQ(dialog.Caption, " Time Periods");
         ASSERT_EQ(dialog.Questions.size(), 1U);
         EXPECT_EQ(dialog.Questions[0].Question, "Enter Number of Time Periods (MAX=100):");
@@ -85,7 +94,7 @@ TEST_F(ForecastEntry, NewAsksForTheNumberOfPeriods)
 
 TEST_F(ForecastEntry, ACancelledDialogLeavesTheSeriesAlone)
 {
-    desktop.forms.onModal["frmUserInput"] = [] { Session.DialogCancelled = true; };
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::Sizes.Cancel(); };
     BeginProblem();
     EXPECT_EQ(Problem.PeriodCount, 3);
     EXPECT_EQ(Problem.TimeSeries(3), Variant(30.0));
@@ -382,8 +391,8 @@ TEST_F(ForecastEntry, EachMethodChecksItsInputsInOrder)
 
 TEST_F(ForecastEntry, ARefusedInputLeavesTheFormerMethod)
 {
-    EXPECT_EQ(TakeMethod(kMovingAverages, {"2", ""}), -1);
-    EXPECT_EQ(TakeMethod(kExponentialSmoothing, {"2", ""}), 0);
+    Choose(kMovingAverages, "2", "", -1);
+    Choose(kExponentialSmoothing, "2", "", 0);
     EXPECT_EQ(Problem.ForecastMethod, kMovingAverages);
     EXPECT_EQ(Problem.MethodParameter, "2");
 }
@@ -391,10 +400,10 @@ TEST_F(ForecastEntry, ARefusedInputLeavesTheFormerMethod)
 TEST_F(ForecastEntry, InputsAreStoredWithoutSeparators)
 {
     Given(std::vector<double>(40, 1.0));
-    EXPECT_EQ(TakeMethod(kTrendAndSeasonal, {"1,2", "1,1"}), -1);
+    Choose(kTrendAndSeasonal, "1,2", "1,1", -1);
     EXPECT_EQ(Problem.MethodParameter, "12");
     EXPECT_EQ(Problem.ForecastCount, "11");
-    EXPECT_EQ(TakeMethod(kTrendProjection, {"7", ""}), -1);
+    Choose(kTrendProjection, "7", "", -1);
     EXPECT_EQ(Problem.ForecastCount, "7");
 }
 
@@ -430,7 +439,7 @@ TEST_F(ForecastEntry, LabelsFollowTheMethod)
 TEST_F(ForecastEntry, CancelIsTold)
 {
     Session.DialogCancelled = false;
-    CancelMethod();
+    TheMethod.Cancel();
     EXPECT_TRUE(Session.DialogCancelled);
 }
 

@@ -40,7 +40,7 @@ protected:
     {
         desktop.forms.onModal["frmuserlistinput"] = [item] {
             if (item == 0)
-                UserInput::CancelList();
+                UserInput::List.Cancel();
             else
                 UserInput::TakeListItem(item);
         };
@@ -87,14 +87,14 @@ TEST_F(InventoryModule, ListsItsSixModels)
 {
     ListAnswers(0);
     BeginProblem();
-    EXPECT_EQ(UserInput::CurrentList().Caption, " Inventory Models Available");
-    EXPECT_THAT(UserInput::CurrentList().Items,
+    EXPECT_EQ(UserInput::List.Question().Caption, " Inventory Models Available");
+    EXPECT_THAT(UserInput::List.Question().Items,
                 ElementsAre("Economic Order Quantity", "Economic Production Lot Size",
                             "Economic Order Quantity with Planned Shortages",
                             "Economic Order Quantity with Quantity Discounts",
                             "Order Quantity-Reorder Point with Probabilistic Demand",
                             "Single-Period Inventory with Probabilistic Demand"));
-    EXPECT_EQ(UserInput::CurrentList().EmptyMessage, "You Must Select an Inventory Model");
+    EXPECT_EQ(UserInput::List.Question().EmptyMessage, "You Must Select an Inventory Model");
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmuserlistinput"));
 }
 
@@ -128,9 +128,9 @@ TEST_F(InventoryModule, DiscountsAskForTheNumberOfCategories)
 {
     ListAnswers(VtInvent::kDiscounts);
     desktop.forms.onModal["frmUserInput"] = [this] {
-        EXPECT_EQ(UserInput::CurrentSizes().Caption, " Discount Categories");
-        ASSERT_EQ(UserInput::CurrentSizes().Questions.size(), 1U);
-        const SizeQuestion& question = UserInput::CurrentSizes().Questions.front();
+        EXPECT_EQ(UserInput::Sizes.Question().Caption, " Discount Categories");
+        ASSERT_EQ(UserInput::Sizes.Question().Questions.size(), 1U);
+        const SizeQuestion& question = UserInput::Sizes.Question().Questions.front();
         EXPECT_EQ(question.Question, "Enter Number of Categories (MAX=5):");
         EXPECT_EQ(question.Note, "(Include the No Discount Category)");
         for (const char* text : {"0", "6", ""}) {
@@ -149,7 +149,7 @@ TEST_F(InventoryModule, ACancelledCategoryQuestionChangesNothing)
 {
     GivenModel(VtInvent::kLotSize);
     ListAnswers(VtInvent::kDiscounts);
-    desktop.forms.onModal["frmUserInput"] = [] { UserInput::ConfirmCancel(); };
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::CancelSizes(); };
     BeginProblem();
     EXPECT_EQ(Problem.ModelKind, VtInvent::kLotSize);
     EXPECT_EQ(desktop.forms.modals.back(), "frmUserInput");
@@ -174,6 +174,7 @@ TEST_F(InventoryModule, AnOpenFormDisablesTheMenus)
     OnForm("frmEOQ", [] {
         for (const char* menu : {"mnuFile", "mnudispedit", "mnuSolution"})
             EXPECT_FALSE(Menus.Item(menu).Enabled) << menu;
+        LeaveModelForm(FormExit::Closed);
     });
     Commands::New();
     for (const char* menu : {"mnuFile", "mnudispedit", "mnuSolution"})
@@ -238,7 +239,7 @@ TEST_F(InventoryModule, CancelAsksAndThenListsTheModelsAgain)
     ListAnswers(VtInvent::kOrderQuantity);
     OnForm("frmEOQ", [this] {
         desktop.screen.indicator = "Inventory Model:  Economic Order Quantity";
-        EXPECT_TRUE(CancelModelForm(Problem.Saved));
+        CancelModelForm();
         ListAnswers(0);
     });
     BeginProblem();
@@ -259,7 +260,7 @@ TEST_F(InventoryModule, CancelCanLeadToAnotherModel)
 {
     ListAnswers(VtInvent::kOrderQuantity);
     OnForm("frmEOQ", [this] {
-        CancelModelForm(Problem.Saved);
+        CancelModelForm();
         ListAnswers(VtInvent::kSinglePeriod);
     });
     BeginProblem();
@@ -269,15 +270,22 @@ TEST_F(InventoryModule, CancelCanLeadToAnotherModel)
 
 TEST_F(InventoryModule, CancelIsTakenBackWithNo)
 {
+    GivenModel(VtInvent::kOrderQuantity);
     desktop.dialogs.answers = {Answer::No};
-    EXPECT_FALSE(CancelModelForm(false));
+    OnForm("frmEOQ", [this] {
+        CancelModelForm();
+        EXPECT_TRUE(desktop.forms.IsLoaded("frmEOQ"));
+    });
+    DisplayProblem();
+    EXPECT_EQ(Problem.ModelKind, VtInvent::kOrderQuantity);
+    EXPECT_THAT(desktop.forms.modals, ElementsAre("frmEOQ"));
 }
 
 TEST_F(InventoryModule, CancelKeepsAProblemThatIsInAFile)
 {
     GivenModel(VtInvent::kOrderQuantity);
     Problem.Saved = true;
-    OnForm("frmEOQ", [] { EXPECT_TRUE(CancelModelForm(Problem.Saved)); });
+    OnForm("frmEOQ", [] { CancelModelForm(); });
     DisplayProblem();
     EXPECT_TRUE(desktop.dialogs.messages.empty());
     EXPECT_EQ(Problem.ModelKind, VtInvent::kOrderQuantity);
@@ -289,7 +297,7 @@ TEST_F(InventoryModule, WithoutAProblemSolveAndEditDoNothing)
 {
     ListAnswers(VtInvent::kOrderQuantity);
     OnForm("frmEOQ", [this] {
-        CancelModelForm(Problem.Saved);
+        CancelModelForm();
         ListAnswers(0);
     });
     Commands::New();

@@ -175,11 +175,9 @@ std::vector<std::string> TypeLines(int count)
 TEST_F(IntegerSearch, AChoiceOfSeveralTypesIsStoredAsTwoLists)
 {
     SetProblem(kInvestments);
-    Session.DialogCancelled = true;
     VtLP::StoreIntegerChoice(
         {IntegerKind::Multiple, {true, false, true, false}, {false, true, false, false}});
     EXPECT_THAT(TypeLines(6), ElementsAre("BIN", "X1", "X3", "INT", "X2", ""));
-    EXPECT_FALSE(Session.DialogCancelled);
     const IntegerChoice stored = VtLP::StoredIntegerChoice();
     EXPECT_EQ(stored.Kind, IntegerKind::Multiple);
     EXPECT_THAT(stored.Binary, ElementsAre(true, false, true, false));

@@ -1,3 +1,4 @@
+#include "lp/IntegerTypes.h"
 #include "lp/module.h"
 
 #include <gmock/gmock.h>
@@ -148,8 +149,7 @@ TEST_F(LpModule, TheIntegerModuleAsksForTheTypes)
     Choose(4);
     EnterTables();
     desktop.forms.onModal["frmIP"] = [] {
-        Problem.LpLines(5) = "DIN";
-        Session.DialogCancelled = false;
+        VtLP::TheIntegerChoice.Give({.Kind = VtLP::IntegerKind::AllGeneral});
     };
     Commands::Solve();
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmIP"));
@@ -160,7 +160,7 @@ TEST_F(LpModule, ACancelledTypeFormEndsTheSolve)
 {
     Choose(4);
     EnterTables();
-    desktop.forms.onModal["frmIP"] = [] { Session.DialogCancelled = true; };
+    desktop.forms.onModal["frmIP"] = [] { VtLP::TheIntegerChoice.Cancel(); };
     Commands::Solve();
     EXPECT_THAT(SolutionLines(), IsEmpty());
     EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
@@ -171,11 +171,15 @@ TEST_F(LpModule, TheTypesOfASolveAreThereAtTheNext)
     Choose(4);
     EnterTables();
     desktop.forms.onModal["frmIP"] = [] {
-        Problem.LpLines(5) = "DIN";
-        Session.DialogCancelled = false;
+        VtLP::TheIntegerChoice.Give({.Kind = VtLP::IntegerKind::AllGeneral});
     };
     Commands::Solve();
-    desktop.forms.onModal["frmIP"] = [] { EXPECT_EQ(Problem.LpLines(5), "DIN"); };
+    desktop.forms.onModal["frmIP"] = [] {
+        const VtLP::IntegerQuestion& question = VtLP::TheIntegerChoice.Question();
+        EXPECT_THAT(question.Names, ElementsAre("X1", "X2"));
+        EXPECT_EQ(question.Stored.Kind, VtLP::IntegerKind::AllGeneral);
+        VtLP::TheIntegerChoice.Give(question.Stored);
+    };
     Commands::Solve();
     EXPECT_EQ(SolutionLines().at(1), "Objective Function Value =          40.000");
 }
@@ -186,8 +190,7 @@ TEST_F(LpModule, AnEndlessSearchIsBrokenOffSilentlyAndTheProblemStays)
     ASSERT_TRUE(Read("3\r\n\"MAX 1X1\"\r\n\"2X1<1\"\r\n\"-2X1<-1\"\r\n"));
     DisplayProblem();
     desktop.forms.onModal["frmIP"] = [] {
-        Problem.LpLines(5) = "DIN";
-        Session.DialogCancelled = false;
+        VtLP::TheIntegerChoice.Give({.Kind = VtLP::IntegerKind::AllGeneral});
     };
     desktop.screen.escapePressed = true;
     Commands::Solve();
@@ -217,8 +220,7 @@ TEST_F(LpModule, PrintingAnIntegerProgramTakesTheLastSolution)
     Choose(4);
     EnterTables();
     desktop.forms.onModal["frmIP"] = [] {
-        Problem.LpLines(5) = "DIN";
-        Session.DialogCancelled = false;
+        VtLP::TheIntegerChoice.Give({.Kind = VtLP::IntegerKind::AllGeneral});
     };
     Commands::Solve();
     Objective().SetText(1, 1, "10");

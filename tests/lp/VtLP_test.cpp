@@ -62,12 +62,16 @@ protected:
 TEST_F(LpModel, TakesTheSizesAndTheType)
 {
     Session.DialogCancelled = true;
-    EXPECT_TRUE(VtLP::TakeFeatures("2", "3", true, false));
+    desktop.forms.onModal["frmLPFeatures"] = [] { EXPECT_TRUE(VtLP::TakeFeatures("2", "3", true, false)); };
+    EXPECT_TRUE(VtLP::AskFeatures());
     EXPECT_EQ(Problem.NumConstraints, 2);
     EXPECT_EQ(Problem.NumVariables, 3);
     EXPECT_EQ(VtLP::MinimizeFlag, 1);
     EXPECT_FALSE(Session.DialogCancelled);
-    EXPECT_TRUE(VtLP::TakeFeatures("50", "100", false, true));
+    desktop.forms.onModal["frmLPFeatures"] = [] {
+        EXPECT_TRUE(VtLP::TakeFeatures("50", "100", false, true));
+    };
+    EXPECT_TRUE(VtLP::AskFeatures());
     EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }
@@ -119,7 +123,7 @@ TEST_F(LpModel, NewAsksForTheSizesAndShowsAnEmptyProblem)
 
 TEST_F(LpModel, ACancelledNewShowsNothing)
 {
-    desktop.forms.onModal["frmLPFeatures"] = VtLP::CancelFeatures;
+    desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TheFeatures.Cancel(); };
     BeginProblem();
     EXPECT_EQ(Session.ProblemOnDisplay, "NO");
     EXPECT_EQ(desktop.forms.menuFocused, 1);
@@ -568,10 +572,7 @@ TEST_F(LpEdit, TheTypeIsChangedByTheCriterionForm)
 
 TEST_F(LpEdit, ACancelledCriterionChangesNothing)
 {
-    desktop.forms.onModal["frmTransObj"] = [] {
-        MaximizeFlag = "NO";
-        Session.DialogCancelled = true;
-    };
+    desktop.forms.onModal["frmTransObj"] = [] { TheCriterion.Cancel(); };
     VtLP::ChangeOptimizationType();
     EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_EQ(Type(), "Optimization Type:  Max");

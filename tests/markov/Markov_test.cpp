@@ -61,7 +61,7 @@ TEST_F(MarkovEntry, ANewProblemShowsAnEmptyTable)
 TEST_F(MarkovEntry, AsksForTheStatesUnderItsOwnCaption)
 {
     NewWithStates("1");
-    const SizeDialog& dialog = UserInput::CurrentSizes();
+    const SizeDialog& dialog = UserInput::Sizes.Question();
     EXPECT_EQ(dialog.Caption, " Markov Process");
     ASSERT_EQ(dialog.Questions.size(), 1U);
     EXPECT_EQ(dialog.Questions[0].Question, "Enter the Number of States (1 to 10):");
@@ -70,7 +70,7 @@ TEST_F(MarkovEntry, AsksForTheStatesUnderItsOwnCaption)
 
 TEST_F(MarkovEntry, ACancelledDialogMakesNoProblem)
 {
-    desktop.forms.onModal["frmUserInput"] = [] { UserInput::ConfirmCancel(); };
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::CancelSizes(); };
     Commands::New();
     EXPECT_EQ(Session.ProblemOnDisplay, "NO");
     EXPECT_TRUE(Session.NewProblem);

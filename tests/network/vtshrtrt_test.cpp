@@ -133,7 +133,8 @@ TEST_F(ArcCells, RouteNodesAreCheckedStartFirst)
         EXPECT_EQ(Problem.StartNode, 2);
         EXPECT_TRUE(Session.DialogCancelled);
     }
-    EXPECT_EQ(Network::TakeNodes("5", "+1"), -1);
+    desktop.forms.onModal["frminputnodes"] = [] { EXPECT_EQ(Network::TakeNodes("5", "+1"), -1); };
+    EXPECT_TRUE(Network::AskNodes());
     EXPECT_EQ(Problem.StartNode, 5);
     EXPECT_EQ(Problem.EndNode, 1);
     EXPECT_FALSE(Session.DialogCancelled);
@@ -161,9 +162,8 @@ protected:
         Session.CurrentModule = 6;
         Session.NewProblem = true;
         desktop.forms.onModal["frmUserInput"] = [&] {
-            dialog = UserInput::CurrentSizes();
+            dialog = UserInput::Sizes.Question();
             refused = UserInput::TakeSizes({nodes, arcs});
-            if (refused >= 0) Session.DialogCancelled = true;
         };
         BeginProblem();
         return refused;
@@ -292,7 +292,7 @@ TEST_F(NetworkSolve, ARouteIsShown)
 TEST_F(NetworkSolve, CancelledNodesSolveNothing)
 {
     GiveRoute(2, {{1, 2, 5}}, 1, 2);
-    desktop.forms.onModal["frminputnodes"] = [] { Session.DialogCancelled = true; };
+    desktop.forms.onModal["frminputnodes"] = [] { Network::Ends.Cancel(); };
     SolveRoute();
     EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
     EXPECT_EQ(desktop.screen.indicator, "Shortest Route Module");

@@ -82,7 +82,7 @@ TEST_F(PertModule, NewShowsTheEntryFormOfAnEmptyTable)
 
 TEST_F(PertModule, ACancelledDialogLeavesNoProblem)
 {
-    desktop.forms.onModal["frmPERTCPM_Init"] = CancelParameters;
+    desktop.forms.onModal["frmPERTCPM_Init"] = [] { TheParameters.Cancel(); };
     const int before = desktop.forms.menuFocused;
     Commands::New();
     EXPECT_FALSE(desktop.forms.IsLoaded("frmPERT_CPM"));

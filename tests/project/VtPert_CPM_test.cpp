@@ -65,12 +65,14 @@ TEST_F(PertEntry, AnEmptyCountIsPassedOverUntilOK)
 TEST_F(PertEntry, TheOptionsGiveTheTimeMode)
 {
     Session.DialogCancelled = true;
-    EXPECT_TRUE(TakeParameters("3", kThreeEstimates));
-    EXPECT_TRUE(HasThreeEstimates());
-    EXPECT_FALSE(Session.DialogCancelled);
-    EXPECT_TRUE(TakeParameters("3", kKnownTimes));
-    EXPECT_FALSE(HasThreeEstimates());
-    CancelParameters();
+    for (const int mode : {kThreeEstimates, kKnownTimes}) {
+        desktop.forms.onModal["frmPERTCPM_Init"] = [mode] { EXPECT_TRUE(TakeParameters("3", mode)); };
+        EXPECT_TRUE(Ask());
+        EXPECT_EQ(HasThreeEstimates(), mode == kThreeEstimates);
+        EXPECT_FALSE(Session.DialogCancelled);
+    }
+    desktop.forms.onModal["frmPERTCPM_Init"] = [] { TheParameters.Cancel(); };
+    EXPECT_FALSE(Ask());
     EXPECT_TRUE(Session.DialogCancelled);
 }
 

@@ -196,7 +196,7 @@ TEST_F(CommandsOfTheShell, ANewProblemAfterAReportStartsWithoutIt)
 TEST_F(CommandsOfTheShell, NewProblemStaysTrueAfterACancelledDialog)
 {
     Commands::ChooseModule();
-    desktop.forms.onModal["frmUserInput"] = [] { UserInput::ConfirmCancel(); };
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::CancelSizes(); };
     Commands::New();
     EXPECT_TRUE(Session.NewProblem);
     Commands::ChangeModules();

@@ -32,7 +32,6 @@ protected:
     {
         desktop.forms.onModal["frmUserInput"] = [this, texts] {
             refused = UserInput::TakeSizes(texts);
-            if (refused >= 0) Session.DialogCancelled = true;
         };
         return AskSizes(dialog);
     }
@@ -83,9 +82,9 @@ TEST_F(UserInputs, CancelAsksFirst)
 {
     desktop.dialogs.answers = {Answer::No, Answer::Yes};
     Session.DialogCancelled = false;
-    EXPECT_FALSE(UserInput::ConfirmCancel());
+    UserInput::CancelSizes();
     EXPECT_FALSE(Session.DialogCancelled);
-    EXPECT_TRUE(UserInput::ConfirmCancel());
+    UserInput::CancelSizes();
     EXPECT_TRUE(Session.DialogCancelled);
     EXPECT_EQ(desktop.dialogs.Last(),
               (ShownMessage{"Are you sure you wish to cancel the current problem?", "Cancel Current Problem",
@@ -109,7 +108,7 @@ TEST_F(UserInputs, AListNeedsAChoice)
 TEST_F(UserInputs, ACancelledListPutsTheIndicatorBack)
 {
     desktop.screen.indicator = "something else";
-    desktop.forms.onModal["frmuserlistinput"] = UserInput::CancelList;
+    desktop.forms.onModal["frmuserlistinput"] = [] { UserInput::List.Cancel(); };
     EXPECT_EQ(AskListItem({.Items = {"A"}, .ModuleIndicator = "Waiting Lines Module"}), 0);
     EXPECT_EQ(desktop.screen.indicator, "Waiting Lines Module");
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());

@@ -37,9 +37,8 @@ protected:
     void AnswerSizes(const std::string& first, const std::string& second)
     {
         desktop.forms.onModal["frmUserInput"] = [this, first, second] {
-            dialog = UserInput::CurrentSizes();
+            dialog = UserInput::Sizes.Question();
             refused = UserInput::TakeSizes({first, second});
-            if (refused >= 0) Session.DialogCancelled = true;
         };
     }
 
@@ -445,12 +444,11 @@ protected:
         Commands::Solve();
     }
 
-    void Choose(const char* maximize)
+    void Choose(Criterion maximize)
     {
         desktop.forms.onModal["frmTransObj"] = [this, maximize] {
             submenuWasOn = Menus.Item(EditItemName(2)).Enabled;
-            MaximizeFlag = maximize;
-            Session.DialogCancelled = false;
+            TakeCriterion(maximize);
         };
     }
 
@@ -460,7 +458,7 @@ protected:
 TEST_F(TableauSolve, ShowsTheReportAndPutsTheIndicatorBack)
 {
     GiveTransportation({{5, 7}}, {3}, {3, 3});
-    Choose("YES");
+    Choose(Criterion::Maximize);
     SolveModule(2, "Transportation Module");
     EXPECT_EQ(SolutionLines()[3], "    1          0      3");
     EXPECT_EQ(desktop.screen.indicators, (Texts{"Checking Problem Data. . .", "Transportation Module",
@@ -480,7 +478,7 @@ TEST_F(TableauSolve, ShowsTheReportAndPutsTheIndicatorBack)
 TEST_F(TableauSolve, ShowsTheAssignmentReport)
 {
     GiveAssignment({{5, 7}});
-    Choose("NO");
+    Choose(Criterion::Minimize);
     SolveModule(3, "Assignment Module");
     EXPECT_EQ(SolutionLines()[2], "       ASSIGN AGENT  1 TO TASK  1               5");
     EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Solution");
@@ -490,7 +488,7 @@ TEST_F(TableauSolve, ShowsTheAssignmentReport)
 TEST_F(TableauSolve, ACancelledCriterionSolvesNothing)
 {
     GiveTransportation({{5, 7}}, {3}, {3, 3});
-    desktop.forms.onModal["frmTransObj"] = [] { Session.DialogCancelled = true; };
+    desktop.forms.onModal["frmTransObj"] = [] { TheCriterion.Cancel(); };
     SolveModule(2, "Transportation Module");
     EXPECT_FALSE(desktop.forms.IsLoaded("frmSolution"));
     EXPECT_EQ(desktop.screen.indicator, "Transportation Module");
@@ -503,7 +501,7 @@ TEST_F(TableauSolve, ACancelledCriterionSolvesNothing)
 TEST_F(TableauSolve, AnOverflowLeavesNoResult)
 {
     GiveTransportation({{5}, {7}}, {1, 1}, {3});
-    Choose("NO");
+    Choose(Criterion::Minimize);
     SolveModule(2, "Transportation Module");
     EXPECT_TRUE(Tableau::Result.Solved);
     Problem.NodeSupply(1) = Problem.NodeSupply(2) = 2000000000;

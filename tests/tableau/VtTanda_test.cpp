@@ -20,7 +20,7 @@ protected:
     [[nodiscard]] std::vector<std::string> Notice() const
     {
         if (desktop.forms.modals != std::vector<std::string>{"frmErrorMsg"}) return {};
-        return {CurrentErrorLines().begin(), CurrentErrorLines().end()};
+        return {ErrorNotice.Question().begin(), ErrorNotice.Question().end()};
     }
 
     FakeDesktop desktop;

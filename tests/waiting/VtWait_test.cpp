@@ -40,7 +40,7 @@ protected:
     {
         desktop.forms.onModal["frmuserlistinput"] = [item] {
             if (item == 0)
-                UserInput::CancelList();
+                UserInput::List.Cancel();
             else
                 UserInput::TakeListItem(item);
         };
@@ -77,15 +77,15 @@ TEST_F(WaitingModule, ListsItsFiveModels)
 {
     ListAnswers(0);
     BeginProblem();
-    EXPECT_EQ(UserInput::CurrentList().Caption, " Waiting Lines");
-    EXPECT_THAT(UserInput::CurrentList().Items,
+    EXPECT_EQ(UserInput::List.Question().Caption, " Waiting Lines");
+    EXPECT_THAT(UserInput::List.Question().Items,
                 ElementsAre("Poisson Arrivals / Exponential Service",
                             "Poisson Arrivals / Arbitrary Service (1 Channel)",
                             "Poisson Arrivals / Deterministic Service (1 Channel)",
                             "Poisson Arrivals / Arbitrary Service (No Waiting)",
                             "Poisson Arrivals / Exponential Service (Finite Pop.)"));
-    EXPECT_EQ(UserInput::CurrentList().EmptyMessage, "You Must Select a Waiting Line Model");
-    EXPECT_EQ(UserInput::CurrentList().ModuleIndicator, "Waiting Lines Module");
+    EXPECT_EQ(UserInput::List.Question().EmptyMessage, "You Must Select a Waiting Line Model");
+    EXPECT_EQ(UserInput::List.Question().ModuleIndicator, "Waiting Lines Module");
     EXPECT_EQ(Problem.WaitingModel, 0);
 }
 
@@ -128,7 +128,7 @@ TEST_F(WaitingModule, CancelListsTheModelsAgain)
     ListAnswers(VtWait::kExponential);
     OnForm([this] {
         desktop.screen.indicator = "Waiting Line Model:  M/M/K";
-        EXPECT_TRUE(CancelModelForm(Problem.Saved));
+        CancelModelForm();
         ListAnswers(0);
     });
     BeginProblem();
