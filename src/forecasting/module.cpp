@@ -8,7 +8,6 @@
 #include "forecasting/ForecastSteps.h"
 #include "forecasting/VtForecasting.h"
 #include "shell/checks.h"
-#include "shell/session.h"
 
 namespace VtForecasting {
 namespace {

@@ -4,7 +4,6 @@
 #include "inventory/InventoryPolicy.h"
 #include "shell/commands.h"
 #include "shell/modelform.h"
-#include "shell/session.h"
 #include "shell/userinput.h"
 
 namespace VtInvent {

@@ -9,7 +9,6 @@
 #include "desktop/desktop.h"
 #include "lp/VtLP.h"
 #include "shell/commands.h"
-#include "shell/session.h"
 #include "tableau/Criterion.h"
 #include "tableau/tanumchk.h"
 

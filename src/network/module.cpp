@@ -1,6 +1,5 @@
 #include "network/module.h"
 
-#include "desktop/desktop.h"
 #include "network/NetworkMeaning.h"
 #include "network/NetworkPicture.h"
 #include "network/NetworkSolver.h"
@@ -8,7 +7,6 @@
 #include "network/netout.h"
 #include "network/vtshrtrt.h"
 #include "shell/checks.h"
-#include "shell/session.h"
 
 namespace Network {
 

@@ -3,7 +3,6 @@
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
-#include "shell/session.h"
 #include "tableau/decimals.h"
 #include "tableau/tanumchk.h"
 

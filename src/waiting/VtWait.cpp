@@ -3,7 +3,6 @@
 #include "desktop/desktop.h"
 #include "shell/commands.h"
 #include "shell/modelform.h"
-#include "shell/session.h"
 #include "shell/userinput.h"
 
 namespace VtWait {
