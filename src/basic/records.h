@@ -19,7 +19,7 @@ public:
     using Field = std::variant<double, Variant, std::string>;
 
     // One record. A double in the shortest plain decimal form that reads back as the same value, never with
-    // an exponent; an empty Variant as nothing; a string in double quotes.
+    // an exponent; an empty Variant as nothing; a string in double quotes, with two for each quote within it.
     void Write(std::initializer_list<Field> fields);
 
     [[nodiscard]] const std::string& Text() const { return text_; }
@@ -29,13 +29,13 @@ private:
     std::string text_;
 };
 
-// Reads field by field, over record ends, as `Input #` does: quotes around a string are taken off, blanks in
-// front of a field passed over, CR LF and LF both end a record. Every routine raises "Input past end of file"
-// at the end.
+// Reads field by field, over record ends, as `Input #` does: quotes around a string are taken off, two within
+// it are one, blanks in front of a field are passed over, CR LF and LF both end a record. A byte-order mark
+// tells UTF-8 or UTF-16. Every routine raises "Input past end of file" at the end.
 class RecordReader {
 public:
     static RecordReader FromFile(const std::string& path);
-    explicit RecordReader(std::string text) : text_(std::move(text)) {}
+    explicit RecordReader(std::string text);
 
     // "Type mismatch" where no number stands; an empty field is 0.
     double ReadDouble();
@@ -48,17 +48,10 @@ public:
 private:
     void StartField();  // passes blanks over; "Input past end of file" when nothing is left
     std::string_view TakeUnquoted();
-    std::string_view TakeQuoted();
+    std::string TakeQuoted();
     std::string_view TakeNumberField();
     void PassSeparator();  // the comma or line end behind a field
 
     std::string text_;
     std::size_t next_ = 0;
 };
-
-// Writes the whole text so that the file at the path is either the old or the new one; a device takes the
-// text as it comes. Run-time errors of the disk.
-void ReplaceFile(const std::string& path, std::string_view text);
-
-// Raises what opening the file for writing would: no such folder, no right to write. Changes nothing.
-void RequireWritable(const std::string& path);

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
@@ -12,6 +13,7 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QTreeView>
 #include <QUrl>
 #include <array>
@@ -126,9 +128,28 @@ QString AnyCase(const QString& pattern)
     return any;
 }
 
-void SetFolder(QFileDialog& dialog, const QString& folder)
+// The user's own documents; the home folder where there are none.
+QString DocumentsFolder()
 {
-    dialog.setDirectory(QDir(folder).exists() ? folder : QDir::homePath());
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
+// An installed program has its problems where nobody may write: saving begins among the user's documents
+// then. Both folders stand in the side bar.
+void SetFolder(QFileDialog& dialog, const QString& folder, bool saving)
+{
+    const bool there = QDir(folder).exists();
+    const bool begins = there && (!saving || QFileInfo(folder).isWritable());
+    const QString elsewhere = saving && there ? DocumentsFolder() : QDir::homePath();
+    dialog.setDirectory(begins ? folder : elsewhere);
+    QList<QUrl> places = dialog.sidebarUrls();
+    places.append(QUrl::fromLocalFile(DocumentsFolder()));
+    if (there) places.append(QUrl::fromLocalFile(QDir::cleanPath(folder)));
+    QList<QUrl> once;
+    for (const QUrl& place : places)
+        if (!once.contains(place)) once.append(place);
+    dialog.setSidebarUrls(once);
 }
 
 // Where an installed program has it, or beside one that stands where it was built.
@@ -140,31 +161,67 @@ QString GuideFolder()
     return program.path();
 }
 
-// A save dialog that stays open while there is no such folder.
+// A dialog that stays open while there is no such folder, and takes a name as it is typed.
 class FileDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
 
+    // A name without an extension gets this one before the dialog asks whether to overwrite.
+    void SetExtension(const QString& extension)
+    {
+        extension_ = extension;
+        setDefaultSuffix(extension);
+    }
+
     void accept() override
     {
+        if (!TakesName()) return;
+        const bool whole = IsWholeName();
+        setDefaultSuffix(whole ? QString() : extension_);
+        if (whole) findChild<QAbstractItemView*>(QStringLiteral("listView"))->clearSelection();
         const QStringList files = selectedFiles();
         const QString folder = files.isEmpty() ? QString() : QFileInfo(files.constFirst()).absolutePath();
         if (acceptMode() != AcceptSave || folder.isEmpty() || QFileInfo(folder).isDir()) {
             QFileDialog::accept();
             return;
         }
-        QMessageBox::warning(
-            this, windowTitle(),
+        Refuse(
             tr("%1\nDirectory not found.\nPlease verify the correct directory name was given.").arg(folder));
     }
+
+private:
+    [[nodiscard]] QString TypedName() const
+    {
+        return findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+    }
+
+    // The toolkit reads a text with quotes as a list of names, and would take a part of it.
+    bool TakesName()
+    {
+        if (!TypedName().contains(QLatin1Char('"'))) return true;
+        Refuse(QStringLiteral("A file name cannot hold a quotation mark."));
+        return false;
+    }
+
+    // A file without an extension, chosen among all files. With it, the list has marked another one.
+    [[nodiscard]] bool IsWholeName() const
+    {
+        const auto* kinds = findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+        const bool all = nameFilters().value(kinds->currentIndex()).endsWith(QLatin1String("(*)"));
+        if (acceptMode() != AcceptOpen || !all || TypedName().isEmpty()) return false;
+        return QFileInfo(directory(), TypedName()).isFile();
+    }
+
+    void Refuse(const QString& why) { QMessageBox::warning(this, windowTitle(), why); }
+
+    QString extension_;
 };
 
-// A name without an extension gets the default one before the dialog asks whether to overwrite.
-void SetKind(QFileDialog& dialog, const FileQuestion& question)
+void SetKind(FileDialog& dialog, const FileQuestion& question)
 {
     dialog.setAcceptMode(question.Saving ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(question.Saving ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setDefaultSuffix(ToQt(question.Extension));
+    dialog.SetExtension(ToQt(question.Extension));
 }
 
 // Wide enough for names, sizes and dates side by side.
@@ -242,7 +299,7 @@ std::optional<std::string> QtDialogs::AskFile(const FileQuestion& question)
     dialog.setNameFilters(NameFilters(question.Filter));
     SetKind(dialog, question);
     MakeReadable(dialog, question.Saving);
-    SetFolder(dialog, ToQt(question.Folder));
+    SetFolder(dialog, ToQt(question.Folder), question.Saving);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return FromQt(dialog.selectedFiles().constFirst());
 }

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "basic/error.h"
-#include "basic/records.h"
+#include "basic/files.h"
 #include "qt/text.h"
 
 namespace qt {

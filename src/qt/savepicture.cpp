@@ -16,7 +16,7 @@
 #include <cmath>
 
 #include "basic/error.h"
-#include "basic/records.h"
+#include "basic/files.h"
 #include "qt/pictureview.h"
 #include "qt/text.h"
 

@@ -21,7 +21,7 @@
 #include <chrono>
 
 #include "basic/error.h"
-#include "basic/records.h"
+#include "basic/files.h"
 #include "desktop/desktop.h"
 #include "qt/fields.h"
 #include "qt/pictureview.h"

@@ -3,6 +3,7 @@
 #include <cctype>
 #include <optional>
 
+#include "basic/files.h"
 #include "basic/records.h"
 #include "desktop/desktop.h"
 #include "shell/beside.h"

@@ -1,6 +1,6 @@
 #include "shell/report.h"
 
-#include "basic/records.h"
+#include "basic/files.h"
 #include "desktop/desktop.h"
 
 namespace {

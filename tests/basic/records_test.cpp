@@ -1,17 +1,11 @@
 #include "basic/records.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 #include <cmath>
-#include <csignal>
 #include <cstdint>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
@@ -21,8 +15,6 @@
 #include "basic/error.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 ErrorNumber ErrorOf(const std::function<void()>& action)
 {
@@ -202,6 +194,46 @@ TEST(RecordReader, FailsOnAQuoteThatIsNeverClosed)
     EXPECT_EQ(ErrorOf([&] { reader.ReadString(); }), ErrorNumber::InputPastEnd);
 }
 
+TEST(Records, GiveATextWithQuotesBack)
+{
+    for (const char* text : {"\"", "\"\"", "a\"b", "\"a\"", "a\"\"b", "\",\"", "a\"", "\"\r\n\""}) {
+        RecordReader reader(Written({std::string(text), 7.0, std::string()}));
+        EXPECT_EQ(reader.ReadString(), text);
+        EXPECT_EQ(reader.ReadDouble(), 7) << text;
+        EXPECT_EQ(reader.ReadString(), "");
+    }
+    EXPECT_EQ(Written({std::string("5\" pipe")}), "\"5\"\" pipe\"\r\n");
+}
+
+TEST(RecordReader, PassesAByteOrderMarkOver)
+{
+    const std::string mark = "\xEF\xBB\xBF";
+    EXPECT_EQ(RecordReader(mark + "3\r\n").ReadInt16(), 3);
+    EXPECT_EQ(RecordReader(mark + "\"A\"").ReadString(), "A");
+    EXPECT_EQ(ErrorOf([&] { RecordReader(mark).ReadString(); }), ErrorNumber::InputPastEnd);
+    EXPECT_EQ(ErrorOf([&] { RecordReader("1" + mark).ReadDouble(); }), ErrorNumber::TypeMismatch);
+}
+
+// "3,"A<e acute><euro><clef>"" in UTF-16: U+00E9, U+20AC, U+1D11E as the pair D834 DD1E.
+TEST(RecordReader, ReadsUtf16OfBothOrdersByItsMark)
+{
+    using namespace std::string_literals;
+    const std::string low = "\xFF\xFE"s + "3\0,\0\"\0A\0\xE9\0\xAC\x20\x34\xD8\x1E\xDD\"\0"s;
+    std::string high;
+    for (std::size_t i = 0; i < low.size(); i += 2)
+        high += {low[i + 1], low[i]};
+    for (const std::string& text : {low, high}) {
+        RecordReader reader(text);
+        EXPECT_EQ(reader.ReadInt16(), 3);
+        EXPECT_EQ(reader.ReadString(), "A\xC3\xA9\xE2\x82\xAC\xF0\x9D\x84\x9E");
+    }
+    // Half a pair at the end, and half a unit, do no harm.
+    EXPECT_EQ(RecordReader("\xFF\xFE\x34\xD8"s).ReadString(), "\xED\xA0\xB4");
+    EXPECT_EQ(RecordReader("\xFF\xFE\x34\xD8\x41\x00\x42"s).ReadString(),
+              "\xED\xA0\xB4"
+              "A");
+}
+
 TEST(Records, GiveEveryDoubleBack)
 {
     std::mt19937_64 random(7);
@@ -252,240 +284,6 @@ TEST(RecordReader, TakesAnyBytesWithoutHarm)
         EXPECT_NE(ErrorOf(readAll), ErrorNumber{});
         EXPECT_LE(fields, static_cast<int>(text.size()));
     }
-}
-
-// A folder of its own for each test.
-// The superuser may write anywhere, so that for the length of a test he is another user, who owns the folder.
-class AnyUser {
-public:
-    explicit AnyUser(const fs::path& folder)
-    {
-        if (geteuid() != 0) return;
-        for (const auto& entry : fs::directory_iterator(folder))
-            EXPECT_EQ(chown(entry.path().c_str(), kNobody, kNobody), 0);
-        EXPECT_EQ(chown(folder.c_str(), kNobody, kNobody), 0);
-        EXPECT_EQ(seteuid(kNobody), 0);
-        switched_ = true;
-    }
-    AnyUser(const AnyUser&) = delete;
-    AnyUser& operator=(const AnyUser&) = delete;
-    ~AnyUser() { EXPECT_TRUE(!switched_ || seteuid(0) == 0); }
-
-private:
-    static constexpr uid_t kNobody = 65534;
-    bool switched_ = false;
-};
-
-// Files longer than this many bytes end as on a disk that has no more room.
-class SmallDisk {
-public:
-    explicit SmallDisk(rlim_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit small{bytes, limit_.rlim_max};
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    }
-    SmallDisk(const SmallDisk&) = delete;
-    SmallDisk& operator=(const SmallDisk&) = delete;
-    ~SmallDisk()
-    {
-        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit_), 0);
-        EXPECT_NE(std::signal(SIGXFSZ, handler_), SIG_ERR);
-    }
-
-private:
-    rlimit limit_{};
-    void (*handler_)(int);
-};
-
-class Files : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder = fs::path(testing::TempDir()) / (std::string("vantrel_records_") + test->name());
-        fs::remove_all(folder);
-        fs::create_directories(folder);
-    }
-    void TearDown() override { fs::remove_all(folder); }
-
-    [[nodiscard]] std::string Path(const std::string& name) const { return (folder / name).string(); }
-    void Put(const std::string& name, const std::string& text) const
-    {
-        std::ofstream(Path(name), std::ios::binary) << text;
-    }
-    [[nodiscard]] std::string Contents(const std::string& name) const
-    {
-        std::ifstream stream(Path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
-    [[nodiscard]] long CountFiles() const
-    {
-        return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
-    }
-
-    fs::path folder;
-};
-
-TEST_F(Files, AreWrittenWholeAndLeaveNothingBeside)
-{
-    ReplaceFile(Path("a.TRN"), "one\r\n");
-    EXPECT_EQ(Contents("a.TRN"), "one\r\n");
-    ReplaceFile(Path("a.TRN"), "two");
-    EXPECT_EQ(Contents("a.TRN"), "two");
-    EXPECT_EQ(CountFiles(), 1);
-}
-
-TEST_F(Files, MayHaveAnyName)
-{
-    for (const char* name : {"no extension", "a.S&S", "\xC3\xA4 \xE2\x82\xAC.INV"}) {
-        ReplaceFile(Path(name), name);
-        EXPECT_EQ(Contents(name), name);
-    }
-}
-
-TEST_F(Files, LeaveAStrangersTemporaryFileAlone)
-{
-    Put("a.TRN.1.tmp", "mine");
-    ReplaceFile(Path("a.TRN"), "one");
-    EXPECT_EQ(Contents("a.TRN.1.tmp"), "mine");
-    EXPECT_EQ(Contents("a.TRN"), "one");
-}
-
-TEST_F(Files, KeepTheirPermissions)
-{
-    Put("a.TRN", "old");
-    fs::permissions(Path("a.TRN"), fs::perms::owner_read | fs::perms::owner_write);
-    ReplaceFile(Path("a.TRN"), "new");
-    EXPECT_EQ(fs::status(Path("a.TRN")).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-}
-
-TEST_F(Files, AreReplacedBehindALink)
-{
-    Put("real.TRN", "old");
-    fs::create_symlink(Path("real.TRN"), Path("link.TRN"));
-    ReplaceFile(Path("link.TRN"), "new");
-    EXPECT_TRUE(fs::is_symlink(Path("link.TRN")));
-    EXPECT_EQ(Contents("real.TRN"), "new");
-}
-
-TEST_F(Files, CannotBeWrittenIntoAMissingFolder)
-{
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("none/a.TRN"), "x"); }), ErrorNumber::PathNotFound);
-}
-
-TEST_F(Files, CannotTakeTheNameOfAFolder)
-{
-    fs::create_directory(Path("a.TRN"));
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "x"); }), ErrorNumber::PathFileAccess);
-    EXPECT_TRUE(fs::is_directory(Path("a.TRN")));
-}
-
-TEST_F(Files, FillADeviceInPlace)
-{
-    if (!fs::exists("/dev/full")) GTEST_SKIP() << "no such device here";
-    EXPECT_EQ(ErrorOf([] { ReplaceFile("/dev/full", "x"); }), ErrorNumber::DiskFull);
-    EXPECT_TRUE(fs::is_character_file("/dev/full"));
-    ReplaceFile("/dev/null", "x");
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST_F(Files, StayAsTheyWereInAFolderWithoutPermission)
-{
-    Put("a.TRN", "old");
-    const AnyUser user(folder);
-    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("b.TRN"), "new"); }), ErrorNumber::PermissionDenied);
-    fs::permissions(folder, fs::perms::owner_all);
-    EXPECT_EQ(Contents("a.TRN"), "old");
-    EXPECT_EQ(CountFiles(), 1);
-}
-
-TEST_F(Files, ThatAreWriteProtectedStayAsTheyWere)
-{
-    Put("a.TRN", "old");
-    const AnyUser user(folder);
-    fs::permissions(Path("a.TRN"), fs::perms::owner_read);
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PermissionDenied);
-    EXPECT_EQ(Contents("a.TRN"), "old");
-}
-
-TEST_F(Files, ThatCanBeWrittenAreLeftAloneByTheQuestion)
-{
-    Put("a.TRN", "old");
-    RequireWritable(Path("a.TRN"));
-    RequireWritable(Path("b.TRN"));
-    EXPECT_EQ(Contents("a.TRN"), "old");
-    EXPECT_EQ(CountFiles(), 1);
-}
-
-TEST_F(Files, ThatCannotBeWrittenAreToldBeforehand)
-{
-    Put("a.TRN", "old");
-    fs::create_directory(Path("folder.TRN"));
-    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("none/a.TRN")); }), ErrorNumber::PathNotFound);
-    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("folder.TRN")); }), ErrorNumber::PathFileAccess);
-    const AnyUser user(folder);
-    fs::permissions(Path("a.TRN"), fs::perms::owner_read);
-    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("a.TRN")); }), ErrorNumber::PermissionDenied);
-    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_EQ(ErrorOf([&] { RequireWritable(Path("b.TRN")); }), ErrorNumber::PermissionDenied);
-    fs::permissions(folder, fs::perms::owner_all);
-}
-
-TEST_F(Files, WithoutPermissionAreNotRead)
-{
-    Put("a.TRN", "3");
-    const AnyUser user(folder);
-    fs::permissions(Path("a.TRN"), fs::perms::none);
-    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(Path("a.TRN")); }), ErrorNumber::PermissionDenied);
-}
-
-TEST_F(Files, StayAsTheyWereWhenTheDiskFillsUpHalfWay)
-{
-    Put("a.TRN", "old");
-    const SmallDisk disk(4096);
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), std::string(100000, 'x')); }), ErrorNumber::DiskFull);
-    EXPECT_EQ(Contents("a.TRN"), "old");
-    EXPECT_EQ(CountFiles(), 1);
-    ReplaceFile(Path("a.TRN"), std::string(4096, 'x'));  // it just fits
-    EXPECT_EQ(Contents("a.TRN").size(), 4096U);
-}
-
-TEST_F(Files, CannotBeWrittenIntoAFolderThatIsGone)
-{
-    fs::remove_all(folder);
-    EXPECT_EQ(ErrorOf([&] { ReplaceFile(Path("a.TRN"), "new"); }), ErrorNumber::PathNotFound);
-    EXPECT_FALSE(fs::exists(folder));
-}
-
-TEST_F(Files, AreSavedAndReadAsRecords)
-{
-    RecordWriter writer;
-    writer.Write({3.0, std::string("A")});
-    writer.Save(Path("a.MRK"));
-    EXPECT_EQ(Contents("a.MRK"), "3,\"A\"\r\n");
-    RecordReader reader = RecordReader::FromFile(Path("a.MRK"));
-    EXPECT_EQ(reader.ReadInt16(), 3);
-    EXPECT_EQ(reader.ReadString(), "A");
-}
-
-TEST_F(Files, ThatAreMissingCannotBeRead)
-{
-    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(Path("none.MRK")); }), ErrorNumber::FileNotFound);
-    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(Path("none/none.MRK")); }), ErrorNumber::PathNotFound);
-    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(folder.string()); }), ErrorNumber::PathFileAccess);
-}
-
-TEST_F(Files, ThatAreFarTooLargeAreNotRead)
-{
-    Put("a.MRK", "1");
-    fs::resize_file(Path("a.MRK"), 8u << 20);
-    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(Path("a.MRK")).ReadDouble(); }),
-              ErrorNumber::TypeMismatch);
-    fs::resize_file(Path("a.MRK"), (8u << 20) + 1);
-    EXPECT_EQ(ErrorOf([&] { RecordReader::FromFile(Path("a.MRK")); }), ErrorNumber::Overflow);
 }
 
 }  // namespace

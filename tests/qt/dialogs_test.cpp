@@ -1,6 +1,8 @@
 #include "qt/dialogs.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QApplication>
 #include <QDir>
@@ -12,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
+#include <QUrl>
 #include <functional>
 
 #include "qt/fields.h"
@@ -216,6 +220,159 @@ TEST(QtDialogs, OpeningTakesOnlyAFileThatExists)
     });
     const auto path = dialogs.AskFile(Question(folder.path(), false));
     EXPECT_EQ(QString::fromStdString(path.value_or("")), folder.filePath("there.mrk"));
+}
+
+// Types a name into the dialog that comes up, among all files if wanted; what it tells is closed, and the
+// dialog cancelled if it is still there.
+std::optional<std::string> TypeName(const QString& folder, bool saving, const QString& name, bool amongAll,
+                                    QString& told)
+{
+    qt::QtDialogs dialogs;
+    Meanwhile<QFileDialog>([&](QFileDialog& dialog) {
+        if (amongAll) dialog.selectNameFilter(dialog.nameFilters().constLast());
+        auto* box = dialog.findChild<QLineEdit*>("fileNameEdit");
+        dialog.activateWindow();
+        box->setFocus();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        box->setText(name);
+        QTimer::singleShot(0, &dialog, [&told] {
+            auto* message = InFront<QMessageBox>();
+            if (message == nullptr) return;
+            told = message->text();
+            message->close();
+        });
+        QTest::keyClick(box, Qt::Key_Return);
+        if (dialog.isVisible()) dialog.reject();
+    });
+    return dialogs.AskFile(Question(folder, saving));
+}
+
+TEST(QtDialogs, ANameWithAQuotationMarkIsRefusedAndNoOtherFileIsTaken)
+{
+    const QTemporaryDir folder;
+    WriteFile(folder.filePath("b.MRK"));
+    WriteFile(folder.filePath("a\"b.MRK"));
+    for (const char* name : {"a\"b.MRK", "\"b.MRK\"", "\"b.MRK\" \"c.MRK\"", "\""})
+        for (const bool saving : {true, false}) {
+            QString told;
+            EXPECT_EQ(TypeName(folder.path(), saving, name, false, told), std::nullopt) << name;
+            EXPECT_EQ(told, "A file name cannot hold a quotation mark.");
+        }
+}
+
+// A click on a name in the list, which puts it into the box.
+TEST(QtDialogs, AChosenNameWithAQuotationMarkIsRefusedToo)
+{
+    const QTemporaryDir folder;
+    WriteFile(folder.filePath("b.MRK"));
+    WriteFile(folder.filePath("a\"b.MRK"));
+    qt::QtDialogs dialogs;
+    Meanwhile<QFileDialog>([](QFileDialog& dialog) {
+        auto* list = dialog.findChild<QTreeView*>("treeView");
+        const auto find = [list](const QString& name) {
+            return list->model()->match(list->model()->index(0, 0, list->rootIndex()), Qt::DisplayRole, name);
+        };
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !find("a\"b.MRK").isEmpty() && !find("b.MRK").isEmpty(); }));
+        const QRect place = list->visualRect(find("a\"b.MRK").constFirst());
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place.center());
+        QTimer::singleShot(0, &dialog, [] {
+            auto* message = InFront<QMessageBox>();
+            ASSERT_NE(message, nullptr);
+            EXPECT_EQ(message->text(), "A file name cannot hold a quotation mark.");
+            message->close();
+        });
+        QMetaObject::invokeMethod(&dialog, "accept");
+        EXPECT_TRUE(dialog.isVisible());
+        dialog.reject();
+    });
+    EXPECT_EQ(dialogs.AskFile(Question(folder.path(), false)), std::nullopt);
+}
+
+TEST(QtDialogs, AFileWithoutAnExtensionIsOpenedAmongAllFiles)
+{
+    const QTemporaryDir folder;
+    WriteFile(folder.filePath("plain"));
+    WriteFile(folder.filePath("both"));
+    WriteFile(folder.filePath("both.MRK"));
+    WriteFile(folder.filePath("long.MRK"));
+    struct Row {
+        const char* Name;
+        bool AmongAll;
+        const char* Taken;
+    };
+    for (const Row& row :
+         {Row{"plain", true, "plain"}, Row{"both", true, "both"}, Row{"both", false, "both.MRK"},
+          Row{"long", true, "long.MRK"}, Row{"long", false, "long.MRK"}}) {
+        QString told;
+        const auto taken = TypeName(folder.path(), false, row.Name, row.AmongAll, told);
+        EXPECT_EQ(taken.value_or(""), folder.filePath(row.Taken).toStdString()) << row.AmongAll;
+    }
+    QString told;
+    EXPECT_EQ(TypeName(folder.path(), false, "plain", false, told), std::nullopt);
+    EXPECT_TRUE(told.startsWith("plain.MRK")) << told.toStdString();
+}
+
+TEST(QtDialogs, SavingAmongAllFilesAddsTheExtensionAllTheSame)
+{
+    const QTemporaryDir folder;
+    WriteFile(folder.filePath("plain"));
+    QString told;
+    const auto taken = TypeName(folder.path(), true, "plain", true, told);
+    EXPECT_EQ(QString::fromStdString(taken.value_or("")), folder.filePath("plain.MRK"));
+}
+
+// The superuser may write anywhere: for the length of a test he is another user.
+class AnyUser {
+public:
+    AnyUser() : switched_(geteuid() == 0) { EXPECT_TRUE(!switched_ || setresuid(kNobody, kNobody, 0) == 0); }
+    AnyUser(const AnyUser&) = delete;
+    AnyUser& operator=(const AnyUser&) = delete;
+    ~AnyUser() { EXPECT_TRUE(!switched_ || setresuid(0, 0, 0) == 0); }
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    bool switched_;
+};
+
+QString FolderOfDialog(const QString& folder, bool saving, QList<QUrl>& places)
+{
+    qt::QtDialogs dialogs;
+    QString shown;
+    Meanwhile<QFileDialog>([&](QFileDialog& dialog) {
+        shown = dialog.directory().canonicalPath();
+        places = dialog.sidebarUrls();
+        dialog.reject();
+    });
+    dialogs.AskFile(Question(folder, saving));
+    return shown;
+}
+
+TEST(QtDialogs, SavingBeginsInTheDocumentsWhereTheFolderCannotBeWritten)
+{
+    const QTemporaryDir home;
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", home.path().toLocal8Bit());
+    ASSERT_TRUE(QDir(home.path()).mkdir("Documents") && QDir(home.path()).mkdir("Problems"));
+    const QString documents = home.filePath("Documents");
+    const QString problems = home.filePath("Problems");
+    ASSERT_EQ(chmod(qPrintable(problems), 0555), 0);
+    ASSERT_EQ(chmod(qPrintable(home.path()), 0755), 0);
+    QList<QUrl> places;
+    {
+        const AnyUser user;
+        EXPECT_EQ(FolderOfDialog(problems, true, places), documents);
+        EXPECT_TRUE(places.contains(QUrl::fromLocalFile(documents)));
+        EXPECT_TRUE(places.contains(QUrl::fromLocalFile(problems)));
+        EXPECT_EQ(FolderOfDialog(problems, false, places), problems);
+        ASSERT_EQ(places.count(QUrl::fromLocalFile(problems)), 1);
+    }
+    ASSERT_EQ(chmod(qPrintable(problems), 0755), 0);
+    EXPECT_EQ(FolderOfDialog(problems, true, places), problems);
+    EXPECT_TRUE(QDir(home.path()).rmdir("Documents"));
+    EXPECT_EQ(FolderOfDialog(home.filePath("none"), true, places), home.path());
+    EXPECT_FALSE(places.contains(QUrl::fromLocalFile(home.filePath("none"))));
+    EXPECT_TRUE(places.contains(QUrl::fromLocalFile(home.path())));
+    qputenv("HOME", before);
 }
 
 // A window of 100 x 50 in front of a box of 40 x 20, on a screen of 400 x 300.
