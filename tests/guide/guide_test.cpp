@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -293,7 +294,7 @@ TEST(Guide, NamesOnlyFunctionsAndTypesOfTheSources)
     sources += TextOf(kRoot / "CMakeLists.txt") + TextOf(kRoot / "CMakePresets.json");
     std::size_t checked = 0;
     for (const auto& name :
-         Matches(TextOf(kGuide / "contributing.md"), R"(`([A-Za-z_][A-Za-z_:0-9]*)(?:\(\))?`)")) {
+         Matches(TextOf(kGuide / "developers/contributing.md"), R"(`([A-Za-z_][A-Za-z_:0-9]*)(?:\(\))?`)")) {
         ++checked;
         EXPECT_NE(sources.find(name), std::string::npos) << name;
     }
@@ -304,7 +305,7 @@ TEST(Guide, ShowsAnExampleOfEveryStepOfSessionScripts)
 {
     const std::string table = TextOf(kRoot / "src/play/steps.cpp");
     const auto steps = Matches(table, R"x(\{"([a-z]+)", \{\d)x");
-    const std::string page = TextOf(kGuide / "session-scripts.md");
+    const std::string page = TextOf(kGuide / "developers/session-scripts.md");
     std::set<std::string> used;
     for (const auto& block : Matches(page, "```play [a-z-]+\n([^`]+)```"))
         for (const auto& word : Matches("\n" + block, "\n([a-z]+)"))
@@ -312,6 +313,45 @@ TEST(Guide, ShowsAnExampleOfEveryStepOfSessionScripts)
     EXPECT_THAT(steps, testing::UnorderedElementsAreArray(used));
     for (const auto& step : steps)
         EXPECT_NE(page.find("| `" + step), std::string::npos) << "not in the table: " << step;
+}
+
+TEST(Guide, ListsEverySampleProblem)
+{
+    const auto listed = Matches(TextOf(kGuide / "samples.md"), R"(\| `([^`]+)` \|)");
+    std::vector<std::string> samples;
+    for (const auto& entry : fs::directory_iterator(kRoot / "Problems"))
+        samples.push_back(entry.path().filename().string());
+    EXPECT_THAT(listed, testing::UnorderedElementsAreArray(samples));
+}
+
+// The shortcuts of the menus, and every key that a screen asks for.
+TEST(Guide, ListsEveryKey)
+{
+    const std::string page = TextOf(kGuide / "keys.md");
+    for (const auto& shortcut :
+         Matches(TextOf(kRoot / "src/shell/frmMenu.cpp"), R"x(\{"mnu\w+", "([^"]+)"\})x"))
+        EXPECT_NE(page.find("| " + shortcut + " |"), std::string::npos) << shortcut;
+    static const std::map<std::string, std::string> kWords = {
+        {"Return", "Enter"},  {"Backtab", "Shift+Tab"}, {"PageUp", "Page Up"},    {"PageDown", "Page Down"},
+        {"Up", "the arrows"}, {"Down", "the arrows"},   {"Left", "the arrows"},   {"Right", "the arrows"},
+        {"Plus", "Ctrl++"},   {"Equal", "Ctrl++"},      {"Minus", "Ctrl+-"},      {"0", "Ctrl+0"},
+        {"C", "Ctrl+C"},      {"V", "Ctrl+V"},          {"X", "Ctrl+X"},          {"Y", "Ctrl+Y"},
+        {"Z", "Ctrl+Z"},      {"Find", "Ctrl+F"},       {"SelectAll", "Ctrl+A"},  {"Copy", "Ctrl+C"},
+        {"Cut", "Ctrl+X"},    {"Paste", "Ctrl+V"},      {"Menu", "the menu key"}, {"Space", "the space bar"}};
+    static const std::set<std::string> kNoneOfTheirOwn = {"Shift", "Control",  "Meta",   "AltGr",
+                                                          "Alt",   "CapsLock", "NumLock"};
+    std::size_t checked = 0;
+    for (const auto& file : FilesBelow(kRoot / "src", {".cpp"})) {
+        if (file.parent_path().filename() == "play") continue;
+        for (const auto& key : Matches(TextOf(file), R"((?:Qt::Key_|QKeySequence::)(\w+))")) {
+            if (kNoneOfTheirOwn.contains(key)) continue;
+            ++checked;
+            const auto word = kWords.find(key);
+            EXPECT_NE(page.find(word == kWords.end() ? key : word->second), std::string::npos)
+                << file.filename() << " asks for " << key;
+        }
+    }
+    EXPECT_GT(checked, 50U);
 }
 
 }  // namespace
