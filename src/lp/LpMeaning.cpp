@@ -6,6 +6,7 @@
 
 #include "basic/format.h"
 #include "lp/IntegerTypes.h"
+#include "lp/LostNodes.h"
 #include "lp/LpFigures.h"
 #include "lp/LpReplay.h"
 #include "lp/Ranges.h"
@@ -22,7 +23,7 @@ using picture::SentenceKind;
 constexpr std::size_t kMostSentences = 12;
 constexpr std::size_t kMostNames = 8;    // in one list
 constexpr std::size_t kMostChanges = 4;  // of right-hand sides
-constexpr double kFarAway = 1e14;        // a value that only the method's own infinity explains
+constexpr double kLargeValue = 1e9;      // from here on a value may come from the method's own infinity
 constexpr double kSameValue = 1e-6;      // relative
 
 // ---- cautions, as the guide lists them ----
@@ -30,7 +31,13 @@ constexpr double kSameValue = 1e-6;      // relative
 constexpr const char* kPassedBy = "A plan that is better by 1 or less may have been passed by.";
 constexpr const char* kNoPrices = "Prices and ranges are not given: they do not hold for whole-number plans.";
 constexpr const char* kFarValue =
-    " stands at the largest number that the method knows: in truth nothing limits it.";
+    " stands at a number that only the largest one of the method explains: in truth nothing limits it, and "
+    "prices "
+    "and ranges mean nothing.";
+constexpr const char* kFarValues =
+    " stand at numbers that only the largest one of the method explains: in truth nothing limits them, and "
+    "prices "
+    "and ranges mean nothing.";
 constexpr const char* kCutFigures = "Some figures are longer than their fields and are cut at their end.";
 constexpr const char* kNoWholePlan =
     "Every node of the search was closed and none gave a whole-number plan: the search went on without end "
@@ -46,10 +53,21 @@ constexpr const char* kCycle =
 constexpr const char* kBoundedBasics =
     "\"Unbounded\" can be wrong here: the upper bounds of 0/1 variables do not keep the method from saying "
     "so.";
+constexpr const char* kUnboundedRelaxation =
+    "Whether any whole-number plan exists was not looked at: \"unbounded\" is told of the plans without the "
+    "whole-number condition.";
 constexpr const char* kPhaseOneNode =
     "A node whose limits exclude each other was counted as a whole-number plan, and other nodes may have "
     "been given "
     "up for it.";
+
+// A node that the search took for one without a plan.
+std::string GivenUp(int nodes, bool planFound)
+{
+    return "The search gave up " + Counted(nodes, "node") + " as without a plan although " +
+           (nodes == 1 ? "it has one" : "they have one") + ": a " + (planFound ? "better " : "") +
+           "whole-number plan may be there.";
+}
 
 std::string Limits(const std::vector<std::string>& numbers)
 {
@@ -67,8 +85,9 @@ class Watcher : public Replay {
 public:
     bool GoesOn(const LpResult& at) override { return !cycles && Replay::GoesOn(at); }
 
-    void Turns(const LpResult& at, const Pivot& /*pivot*/) override
+    void Turns(const LpResult& at, const Pivot& pivot) override
     {
+        goesFarAway = goesFarAway || GoesFarAway(at, pivot);
         std::vector<std::int16_t> basis;
         for (int j = 1; j <= at.NumColumns; ++j)
             basis.push_back(at.Basis.ColumnStatus(j));
@@ -89,6 +108,7 @@ public:
     }
 
     bool cycles = false;
+    bool goesFarAway = false;  // to the method's own infinity
     bool boundedBasics = false;
     std::vector<int> artificials;
 
@@ -169,10 +189,12 @@ private:
     void TellOptimal()
     {
         figures_ = FiguresOf(result_);
+        FindFarValues();
+        if (result_.Integer) lost_ = LostNodes(result_);
         TellPlan();
         if (result_.Integer) TellSearch();
         TellLimits();
-        if (!result_.Integer) {
+        if (!result_.Integer && far_.empty()) {
             TellChanges();
             TellOtherPlan();
             TellMeetingLimits();
@@ -399,7 +421,12 @@ private:
         std::vector<std::string> fates;
         if (whole > 0) fates.push_back(std::to_string(whole) + " gave a whole plan");
         if (notBetter > 0) fates.push_back(std::to_string(notBetter) + " could not be better by more than 1");
-        if (noPlan > 0) fates.push_back(std::to_string(noPlan) + " had no plan");
+        const int lost = static_cast<int>(lost_.size());
+        if (noPlan > lost) fates.push_back(std::to_string(noPlan - lost) + " had no plan");
+        if (lost > 0)
+            fates.push_back(std::to_string(lost) + (lost == 1 ? " was" : " were") +
+                            " given up as without a plan although " + (lost == 1 ? "it has" : "they have") +
+                            " one");
         text += "; of the other " + std::to_string(tree.Visits - branched) + ", " + Listed(fates);
         if (passedOver > 0) text += "; " + Counted(passedOver, "node", "nodes") + " more needed no look";
         Say(SentenceKind::Result, text + ".");
@@ -409,8 +436,9 @@ private:
 
     void TellCautions()
     {
-        for (int j = 1; j <= Variables(); ++j)
-            if (figures_.Values(j) >= kFarAway) Say(SentenceKind::Caution, Name(j) + kFarValue);
+        if (!far_.empty())
+            Say(SentenceKind::Caution,
+                Listed(far_, kMostNames) + (far_.size() == 1 ? kFarValue : kFarValues));
         if (FiguresAreCut()) Say(SentenceKind::Caution, kCutFigures);
         if (!result_.Integer) return;
         TellSmallLetters();
@@ -425,7 +453,27 @@ private:
         }
         if (passedBy) Say(SentenceKind::Caution, kPassedBy);
         if (phaseOne) Say(SentenceKind::Caution, kPhaseOneNode);
+        TellLostNodes();
         Say(SentenceKind::Caution, kNoPrices);
+    }
+
+    void TellLostNodes()
+    {
+        const auto better =
+            std::count_if(lost_.begin(), lost_.end(), [](const LostNode& node) { return node.IsBetter; });
+        if (better > 0)
+            Say(SentenceKind::Caution, GivenUp(static_cast<int>(better), result_.Tree.IncumbentNode > 0));
+    }
+
+    // Only a value of this size is worth another solve.
+    void FindFarValues()
+    {
+        for (int j = 1; j <= Variables(); ++j)
+            if (figures_.Values(j) >= kLargeValue) far_.push_back(Name(j));
+        if (far_.empty()) return;
+        Watcher watcher;
+        Solve(problem_, result_.Minimize, result_.Integer, &watcher);
+        if (!watcher.goesFarAway) far_.clear();
     }
 
     [[nodiscard]] bool FiguresAreCut() const
@@ -490,6 +538,7 @@ private:
         Solve(problem_, result_.Minimize, result_.Integer, &watcher);
         if (watcher.boundedBasics) Say(SentenceKind::Caution, kBoundedBasics);
         if (!watcher.artificials.empty()) TellTurned(watcher.artificials);
+        if (result_.IntegerCount > 0) Say(SentenceKind::Caution, kUnboundedRelaxation);
     }
 
     void TellTurned(const std::vector<int>& constraints)
@@ -518,6 +567,8 @@ private:
             Say(SentenceKind::Caution, result_.Error == ErrorNumber::Overflow ? kLargeNumber : kFullTable);
         else
             Say(SentenceKind::Caution, tree.Exhausted ? kNoWholePlan : kBrokenOff);
+        lost_ = LostNodes(result_);
+        TellLostNodes();
         if (result_.Integer && tree.IncumbentNode > 0)
             Say(SentenceKind::Result, "The best whole-number plan found until then is worth " +
                                           Text(Own(tree.Incumbent)) + ", after " +
@@ -531,6 +582,8 @@ private:
     const LpResult& result_;
     const VtLP::LpProblem& problem_;
     Figures figures_;
+    std::vector<std::string> far_;  // variables that stand where nothing limits them
+    std::vector<LostNode> lost_;
     std::vector<Sentence> said_;
 };
 

@@ -70,6 +70,13 @@ bool Replay::GoesOn(const LpResult& at)
     return !at.Tree.Exhausted && ++steps_ < kMostSteps;
 }
 
+bool GoesFarAway(const LpResult& at, const Pivot& pivot)
+{
+    if (pivot.Out.Kind == kBoundFlip) return at.Basis.UpperBound(pivot.In.Column) >= EngineInfinity;
+    return pivot.Out.Kind == kToUpper &&
+           at.Basis.UpperBound(at.Basis.BasisList(pivot.Out.Row)) >= EngineInfinity;
+}
+
 std::vector<Point> WayOf(const LpResult& result)
 {
     Trail trail;

@@ -20,6 +20,10 @@ private:
     int steps_ = 0;
 };
 
+// Whether the entering column, or the one that it drives out, goes to the largest number of the method:
+// nothing stops them, but the test for an unbounded program does not see it.
+bool GoesFarAway(const LpResult& at, const Pivot& pivot);
+
 // The corners that the relaxation went through, for two variables. At most some hundreds.
 std::vector<picture::Point> WayOf(const LpResult& result);
 

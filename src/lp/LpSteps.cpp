@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <set>
 
 #include "basic/format.h"
+#include "lp/LostNodes.h"
 #include "lp/LpFigures.h"
 #include "lp/LpPicture.h"
 #include "lp/LpReplay.h"
@@ -20,7 +22,11 @@ using RowList = std::vector<Row>;
 
 constexpr int kMostColumns = 12;            // of a table that is shown whole
 constexpr std::size_t kMostCandidates = 6;  // reduced costs that are shown of a larger one
-constexpr std::size_t kMostTold = 1100;     // more than are kept; a cycle has no end
+constexpr const char* kLost =
+    "The method finds no column that would bring its basis back within these bounds and gives the node up, "
+    "although "
+    "a plan keeps to them.";
+constexpr std::size_t kMostTold = 1100;  // more than are kept; a cycle has no end
 
 // Columns under each other, flush right but the first.
 std::vector<std::string> Aligned(const RowList& rows)
@@ -102,11 +108,13 @@ public:
     void Started(const LpResult& at) override
     {
         Step step{.Heading = "Standard form", .Figures = StandardForm(at)};
-        step.Why =
-            at.ArtificialCount == 0
-                ? "Each limit gets a slack column, and the slacks are the first basis."
-                : "Slacks and artificials are the first basis; an artificial stands in for a limit that 0 "
-                  "does not fulfil and has to leave it.";
+        step.Why = at.ArtificialCount == 0
+                       ? "Each limit gets a slack column, and the slacks are the first basis."
+                       : "Slacks and artificials are the first basis; an artificial stands in for a limit "
+                         "with = or > and "
+                         "has to leave it.";
+        if (at.ClearedArtificials < at.ArtificialCount)
+            step.Why += " Phase 1 counts the artificials alone, with -1 each.";
         if (at.Minimize) step.Why += " To minimise, the negated objective is maximised.";
         Mark(at, step);
         steps.push_back(step);
@@ -226,7 +234,7 @@ private:
 
     [[nodiscard]] RowList GainRows(const LpResult& at, int entering) const
     {
-        RowList rows{{"could enter", "gain a unit"}};
+        RowList rows{{"outside the basis", "gain a unit"}};
         for (const int j : Candidates(at)) {
             if (rows.size() > kMostCandidates && at.NumColumns > kMostColumns) break;
             rows.push_back({ColumnName(at, j), words_.Number(GainOf(at, j))});
@@ -250,7 +258,9 @@ private:
             const double ratio = (x - at.Basis.LowerBound(j)) / falling;
             return {words_.Number(ratio), ratio};
         }
-        if (falling < -EngineTolerance && at.Basis.UpperBound(j) < EngineInfinity) {
+        const bool isBounded = at.Basis.UpperBound(j) < EngineInfinity;
+        const bool leaves = row == pivot.Out.Row && pivot.Out.Kind != kBoundFlip;
+        if (falling < -EngineTolerance && (isBounded || leaves)) {
             const double ratio = (x - at.Basis.UpperBound(j)) / falling;
             return {words_.Number(ratio), ratio};
         }
@@ -293,6 +303,9 @@ private:
         for (const int other : Candidates(at)) {
             if (other == pivot.In.Column) continue;
             const std::string rival = ColumnName(at, other);
+            if (GainOf(at, other) < PricingThreshold)
+                return name + " is the only column that gains anything, " + words_.Number(pivot.In.Gain) +
+                       " a unit.";
             if (GainOf(at, other) < pivot.In.Gain) return WhyMost(at, pivot, other);
             const bool larger = at.Coefficients(0, pivot.In.Column) > at.Coefficients(0, other);
             return name.append(" and ")
@@ -313,17 +326,22 @@ private:
 
     [[nodiscard]] std::string WhyLeaving(const LpResult& at, const Pivot& pivot) const
     {
+        if (GoesFarAway(at, pivot))
+            return "No row stops it before the largest number that the method knows: in truth nothing limits "
+                   "it.";
         if (pivot.Out.Kind == kBoundFlip) return "Its own other bound is nearer than any row.";
         const int row = pivot.Out.Row;
         const std::string name = ColumnName(at, at.Basis.BasisList(row));
         const Ratio taken = RatioOf(at, pivot, row);
         double least = EngineInfinity;
         std::string rival;
+        int rivalRow = 0;
         for (int r = 1; r <= at.Problem.NumConstraints; ++r) {
             if (r == row) continue;
             const Ratio other = RatioOf(at, pivot, r);
             if (other.Value >= least) continue;
             least = other.Value;
+            rivalRow = r;
             rival = ColumnName(at, at.Basis.BasisList(r));
         }
         if (at.Basis.ColumnKind(at.Basis.BasisList(row)) == kArtificial && pivot.Out.Step == 0)
@@ -332,9 +350,19 @@ private:
             return name + " is the only one that stops it, after " + words_.Number(pivot.Out.Step) + ".";
         if (least == taken.Value)
             return name + " and " + rival + " stop it at the same ratio, " + words_.Number(pivot.Out.Step) +
-                   "; an artificial goes first, else the upper row.";
+                   "; " + WhyFirst(at, row, rivalRow);
         return name + " stops it first, after " + words_.Number(pivot.Out.Step) + " against " +
                words_.Number(least) + " for " + rival + ".";
+    }
+
+    static std::string WhyFirst(const LpResult& at, int row, int rival)
+    {
+        const auto isArtificial = [&at](int r) {
+            return at.Basis.ColumnKind(at.Basis.BasisList(r)) == kArtificial;
+        };
+        if (!isArtificial(row)) return "the upper row goes first.";
+        return isArtificial(rival) ? "of artificials the lower row goes first."
+                                   : "the artificial goes first.";
     }
 
     Step DualStep(const LpResult& at, const Pivot& pivot)
@@ -524,6 +552,8 @@ public:
     SearchStory(const LpResult& result, const Visits& visits)
         : result_(result), tree_(result.Tree), visits_(visits), words_(result.Problem)
     {
+        for (const LostNode& node : LostNodes(result))
+            lost_.insert(node.Record);
     }
 
     void Tell(std::vector<Step>& steps) const
@@ -572,7 +602,7 @@ private:
                                    std::to_string(below) + ", " + Name(node.BranchingColumn) + " at least " +
                                    std::to_string(below + 1));
         }
-        step.Why = WhyOf(node);
+        step.Why = lost_.count(record) > 0 ? kLost : WhyOf(node);
         step.Picture = "Search";
         step.Marks = {NodeId(number)};
         return step;
@@ -641,6 +671,7 @@ private:
     const SearchTree& tree_;
     const Visits& visits_;
     Words words_;
+    std::set<int> lost_;  // records
 };
 
 std::vector<Step> LinearSteps(const LpResult& result)

@@ -124,7 +124,7 @@ std::vector<double> Asked(const std::vector<double>& /*question*/, const std::st
 // ---- the question ----
 
 // In the order of opinion.h.
-std::vector<double> QuestionOf(const LpResult& result, bool plain)
+std::vector<double> QuestionOf(const LpResult& result, int way)
 {
     const VtLP::LpProblem& problem = result.Problem;
     const Array1<std::int16_t> binary = BinaryVariables(result);
@@ -150,7 +150,7 @@ std::vector<double> QuestionOf(const LpResult& result, bool plain)
                                  static_cast<double>(entries.size()) / 2,
                                  result.Minimize ? 1.0 : 0.0,
                                  kSeconds,
-                                 plain ? 1.0 : 0.0};
+                                 static_cast<double>(way)};
     for (const auto* part : {&columns, &entries, &rows})
         question.insert(question.end(), part->begin(), part->end());
     return question;
@@ -257,13 +257,14 @@ bool KeepsToLimits(const LpResult& result, const std::vector<double>& values)
     return true;
 }
 
-// A solver that breaks down is asked once more without its finer means.
+// A solver that breaks down is asked once more in other ways.
 OtherResult AskOther(const LpResult& result, const std::stop_token& stop)
 {
     OtherResult other;
     if (!IsInstalled()) return other;
-    std::vector<double> answer = Asked(QuestionOf(result, false), stop);
-    if (answer.size() < 2 && !stop.stop_requested()) answer = Asked(QuestionOf(result, true), stop);
+    std::vector<double> answer;
+    for (int way = 0; way < kOpinionWays && answer.size() < 2 && !stop.stop_requested(); ++way)
+        answer = Asked(QuestionOf(result, way), stop);
     other.End = answer.size() < 2 ? OtherEnd::Failed : EndOf(static_cast<int>(answer[0]));
     const auto count = static_cast<std::size_t>(result.Problem.NumVariables);
     if (answer.size() != count + 2) return other;

@@ -121,9 +121,28 @@ TEST_F(LpMeaning, MeetingLimitsAreToldWhereABasicColumnIsZero)
 TEST_F(LpMeaning, AValueWithoutLimitIsTold)
 {
     Solve({false, {1}, {{{1e-6}, '<', 4}}});
-    ExpectSaid("X1 stands at the largest number that the method knows");
+    ExpectSaid(
+        "X1 stands at a number that only the largest one of the method explains: in truth nothing limits it");
+    ExpectNotSaid("further unit");
+    Solve({false,
+           {17, 8, 14, 7},
+           {{{3, -1, 1, 12}, '>', 0},
+            {{3, 2, 0, 0}, '=', 53},
+            {{0, 4, -1, 1}, '>', 48},
+            {{1, 3, 0, 0}, '<', 41}}});
+    ExpectSaid("X3 and X4 stand at numbers that only the largest one of the method explains");
+    ExpectNotSaid("further unit");
     Solve(kDoors);
-    ExpectNotSaid("largest number");
+    ExpectNotSaid("largest");
+    ExpectSaid("further unit");
+}
+
+// A large value that a limit allows is no such number.
+TEST_F(LpMeaning, ALargeValueWithinALimitIsNoCaution)
+{
+    Solve({false, {1}, {{{1}, '<', 5e14}}});
+    ExpectNotSaid("largest");
+    ExpectSaid("further unit");
 }
 
 TEST_F(LpMeaning, FiguresThatAreCutAreTold)
@@ -210,6 +229,51 @@ TEST_F(LpMeaning, ANameWithSmallLettersIsNotWhole)
     ExpectNotSaid("small letters");
 }
 
+// 9 of X5 keep to all limits (45 = 45, 27 < 43, -9 < 0) and are worth 135; the node that holds them, behind 1
+// of X2 and 0 of X1, is given up.
+const Lp kLosing{false,
+                 {4, 11, 13, 9, 15},
+                 {{{3, -2, 9, 11, 5}, '=', 45},
+                  {{9, 2, 5, -1, 3}, '<', 43},
+                  {{0, 4, 1, 2, -1}, '<', 0},
+                  {{8, 1, 8, 0, 0}, '<', 23},
+                  {{8, 0, 0, 8, 0}, '<', 48}}};
+
+TEST_F(LpMeaning, ANodeThatTheMethodLosesIsTold)
+{
+    SolveInteger(kLosing, {"DIN"});
+    ExpectSaid("the value is 133.000.");
+    ExpectSaid("14 had no plan and 2 were given up as without a plan although they have one.");
+    ExpectSaid(
+        "The search gave up 1 node as without a plan although it has one: a better whole-number plan may be "
+        "there.");
+    const std::vector<picture::Step> steps = LP_Engine::Steps(Result);
+    EXPECT_EQ(
+        std::count_if(steps.begin(), steps.end(),
+                      [](const picture::Step& step) { return step.Why == "No plan keeps to these bounds."; }),
+        14);
+    EXPECT_EQ(std::count_if(steps.begin(), steps.end(),
+                            [](const picture::Step& step) {
+                                return step.Why.find("gives the node up, although") != std::string::npos;
+                            }),
+              2);
+    SolveInteger(kTables, {"DIN"});
+    ExpectNotSaid("gave up");
+    ExpectNotSaid("given up");
+}
+
+// 8X1 - 2X2 is even and never 19.
+TEST_F(LpMeaning, AnUnboundedRelaxationSaysNothingOfWholePlans)
+{
+    const Lp even{false, {9, 9}, {{{8, -2}, '=', 19}}};
+    SolveInteger(even, {"DIN"});
+    ASSERT_EQ(Result.End, Outcome::Unbounded);
+    ExpectSaid("Whether any whole-number plan exists was not looked at");
+    Solve(even);
+    ASSERT_EQ(Result.End, Outcome::Unbounded);
+    ExpectNotSaid("whole-number");
+}
+
 TEST_F(LpMeaning, ASearchOutOfRoomTellsWhatItHad)
 {
     SolveInteger({false, {4, 4, 2, 12, 10}, {{{16, 15, 7, 7, 20}, '<', 73}}}, {"DIN"});
@@ -259,7 +323,42 @@ TEST_F(LpMeaning, AStepNamesWhatItsColumnsWereComparedWith)
     EXPECT_EQ(
         LP_Engine::Steps(Result)[1].Why,
         "X1 and X2 gain the same, 1.000; the first of them enters. Slack 1 and slack 2 stop it at the same "
-        "ratio, 4.000; an artificial goes first, else the upper row.");
+        "ratio, 4.000; the upper row goes first.");
+}
+
+std::vector<std::string> Reasons()
+{
+    std::vector<std::string> reasons;
+    for (const picture::Step& step : LP_Engine::Steps(Result))
+        reasons.push_back(step.Why);
+    return reasons;
+}
+
+TEST_F(LpMeaning, AStepTellsHowTiesAreBroken)
+{
+    // X2 gains 2 in both rows as X1 does; the ratios are 4 and 4.
+    Solve({false, {2, 3}, {{{1, 1}, '=', 4}, {{1, 1}, '=', 4}}});
+    EXPECT_THAT(Reasons(),
+                Contains(HasSubstr("Artificial 2 and artificial 1 stop it at the same ratio, 4.000; of "
+                                   "artificials the lower row goes first.")));
+    Solve({false, {2, 3}, {{{1, 1}, '<', 4}, {{1, 1}, '=', 4}}});
+    EXPECT_THAT(Reasons(), Contains(HasSubstr("the artificial goes first.")));
+}
+
+TEST_F(LpMeaning, AStepTellsWhenOneColumnOnlyGains)
+{
+    Solve(kDoors);
+    EXPECT_THAT(Reasons(), Contains(HasSubstr("X1 is the only column that gains anything, 3.000 a unit.")));
+    EXPECT_THAT(Reasons(), Contains(HasSubstr("X2 gains the most a unit, 5.000 against 3.000 for X1.")));
+}
+
+TEST_F(LpMeaning, AStepWithoutEndSaysSo)
+{
+    Solve({false, {1}, {{{1e-6}, '<', 4}}});
+    EXPECT_THAT(Reasons(),
+                Contains(HasSubstr("No row stops it before the largest number that the method knows")));
+    Solve(kDoors);
+    EXPECT_THAT(Reasons(), Not(Contains(HasSubstr("No row stops it"))));
 }
 
 TEST_F(LpMeaning, StepsMarkTheCornersOfThePlan)

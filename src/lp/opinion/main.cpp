@@ -16,7 +16,7 @@ struct Question {
     int Columns = 0;
     int Rows = 0;
     bool Minimize = false;
-    bool Plain = false;
+    int Way = kOpinionUsual;
     std::string Seconds;
     std::vector<int> Starts;
     std::vector<double> Upper;
@@ -52,7 +52,7 @@ bool Parse(const std::vector<double>& numbers, Question& question)
     if (numbers.size() != kOpinionHead + 4 * columns + 2 * entries + 2 * rows) return false;
     question.Minimize = numbers[3] != 0;
     question.Seconds = std::to_string(static_cast<int>(numbers[4]));
-    question.Plain = numbers[5] != 0;
+    question.Way = static_cast<int>(numbers[5]);
     const double* next = numbers.data() + kOpinionHead;
     for (std::size_t j = 0; j < columns; ++j, next += 4) {
         question.Starts.push_back(static_cast<int>(next[0]));
@@ -84,10 +84,10 @@ public:
         Cbc_setObjSense(model_, question.Minimize ? 1 : -1);
         for (int j = 0; j < question.Columns; ++j)
             if (question.IsInteger[static_cast<std::size_t>(j)] != 0) Cbc_setInteger(model_, j);
-        for (const char* name : {"presolve", "preprocess"})
-            Cbc_setParameter(model_, name, "off");
+        Cbc_setParameter(model_, "presolve", "off");
+        Cbc_setParameter(model_, "preprocess", question.Way == kOpinionPreprocessed ? "on" : "off");
         for (const char* name : {"cuts", "heuristics"})
-            if (question.Plain) Cbc_setParameter(model_, name, "off");
+            if (question.Way == kOpinionPlain) Cbc_setParameter(model_, name, "off");
         for (const char* name : {"log", "ratioGap", "allowableGap"})
             Cbc_setParameter(model_, name, "0");
         Cbc_setParameter(model_, "seconds", question.Seconds.c_str());
@@ -116,6 +116,7 @@ int EndWithoutOptimum(const Question& question)
     const std::vector<double> nothing(static_cast<std::size_t>(question.Columns), 0.0);
     const Model model(question, nothing.data());
     if (model.IsOptimal()) return kOpinionUnbounded;
+    if (model.IsTimeOut()) return kOpinionTimeOut;
     return model.HasEnded() ? kOpinionInfeasible : kOpinionFailed;
 }
 
@@ -126,8 +127,20 @@ int EndOf(const Model& model, const Question& question)
     return model.HasEnded() ? EndWithoutOptimum(question) : kOpinionFailed;
 }
 
+// A row without entries stands for 0, which the solver does not look at.
+bool HasImpossibleRow(const Question& question)
+{
+    std::vector<bool> filled(static_cast<std::size_t>(question.Rows));
+    for (const int row : question.Indices)
+        filled[static_cast<std::size_t>(row)] = true;
+    for (std::size_t i = 0; i < filled.size(); ++i)
+        if (!filled[i] && (question.RowLower[i] > 0 || question.RowUpper[i] < 0)) return true;
+    return false;
+}
+
 std::vector<double> AnswerTo(const Question& question)
 {
+    if (HasImpossibleRow(question)) return {kOpinionInfeasible, 0};
     const Model model(question, question.Objective.data());
     const int end = EndOf(model, question);
     const bool hasPlan = (end == kOpinionOptimal || end == kOpinionTimeOut) && model.Solution() != nullptr;
