@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The package holds both programs and their folder of problems, and lintian finds no error in it.
+# The package holds both programs and their folder of problems, lintian finds no error in it, and the programs are
+# hardened: those of an optimised build wholly, others as far as the linker does it.
 set -euo pipefail
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -15,3 +16,24 @@ for file in ./usr/bin/vantrel ./usr/bin/vantrel-play ./usr/lib/vantrel/vantrel .
         { echo "the package lacks $file"; exit 1; }
 done
 lintian --allow-root --fail-on error "$package"
+
+# asks PROGRAM WHAT PATTERN COMMAND...: what the command tells of a program holds the pattern.
+asks() {
+    local program=$1 what=$2 pattern=$3
+    shift 3
+    # Read to its end, so that the command does not die of a closed pipe.
+    "$@" "$program" 2>/dev/null | grep -c -- "$pattern" >/dev/null || { echo "${program##*/} has no $what"; exit 1; }
+}
+
+dpkg-deb --extract "$package" "$scratch/tree"
+for name in vantrel vantrel-play; do
+    program=$scratch/tree/usr/lib/vantrel/$name
+    asks "$program" "place of its own choice in memory" 'Type: *DYN' readelf -h
+    asks "$program" "binding at its start" 'BIND_NOW' readelf -d
+    asks "$program" "read-only relocations" 'GNU_RELRO' readelf -lW
+    asks "$program" "stack without code" 'GNU_STACK.* RW ' readelf -lW
+    grep -q '^CMAKE_BUILD_TYPE:STRING=Debug' "$1/CMakeCache.txt" && continue
+    asks "$program" "guard of its stack" '__stack_chk_fail' readelf --dyn-syms -W
+    asks "$program" "fortified calls" '_chk@' readelf --dyn-syms -W
+    [ "$(uname -m)" != x86_64 ] || asks "$program" "marked targets of jumps" 'endbr64' objdump -d
+done
