@@ -190,10 +190,7 @@ public:
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile()
-    {
-        if (!path_.empty()) unlink(path_.c_str());
-    }
+    ~TemporaryFile() { Remove(); }
 
     [[nodiscard]] Descriptor& File() { return *file_; }
 
@@ -203,7 +200,19 @@ public:
         path_.clear();
     }
 
+    void GiveUp()
+    {
+        Remove();
+        file_->Close();
+    }
+
 private:
+    void Remove()
+    {
+        if (!path_.empty()) unlink(path_.c_str());
+        path_.clear();
+    }
+
     // False: the name belongs to somebody else, and the next one is to be tried.
     bool Make(const std::string& path)
     {
@@ -396,7 +405,7 @@ void RequireWritable(const std::string& path)
     const Kind kind = KindForWriting(path);
     const std::string target = kind == Kind::Device ? path : BehindLinks(path);
     if (kind != Kind::Missing) OpenOld(target).Close();
-    if (kind != Kind::Device) const TemporaryFile goesAtOnce(target);
+    if (kind != Kind::Device) TemporaryFile(target).GiveUp();
 }
 
 void TakeSizeLimitAsError()
