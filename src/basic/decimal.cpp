@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <system_error>
 
 #include "basic/error.h"
@@ -11,6 +12,8 @@
 namespace {
 
 constexpr std::size_t kLongestNumber = 40;  // a sign, 17 digits, a point and an exponent fit easily
+constexpr int kWholeDigits = 15;
+constexpr double kWholeLimit = 1e15;
 
 // Takes "-1.25e+03" apart.
 Decimal FromScientific(std::string_view text)
@@ -19,12 +22,34 @@ Decimal FromScientific(std::string_view text)
     decimal.Negative = text.front() == '-';
     if (decimal.Negative) text.remove_prefix(1);
     const std::size_t mark = text.find('e');
-    for (const char c : text.substr(0, mark))
-        if (c != '.') decimal.Digits += c;
+    decimal.Digits = text.front();
+    if (mark > 2) decimal.Digits += text.substr(2, mark - 2);
     decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
     if (decimal.Digits.empty()) return {};
-    decimal.Exponent = std::stoi(std::string(text.substr(mark + 1))) + 1;
+    const std::size_t exponent =
+        text[mark + 1] == '+' ? mark + 2 : mark + 1;  // a plus is none for from_chars
+    std::from_chars(text.data() + exponent, text.data() + text.size(), decimal.Exponent);
+    ++decimal.Exponent;
     return decimal;
+}
+
+// Whether the value is a whole number whose digits can all be significant.
+bool IsShortWhole(double value, int significantDigits)
+{
+    return significantDigits >= kWholeDigits && std::abs(value) < kWholeLimit && value == std::trunc(value);
+}
+
+// Most numbers of a report are whole, and these need no search for their digits.
+Decimal FromWhole(double value)
+{
+    std::array<char, kLongestNumber> text{};
+    const auto written =
+        std::to_chars(text.data(), text.data() + text.size(), static_cast<std::int64_t>(std::abs(value)));
+    const std::string_view digits(text.data(), static_cast<std::size_t>(written.ptr - text.data()));
+    if (value == 0) return {};
+    return {.Negative = value < 0,
+            .Digits = std::string(digits.substr(0, digits.find_last_not_of('0') + 1)),
+            .Exponent = static_cast<int>(digits.size())};
 }
 
 bool IsDigit(char c)
@@ -72,11 +97,27 @@ bool IsLarge(std::string_view numeral)
     return places + (negative ? -power : power) > 0;
 }
 
+// Digits alone, or behind a minus, so few that a double holds the value.
+bool IsShortWholeNumeral(std::string_view numeral)
+{
+    return numeral.size() <= kWholeDigits &&
+           SkipDigits(numeral, IsSignAt(numeral, 0) ? 1 : 0) == numeral.size();
+}
+
+double ShortWholeValue(std::string_view numeral)
+{
+    std::int64_t whole = 0;
+    std::from_chars(numeral.data(), numeral.data() + numeral.size(), whole);
+    const bool negative = numeral.front() == '-';  // "-0" keeps its sign
+    return std::copysign(static_cast<double>(whole), negative ? -1.0 : 1.0);
+}
+
 }  // namespace
 
 Decimal ToDecimal(double value, int significantDigits)
 {
     if (!std::isfinite(value)) Raise(ErrorNumber::Overflow);
+    if (IsShortWhole(value, significantDigits)) return FromWhole(value);
     std::array<char, kLongestNumber> text{};
     const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
                                        std::chars_format::scientific, significantDigits - 1);
@@ -122,6 +163,7 @@ std::size_t NumeralLength(std::string_view text)
 double NumeralValue(std::string_view numeral)
 {
     if (numeral.front() == '+') numeral.remove_prefix(1);
+    if (IsShortWholeNumeral(numeral)) return ShortWholeValue(numeral);
     double value = 0.0;
     const auto read = std::from_chars(numeral.data(), numeral.data() + numeral.size(), value);
     if (read.ec != std::errc::result_out_of_range) return value;

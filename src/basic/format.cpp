@@ -52,20 +52,19 @@ bool Increment(std::string& digits)
 RoundedNumber Round(double value, int decimals)
 {
     const Decimal decimal = ToDecimal(value, kSignificantDigits);
-    const std::string zeros(Size(-decimal.Exponent), '0');  // between the point and the first digit
     const std::size_t wholeDigits = Size(decimal.Exponent);
     const std::size_t kept = wholeDigits + Size(decimals);
-    std::string digits = zeros + decimal.Digits;
+    std::string digits(Size(-decimal.Exponent), '0');  // between the point and the first digit
+    digits += decimal.Digits;
     const bool up = digits.size() > kept && digits[kept] >= '5';
     digits.resize(kept, '0');
+    const bool carried = up && Increment(digits);
+    const bool isZero = !carried && digits.find_first_not_of('0') == std::string::npos;
     RoundedNumber rounded;
-    if (up && Increment(digits)) {
-        rounded.Whole = "1";
-    }
-    rounded.Whole += digits.substr(0, wholeDigits);
-    rounded.Fraction = digits.substr(wholeDigits);
-    const bool isZero = (rounded.Whole + rounded.Fraction).find_first_not_of('0') == std::string::npos;
     rounded.Negative = decimal.Negative && !isZero;
+    if (carried) rounded.Whole = '1';
+    rounded.Whole.append(digits, 0, wholeDigits);
+    rounded.Fraction.assign(digits, wholeDigits);
     return rounded;
 }
 
@@ -80,6 +79,7 @@ struct DigitPattern {
 // A comma counts between two digit places only.
 bool HasSeparators(std::string_view whole)
 {
+    if (whole.find(',') == std::string_view::npos) return false;
     const std::size_t first = whole.find_first_of("0#");
     const std::size_t last = whole.find_last_of("0#");
     return first != std::string_view::npos &&
@@ -105,13 +105,13 @@ int CountPlaces(std::string_view pattern)
 // Writes the digits before the point, last one first.
 class WholeWriter {
 public:
-    WholeWriter(std::string digits, bool separators) : digits_(std::move(digits)), separators_(separators) {}
+    WholeWriter(std::string_view digits, bool separators) : digits_(digits), separators_(separators) {}
 
     void Place(char place)
     {
         if (!digits_.empty()) {
             Put(digits_.back());
-            digits_.pop_back();
+            digits_.remove_suffix(1);
         } else if (place == '0') {
             Put('0');
         }
@@ -133,7 +133,7 @@ private:
         ++written_;
     }
 
-    std::string digits_;
+    std::string_view digits_;
     bool separators_;
     std::string reversed_;
     int written_ = 0;
@@ -194,7 +194,7 @@ std::string Format(double value, std::string_view pattern)
     const DigitPattern parsed = Parse(pattern);
     const RoundedNumber number = Round(value, CountPlaces(parsed.Fraction));
     std::string text = WholePart(number, parsed);
-    if (parsed.Point) text += '.' + FractionPart(number.Fraction, parsed.Fraction);
+    if (parsed.Point) text.append(1, '.').append(FractionPart(number.Fraction, parsed.Fraction));
     return text;
 }
 
@@ -246,8 +246,9 @@ std::string PrintItem(double value)
 
 std::string FlushRight(std::string_view text, int width)
 {
-    const std::string kept(text.substr(0, Size(width)));
-    return Blanks(width - static_cast<int>(kept.size())) + kept;
+    const std::string_view kept = text.substr(0, Size(width));
+    std::string line(Size(width) - kept.size(), ' ');
+    return line.append(kept);
 }
 
 std::string FlushLeft(std::string_view text, int width)

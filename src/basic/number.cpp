@@ -1,6 +1,8 @@
 #include "basic/number.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <string>
 
@@ -12,6 +14,13 @@ namespace {
 bool IsBlank(char c)
 {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+// Of the numeral at the start; 0 where there is none.
+double LeadingValue(std::string_view text)
+{
+    const std::size_t length = NumeralLength(text);
+    return length == 0 ? 0.0 : NumeralValue(text.substr(0, length));
 }
 
 // std::nearbyint rounds halves to even as long as nobody changes the rounding mode, and nobody does.
@@ -29,11 +38,12 @@ Whole ToWhole(double value)
 
 double Val(std::string_view text)
 {
-    std::string packed;
-    for (const char c : text)
-        if (!IsBlank(c)) packed += c;
-    const std::size_t length = NumeralLength(packed);
-    return length == 0 ? 0.0 : NumeralValue(std::string_view(packed).substr(0, length));
+    if (std::any_of(text.begin(), text.end(), IsBlank)) {
+        std::string packed;
+        std::remove_copy_if(text.begin(), text.end(), std::back_inserter(packed), IsBlank);
+        return LeadingValue(packed);
+    }
+    return LeadingValue(text);
 }
 
 double Int(double value)
@@ -51,12 +61,9 @@ std::int32_t ToInt32(double value)
     return ToWhole<std::int32_t>(value);
 }
 
-double Divide(double dividend, double divisor)
+void RaiseQuotient(double dividend, double divisor)
 {
-    if (divisor == 0.0) Raise(dividend == 0.0 ? ErrorNumber::Overflow : ErrorNumber::DivisionByZero);
-    const double quotient = dividend / divisor;
-    if (!std::isfinite(quotient)) Raise(ErrorNumber::Overflow);
-    return quotient;
+    Raise(divisor == 0.0 && dividend != 0.0 ? ErrorNumber::DivisionByZero : ErrorNumber::Overflow);
 }
 
 double SquareRoot(double value)

@@ -1,6 +1,7 @@
 // Number rules that the entry forms, the engines and the files share.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <string_view>
 
@@ -17,7 +18,13 @@ std::int32_t ToInt32(double value);
 
 // Arithmetic that fails instead of giving an infinity: "Division by zero" (0 / 0: "Overflow"), "Invalid
 // procedure call or argument" for the root of a negative number.
-double Divide(double dividend, double divisor);
+[[noreturn]] void RaiseQuotient(double dividend, double divisor);
+inline double Divide(double dividend, double divisor)
+{
+    const double quotient = dividend / divisor;  // not finite by a divisor of 0
+    if (!std::isfinite(quotient)) RaiseQuotient(dividend, divisor);
+    return quotient;
+}
 double SquareRoot(double value);
 
 // Sum that must fit 16 bits, else "Overflow".

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
+#include <vector>
 
 #include "basic/number.h"
 
@@ -32,6 +34,94 @@ void Add(double factor, const double* source, double* target, int first, int las
         target[i] += factor * source[i];
 }
 
+// The entries of some rows of a table that are not zero, in ascending order of their columns: a zero adds
+// nothing to a sum.
+class Entries {
+public:
+    struct Entry {
+        int Column;
+        double Value;
+    };
+
+    Entries(int rows, int columns)
+    {
+        entries_.reserve(Index(rows) * Index(columns));
+        ends_.reserve(Index(rows));
+    }
+
+    void AddRow(const double* row, int first, int last)
+    {
+        for (int c = first; c <= last; ++c)
+            if (row[c] != 0) entries_.push_back({c, row[c]});
+        ends_.push_back(entries_.size());
+    }
+    // Rows count from 0, in the order in which they were added.
+    [[nodiscard]] std::span<const Entry> Row(int row) const
+    {
+        const std::size_t begin = row == 0 ? 0 : ends_[Index(row - 1)];
+        return std::span(entries_).subspan(begin, ends_[Index(row)] - begin);
+    }
+
+private:
+    std::vector<Entry> entries_;
+    std::vector<std::size_t> ends_;
+};
+
+// Both tables from a row on, for a few columns side by side.
+class StripSolver {
+public:
+    StripSolver(const Array2<double>& r, const Array2<double>& u, int firstRow, int lastRow)
+        : u_(u),
+          first_(firstRow),
+          last_(lastRow),
+          factors_(lastRow - firstRow + 1, lastRow),
+          above_(lastRow - firstRow + 1, lastRow)
+    {
+        for (int i = firstRow; i <= lastRow; ++i) {
+            factors_.AddRow(r.Row(i), 1, lastRow);
+            above_.AddRow(u.Row(i), i + 1, lastRow);
+        }
+    }
+
+    void Multiply(const Array2<double>& strip, Array2<double>& product) const
+    {
+        for (int i = first_; i <= last_; ++i) {
+            Sums sums = {};
+            for (const Entries::Entry& factor : factors_.Row(i - first_)) {
+                const double* entries = strip.Row(factor.Column);
+                for (int k = 0; k < kStrip; ++k)
+                    sums[Index(k)] += factor.Value * entries[k];
+            }
+            std::copy_n(sums.data(), kStrip, product.Row(i));
+        }
+    }
+
+    void Solve(const Array2<double>& product, Array2<double>& strip) const
+    {
+        for (int r = last_; r >= first_; --r) {
+            Sums rest;
+            std::copy_n(product.Row(r), kStrip, rest.data());
+            for (const Entries::Entry& factor : above_.Row(r - first_)) {
+                const double* solved = strip.Row(factor.Column);
+                for (int k = 0; k < kStrip; ++k)
+                    rest[Index(k)] -= factor.Value * solved[k];
+            }
+            const double diagonal = u_(r, r);
+            if (diagonal == 0) Raise(ErrorNumber::DivisionByZero);
+            double* solution = strip.Row(r);
+            for (int k = 0; k < kStrip; ++k)
+                solution[k] = rest[Index(k)] / diagonal;
+        }
+    }
+
+private:
+    const Array2<double>& u_;
+    int first_;
+    int last_;
+    Entries factors_;
+    Entries above_;  // the diagonal
+};
+
 }  // namespace
 
 void BasisFactors::Reset(int size, int capacity)
@@ -45,23 +135,25 @@ void BasisFactors::Reset(int size, int capacity)
 
 void BasisFactors::Multiply(const double* column, double* work) const
 {
-    for (int i = 1; i <= size_; ++i) {
-        const double* row = r_.Row(i);
-        double sum = 0;
-        for (int c = 1; c <= size_; ++c)
-            sum += row[c] * column[c];
-        work[i] = sum;
+    std::fill_n(work + 1, size_, 0.0);
+    for (int c = 1; c <= size_; ++c) {
+        const double entry = column[c];
+        if (entry == 0) continue;
+        for (int i = 1; i <= size_; ++i)
+            work[i] += r_.Row(i)[c] * entry;
     }
 }
 
 void BasisFactors::Solve(const double* work, double* solution) const
 {
+    std::vector<int> filled;  // the positions that are not zero, the last one first
+    filled.reserve(Index(size_));
     for (int r = size_; r >= 1; --r) {
         const double* row = u_.Row(r);
         double rest = work[r];
-        for (int c = r + 1; c <= size_; ++c)
-            rest -= row[c] * solution[c];
+        std::for_each(filled.rbegin(), filled.rend(), [&](int c) { rest -= row[c] * solution[c]; });
         solution[r] = Divide(rest, row[r]);
+        if (solution[r] != 0) filled.push_back(r);
     }
 }
 
@@ -85,49 +177,17 @@ void BasisFactors::MultiplyTransposed(const double* prices, double* duals) const
 // The columns go through in strips that stay in the nearest cache, their sums in registers.
 void BasisFactors::SolveBlock(int firstRow, int count, Array2<double>& block) const
 {
+    const StripSolver solver(r_, u_, firstRow, size_);
     Array2<double> strip(size_, kStrip - 1);
     Array2<double> product(size_, kStrip - 1);
     for (int first = 0; first < count; first += kStrip) {
         const int width = std::min(kStrip, count - first);
         for (int i = 1; i <= size_; ++i)
             std::copy_n(block.Row(i) + first, width, strip.Row(i));
-        MultiplyStrip(firstRow, strip, product);
-        SolveStrip(firstRow, product, strip);
+        solver.Multiply(strip, product);
+        solver.Solve(product, strip);
         for (int i = firstRow; i <= size_; ++i)
             std::copy_n(strip.Row(i), width, block.Row(i) + first);
-    }
-}
-
-void BasisFactors::MultiplyStrip(int firstRow, const Array2<double>& strip, Array2<double>& product) const
-{
-    for (int i = firstRow; i <= size_; ++i) {
-        const double* factors = r_.Row(i);
-        Sums sums = {};
-        for (int c = 1; c <= size_; ++c) {
-            const double* entries = strip.Row(c);
-            for (int k = 0; k < kStrip; ++k)
-                sums[Index(k)] += factors[c] * entries[k];
-        }
-        std::copy_n(sums.data(), kStrip, product.Row(i));
-    }
-}
-
-void BasisFactors::SolveStrip(int firstRow, const Array2<double>& product, Array2<double>& strip) const
-{
-    for (int r = size_; r >= firstRow; --r) {
-        const double* factors = u_.Row(r);
-        Sums rest;
-        std::copy_n(product.Row(r), kStrip, rest.data());
-        for (int c = r + 1; c <= size_; ++c) {
-            const double* solved = strip.Row(c);
-            for (int k = 0; k < kStrip; ++k)
-                rest[Index(k)] -= factors[c] * solved[k];
-        }
-        const double diagonal = factors[r];
-        if (diagonal == 0) Raise(ErrorNumber::DivisionByZero);
-        double* solution = strip.Row(r);
-        for (int k = 0; k < kStrip; ++k)
-            solution[k] = rest[Index(k)] / diagonal;
     }
 }
 

@@ -39,9 +39,6 @@ public:
 
 private:
     void RestoreTriangle(int k);
-    // Strips of a few columns side by side.
-    void MultiplyStrip(int firstRow, const Array2<double>& strip, Array2<double>& product) const;
-    void SolveStrip(int firstRow, const Array2<double>& product, Array2<double>& strip) const;
 
     int size_ = 0;
     Array2<double> u_;

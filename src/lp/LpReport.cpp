@@ -14,6 +14,7 @@ using LP_Engine::LpResult;
 using LP_Engine::Range;
 
 constexpr std::size_t kLongestName = 14;
+constexpr std::size_t kLineLength = 80;  // enough for any line of the tables
 constexpr int kNumberWidth = 15;
 constexpr int kNameWidth = 14;  // of the solution tables
 constexpr int kValueColumn = 22;
@@ -25,17 +26,20 @@ constexpr std::string_view kNoUpperLimit = " No Upper Limit";
 
 // ---- lines ----
 
-std::string PaddedTo(std::string line, int column)
+void PadTo(std::string& line, int column)
 {
     const auto length = static_cast<std::size_t>(column);
     if (line.size() < length) line.resize(length, ' ');
-    return line;
 }
 
-std::string Centred(const std::string& name, int width)
+// The beginning of a line.
+std::string Centred(std::string_view name, int width)
 {
     const int margin = (width - static_cast<int>(name.size())) / 2;
-    return " " + Blanks(std::max(margin, 0)) + Trimmed(name);
+    std::string line;
+    line.reserve(kLineLength);
+    line.append(static_cast<std::size_t>(std::max(margin, 0)) + 1, ' ');
+    return line.append(Trimmed(name));
 }
 
 // What differs between the screen and the full report: field widths, and where the next field begins.
@@ -107,10 +111,11 @@ public:
     // These need the tableau; the variables in order.
     std::string ObjectiveRange(int j)
     {
-        const std::string name = Centred(Name(j), kRangeNameWidth);
-        return RangeLine(
-            PaddedTo(name, layout_.RangeNameFill) + Blanks(layout_.RangeNameGap),
-            LP_Engine::ObjectiveRange(result_, tableau_, j, figures_.BasicRowOf(j), reducedCosts_));
+        std::string line = Centred(Name(j), kRangeNameWidth);
+        PadTo(line, layout_.RangeNameFill);
+        line.append(static_cast<std::size_t>(layout_.RangeNameGap), ' ');
+        return RangeLine(std::move(line), LP_Engine::ObjectiveRange(result_, tableau_, j,
+                                                                    figures_.BasicRowOf(j), reducedCosts_));
     }
 
     [[nodiscard]] std::string RightHandSide(int i) const
@@ -131,9 +136,9 @@ public:
     }
 
 private:
-    [[nodiscard]] std::string Name(int j) const
+    [[nodiscard]] std::string_view Name(int j) const
     {
-        return result_.Problem.LpVariableNames(j).substr(0, kLongestName);
+        return std::string_view(result_.Problem.LpVariableNames(j)).substr(0, kLongestName);
     }
 
     [[nodiscard]] std::string Number(double value, int width) const
@@ -142,20 +147,21 @@ private:
     }
 
     // A line of the tables of variables and constraints; the price is left out for an integer program.
-    [[nodiscard]] std::string TableLine(const std::string& start, double value, double price) const
+    [[nodiscard]] std::string TableLine(std::string line, double value, double price) const
     {
-        std::string line = PaddedTo(start, kValueColumn) + Number(value, layout_.ValueWidth);
-        if (!IsInteger() || layout_.PadsIntegerLines) line = PaddedTo(line, layout_.ValueEnd);
+        PadTo(line, kValueColumn);
+        line += Number(value, layout_.ValueWidth);
+        if (!IsInteger() || layout_.PadsIntegerLines) PadTo(line, layout_.ValueEnd);
         if (!IsInteger()) line += Number(price, layout_.PriceWidth);
         return line;
     }
 
-    [[nodiscard]] std::string RangeLine(const std::string& start, const Range& range) const
+    [[nodiscard]] std::string RangeLine(std::string line, const Range& range) const
     {
-        std::string line = start;
         line += range.Lower ? Number(*range.Lower, kNumberWidth) : std::string(kNoLowerLimit);
-        line += Blanks(layout_.LowerGap) + Number(range.Current, layout_.CurrentWidth);
-        line += Blanks(layout_.CurrentGap);
+        line.append(static_cast<std::size_t>(layout_.LowerGap), ' ');
+        line += Number(range.Current, layout_.CurrentWidth);
+        line.append(static_cast<std::size_t>(layout_.CurrentGap), ' ');
         line += range.Upper ? Number(*range.Upper, kNumberWidth) : std::string(kNoUpperLimit);
         return line;
     }

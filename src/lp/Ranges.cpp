@@ -70,8 +70,7 @@ Array2<double> Tableau(const LpResult& result)
     Array2<double> block(rows, columns);
     for (int i = 1; i <= rows; ++i)
         std::copy_n(result.Coefficients.Row(i) + 1, columns, block.Row(i));
-    BasisFactors factors = result.Basis.Factors;
-    factors.SolveBlock(1, columns, block);
+    result.Basis.Factors.SolveBlock(1, columns, block);
     for (int i = 1; i <= rows; ++i)
         std::copy_backward(block.Row(i), block.Row(i) + columns, block.Row(i) + columns + 1);
     return block;

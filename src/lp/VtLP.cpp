@@ -169,7 +169,7 @@ void ReadCoefficient(int row, int column, const std::string& text, std::string& 
     Problem.LpCoefficients(row, column) = value;
     if (value == 0) return;
     if (text.front() != '-' && !line.empty()) line += '+';
-    line += text + Problem.LpVariableNames(column);
+    line.append(text).append(Problem.LpVariableNames(column));
     CountDecimals(text);
 }
 
@@ -183,6 +183,7 @@ void ReadConstraint(const Grid& grid, int row)
 {
     const int relation = grid.Columns() - 2;
     std::string line;
+    line.reserve(Problem.LpLines(kObjectiveLine).size());
     for (int column = 1; column < relation; ++column)
         ReadCoefficient(row, column, grid.Text(row, column), line);
 
@@ -193,7 +194,7 @@ void ReadConstraint(const Grid& grid, int row)
     line += rightHandSide;
     Problem.LpCoefficients(row, 0) = Val(rightHandSide);
     CountDecimals(rightHandSide);
-    Problem.LpLines(kObjectiveLine + row) = line;
+    Problem.LpLines(kObjectiveLine + row) = std::move(line);
 }
 
 void MakeTables()
