@@ -12,7 +12,7 @@ TEST_PACKAGES=(
     "${RUN_PACKAGES[@]}"
     libgtest-dev libgmock-dev
     desktop-file-utils appstream shared-mime-info
-    dpkg-dev lintian man-db poppler-utils
+    dpkg-dev lintian man-db poppler-utils locales
 )
 CHECK_PACKAGES=(
     "${TEST_PACKAGES[@]}"

@@ -58,7 +58,7 @@ Experiment* ExperimentOf(const std::string& path)
     if (first == std::string::npos) return nullptr;
     Experiment& experiment = state.Experiments[name];
     experiment.Name = name;
-    experiment.At = std::atol(name.c_str() + first + 1);
+    experiment.At = std::strtol(name.c_str() + first + 1, nullptr, 10);
     experiment.Fault = name.substr(second + 1);
     return &experiment;
 }
@@ -134,6 +134,8 @@ bool faults::Happened(const std::string& experiment)
     return found != TheState().Experiments.end() && found->second.Calls >= found->second.At;
 }
 
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the headers of the system have reserved
+// names
 extern "C" {
 
 int open(const char* path, int flags, ...)
@@ -189,3 +191,4 @@ int close(int file)
 }
 
 }  // extern "C"
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
