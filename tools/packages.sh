@@ -3,11 +3,11 @@
 RUN_PACKAGES=(
     g++ cmake ninja-build
     qt6-base-dev qt6-svg-dev qt6-wayland coinor-libcbc-dev
-    python3-markdown
+    python3-markdown weasyprint
     fonts-dejavu-core fonts-liberation
 )
 # The program builds and runs without these, and then does a little less.
-OPTIONAL_PACKAGES=(qt6-svg-dev coinor-libcbc-dev)
+OPTIONAL_PACKAGES=(qt6-svg-dev coinor-libcbc-dev weasyprint)
 TEST_PACKAGES=(
     "${RUN_PACKAGES[@]}"
     libgtest-dev libgmock-dev

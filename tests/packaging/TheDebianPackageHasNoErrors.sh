@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The package holds both programs and their folder of problems, lintian finds no error in it, and the programs are
-# hardened: those of an optimised build wholly, others as far as the linker does it.
+# The package holds both programs, their folder of problems and the guide, lintian finds no error in it, and the
+# programs are hardened: those of an optimised build wholly, others as far as the linker does it.
 set -euo pipefail
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -10,7 +10,11 @@ umask 022
 cpack -G DEB --config "$1/CPackConfig.cmake" -B "$scratch" >"$scratch/log" 2>&1 || { cat "$scratch/log"; exit 1; }
 package=$(echo "$scratch"/vantrel_*.deb)
 dpkg-deb --contents "$package" >"$scratch/contents"
-for file in ./usr/bin/vantrel ./usr/bin/vantrel-play ./usr/lib/vantrel/vantrel ./usr/lib/vantrel/Problems/ \
+guide=./usr/share/doc/vantrel/guide
+book=
+[ ! -e "$1/docs/guide/vantrel-guide.pdf" ] || book=$guide/vantrel-guide.pdf
+for file in $guide/index.html $guide/search.js $book \
+    ./usr/bin/vantrel ./usr/bin/vantrel-play ./usr/lib/vantrel/vantrel ./usr/lib/vantrel/Problems/ \
     ./usr/share/applications/vantrel.desktop ./usr/share/man/man1/vantrel.1.gz; do
     awk -v file="$file" '$6 == file { found = 1 } END { exit !found }' "$scratch/contents" ||
         { echo "the package lacks $file"; exit 1; }

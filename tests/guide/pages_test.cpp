@@ -1,0 +1,214 @@
+// What is made of the guide for a browser: no block is lost, no link leads nowhere, and the index and the
+// search know all sections.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kDocs = fs::path(VANTREL_ROOT) / "docs";
+const fs::path kPages = VANTREL_PAGES;
+
+std::string TextOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<fs::path> FilesBelow(const fs::path& folder, const std::string& extension)
+{
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (entry.path().extension() == extension) files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+// All that the first group of the pattern matches.
+std::vector<std::string> Matches(const std::string& text, const std::string& pattern)
+{
+    const std::regex regex(pattern);
+    std::vector<std::string> found;
+    for (std::sregex_iterator it(text.begin(), text.end(), regex), end; it != end; ++it)
+        found.push_back((*it)[1]);
+    return found;
+}
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to)
+{
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+std::string Unescaped(const std::string& text)
+{
+    return Replaced(Replaced(Replaced(Replaced(text, "&lt;", "<"), "&gt;", ">"), "&quot;", "\""), "&amp;",
+                    "&");
+}
+
+std::vector<std::string> Between(const std::string& text, const std::string& begin, const std::string& end)
+{
+    std::vector<std::string> found;
+    for (std::size_t at = 0; (at = text.find(begin, at)) != std::string::npos;) {
+        at += begin.size();
+        const auto until = text.find(end, at);
+        found.push_back(text.substr(at, until - at));
+        at = until;
+    }
+    return found;
+}
+
+// Blanks at the end of a line do not count.
+std::string WithoutTrailingBlanks(const std::string& text)
+{
+    return std::regex_replace(text, std::regex(" +\n"), "\n");
+}
+
+// The fenced blocks of a page as it is written.
+std::vector<std::string> WrittenBlocks(const std::string& page)
+{
+    std::istringstream lines(page);
+    std::vector<std::string> blocks;
+    bool inside = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("```")) {
+            inside = !inside;
+            if (inside) blocks.emplace_back();
+        } else if (inside) {
+            blocks.back() += line + '\n';
+        }
+    }
+    return blocks;
+}
+
+std::vector<std::string> MadeBlocks(const std::string& page)
+{
+    static const std::regex kBegin("<pre><code class=\"[^\"]*\">");
+    std::vector<std::string> blocks;
+    for (const auto& block :
+         Between(std::regex_replace(page, kBegin, "<pre class>"), "<pre class>", "</code>"))
+        blocks.push_back(WithoutTrailingBlanks(Unescaped(block)));
+    return blocks;
+}
+
+std::set<std::string> Anchors(const std::string& page)
+{
+    const auto anchors = Matches(page, R"x( id="([^"]+)")x");
+    return {anchors.begin(), anchors.end()};
+}
+
+// Whether a link of a page leads to a file and, behind #, to an anchor of it.
+bool LeadsSomewhere(const fs::path& page, const std::string& link)
+{
+    const auto hash = link.find('#');
+    const std::string path = link.substr(0, hash);
+    const fs::path file = path.empty() ? page : page.parent_path() / path;
+    if (!fs::exists(file)) return false;
+    return hash == std::string::npos || Anchors(TextOf(file)).contains(Unescaped(link.substr(hash + 1)));
+}
+
+TEST(GuidePages, HoldEveryPageThatIsWritten)
+{
+    std::size_t checked = 0;
+    for (const auto& written : FilesBelow(kDocs / "guide", ".md")) {
+        ++checked;
+        const auto made = kPages / fs::relative(written, kDocs / "guide").replace_extension(".html");
+        EXPECT_TRUE(fs::exists(made)) << made;
+        EXPECT_THAT(MadeBlocks(TextOf(made)), testing::ElementsAreArray(WrittenBlocks(TextOf(written))))
+            << made;
+    }
+    EXPECT_GT(checked, 20U);
+}
+
+TEST(GuidePages, LinkOnlyToWhatIsThere)
+{
+    std::size_t checked = 0;
+    for (const auto& page : FilesBelow(kPages, ".html"))
+        for (const auto& link : Matches(TextOf(page), R"x((?:href|src)="([^"]*)")x")) {
+            if (link.starts_with("https://")) continue;
+            ++checked;
+            EXPECT_TRUE(LeadsSomewhere(page, link)) << page.filename() << ": " << link;
+        }
+    EXPECT_GT(checked, 1000U);
+}
+
+TEST(GuidePages, TellWhatIsInEachPicture)
+{
+    std::size_t checked = 0;
+    for (const auto& page : FilesBelow(kPages, ".html"))
+        for (const auto& picture : Matches(TextOf(page), "(<img[^>]*>)")) {
+            ++checked;
+            EXPECT_NE(picture.find("alt=\""), std::string::npos) << page.filename() << ": " << picture;
+            EXPECT_EQ(picture.find("alt=\"\""), std::string::npos) << page.filename() << ": " << picture;
+        }
+    EXPECT_GT(checked, 10U);
+}
+
+TEST(GuidePages, ShowNoMarkOfTheTextTheyAreMadeFrom)
+{
+    static const std::regex kCode(R"(<(pre|code)[^>]*>[^]*?</\1>)");
+    for (const auto& page : FilesBelow(kPages, ".html")) {
+        const std::string text = TextOf(page);
+        for (const auto* mark : {"<!--", "](", "\n## ", "\n| ", "**"})
+            EXPECT_EQ(std::regex_replace(text, kCode, "").find(mark), std::string::npos)
+                << page.filename() << " shows " << mark;
+    }
+}
+
+TEST(GuidePages, AreFoundByTheirHeadings)
+{
+    const std::string sections = TextOf(kPages / "sections.js");
+    std::size_t checked = 0;
+    for (const auto& page : FilesBelow(kPages, ".html")) {
+        const auto name = fs::relative(page, kPages).generic_string();
+        if (name == "word-index.html") continue;
+        for (const auto& anchor : Matches(TextOf(page), R"x(<h[1-3] id="([^"]+)")x")) {
+            ++checked;
+            EXPECT_NE(sections.find("[\"" + name + "#" + anchor + "\","), std::string::npos)
+                << name << ' ' << anchor;
+        }
+    }
+    EXPECT_GT(checked, 150U);
+}
+
+TEST(GuidePages, HaveAnIndexOfWordsAndMessages)
+{
+    const std::string index = TextOf(kPages / "word-index.html");
+    const auto words = Matches(TextOf(kDocs / "guide/glossary.md"), R"(\n\| ([^|]+) \| )");
+    EXPECT_GT(words.size(), 40U);
+    for (const auto& word : words) {
+        if (word == "word" || word == "---") continue;
+        EXPECT_NE(index.find("<dt>" + word + "</dt>"), std::string::npos) << word;
+    }
+    for (const auto* message :
+         {"No Feasible Solution", "Problem is Unbounded.", "Disk full", "Right Hand Sides Must be Positive"})
+        EXPECT_NE(index.find(std::string("<dt>") + message + "</dt>"), std::string::npos) << message;
+}
+
+// F1 opens the page that has the name of the module.
+TEST(GuidePages, HaveAPageForEachModule)
+{
+    const auto modules = Matches(TextOf(fs::path(VANTREL_ROOT) / "src/modules.cpp"), R"x("\d+\. +([^"]+)")x");
+    EXPECT_EQ(modules.size(), 12U);
+    for (auto name : modules) {
+        std::transform(name.begin(), name.end(), name.begin(), [](unsigned char character) {
+            return character == ' ' || character == '/' ? '-' : static_cast<char>(std::tolower(character));
+        });
+        EXPECT_TRUE(fs::exists(kPages / (name + ".html"))) << name;
+    }
+}
+
+}  // namespace
