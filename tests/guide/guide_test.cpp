@@ -315,6 +315,22 @@ TEST(Guide, ShowsAnExampleOfEveryStepOfSessionScripts)
         EXPECT_NE(page.find("| `" + step), std::string::npos) << "not in the table: " << step;
 }
 
+// Comments in the text mark the figures that figures.py compares.
+TEST(Guide, MarksOnlyFiguresOfTheTour)
+{
+    static const std::regex kMarker(R"( ([a-z-]+)( printed| picture| steps| meaning| problem)?: \S.* )");
+    std::size_t checked = 0;
+    for (const auto& page : FilesBelow(kGuide, {".md"}))
+        for (const auto& comment : Matches(WithoutBlocks(TextOf(page)), "<!--([^]*?)-->")) {
+            ++checked;
+            std::smatch parts;
+            const std::string marker = Replaced(comment, "\n", " ");
+            ASSERT_TRUE(std::regex_match(marker, parts, kMarker)) << page.filename() << ": " << marker;
+            EXPECT_TRUE(fs::exists(kRoot / "docs/tour" / (parts[1].str() + ".play"))) << marker;
+        }
+    EXPECT_GT(checked, 5U);
+}
+
 TEST(Guide, ListsEverySampleProblem)
 {
     const auto listed = Matches(TextOf(kGuide / "samples.md"), R"(\| `([^`]+)` \|)");
