@@ -23,7 +23,7 @@ constexpr const char* kImpossibleOutcome = "Outcome {k} cannot happen; its row m
 constexpr const char* kImpossibleOutcomes = "Outcomes {k} cannot happen; their rows mean nothing.";
 constexpr const char* kImpossibleState = "{states} the chance 0: the payoffs there do not count.";
 constexpr const char* kTieAtOutcome =
-    "After outcome {k} {alternatives} tie; the report names the last one only.";
+    "After {outcomes} {alternatives} tie; the report names the last one only.";
 constexpr const char* kOneOutcome = "With one outcome the sample carries no information.";
 constexpr const char* kEmptyEfficiency =
     "The value of perfect information is 0 but for rounding: the efficiency in the report means nothing.";
@@ -212,6 +212,36 @@ private:
         Chances();
     }
 
+    // In the order of the first outcome of each.
+    [[nodiscard]] std::string WhatToTake(const std::map<int, std::vector<int>>& outcomes,
+                                         const std::vector<int>& impossible) const
+    {
+        if (outcomes.size() == 1)
+            return "alternative " + LabelOf(outcomes.begin()->first) +
+                   (p_.IndicatorCount == 1 ? " after the only outcome"
+                    : impossible.empty()   ? " after every outcome"
+                                           : " after every outcome that can happen");
+        std::map<int, std::string> parts;  // by first outcome
+        for (const auto& [alternative, list] : outcomes)
+            parts[list.front()] = "alternative " + LabelOf(alternative) + " after " + Called("outcome", list);
+        std::vector<std::string> texts;
+        texts.reserve(parts.size());
+        for (const auto& [first, text] : parts)
+            texts.push_back(text);
+        return picture::Listed(texts);
+    }
+
+    void TiesAtOutcomes()
+    {
+        std::map<std::vector<int>, std::vector<int>> ties;  // outcomes by what ties there
+        for (int k = 1; k <= p_.IndicatorCount; ++k)
+            if (CanHappen(r_, k)) ties[BestAt(p_, r_, k)].push_back(k);
+        for (const auto& [best, outcomes] : ties)
+            if (best.size() > 1)
+                Caution(kTieAtOutcome, {{"outcomes", Called("outcome", outcomes)},
+                                        {"alternatives", Called("alternative", best)}});
+    }
+
     void Strategy()
     {
         std::map<int, std::vector<int>> outcomes;  // by alternative
@@ -222,27 +252,12 @@ private:
             else
                 impossible.push_back(k);
         }
-        if (outcomes.size() == 1) {
-            Say(SentenceKind::Result, "With the sample take alternative " + LabelOf(outcomes.begin()->first) +
-                                          " after every outcome; the strategy is worth " +
-                                          ValueText(r_.ExpectedStrategyValue) + ".");
-        } else {
-            std::string text;
-            for (const auto& [alternative, list] : outcomes)
-                text += (text.empty() ? "With the sample take alternative " : ", alternative ") +
-                        LabelOf(alternative) + " after " + Called("outcome", list);
-            Say(SentenceKind::Result,
-                text + "; the strategy is worth " + ValueText(r_.ExpectedStrategyValue) + ".");
-        }
+        Say(SentenceKind::Result, "With the sample take " + WhatToTake(outcomes, impossible) +
+                                      "; the strategy is worth " + ValueText(r_.ExpectedStrategyValue) + ".");
         if (!impossible.empty())
             Caution(impossible.size() == 1 ? kImpossibleOutcome : kImpossibleOutcomes,
                     {{"k", Numbers(impossible)}});
-        if (m_ > 1)
-            for (const auto& [alternative, list] : outcomes)
-                for (const int k : list)
-                    if (const std::vector<int> best = BestAt(p_, r_, k); best.size() > 1)
-                        Caution(kTieAtOutcome,
-                                {{"k", LabelOf(k)}, {"alternatives", Called("alternative", best)}});
+        TiesAtOutcomes();
         if (p_.IndicatorCount == 1) Caution(kOneOutcome);
     }
 
@@ -288,9 +303,19 @@ private:
 
     void Change(const char* side, double chance, const Stretch& beyond)
     {
-        Say(SentenceKind::Change, std::string(side) + " a chance of " + picture::Chance(chance, 3) +
-                                      " for state 1 " + Called("alternative", beyond.Best) +
-                                      (beyond.Best.size() == 1 ? " becomes best." : " become best."));
+        const bool one = beyond.Best.size() == 1;
+        const std::string told = picture::Chance(chance, 3);
+        const bool low = told.front() == 'b';   // below the last printed place
+        const bool high = told.front() == 'm';  // more than the last one below 1
+        const std::string figure = told.substr(told.find_first_of("0123456789"));
+        const std::string text = low ? "less than " + figure : high ? "more than " + figure : told;
+        const std::string who = " for state 1 " + Called("alternative", beyond.Best);
+        if (*side == 'B' ? low : high)
+            Say(SentenceKind::Change,
+                "Only at a chance of " + text + who + (one ? " becomes best." : " become best."));
+        else
+            Say(SentenceKind::Change, std::string(side) + " a chance of " + text + who +
+                                          (one ? " becomes best." : " become best."));
     }
 
     void Chances()

@@ -164,7 +164,8 @@ void Sayer::SayComparison()
             "The mean square error is over " +
                 (FittedPeriods(result_) == 1
                      ? "period " + Num(n_)
-                     : "periods " + Num(result_.FirstFittedPeriod) + " to " + Num(n_)) +
+                     : "periods " + Num(result_.FirstFittedPeriod) +
+                           (FittedPeriods(result_) == 2 ? " and " : " to ") + Num(n_)) +
                 "; that of another method may cover other periods, and the two cannot be compared as they "
                 "are.");
 }

@@ -50,6 +50,7 @@ private:
     Step& Add(std::string heading, Lines figures, std::string why, std::string picture = "Series");
     [[nodiscard]] std::string Value(int t) const { return SeriesText(problem_, result_.Series(t)); }
     [[nodiscard]] std::string ErrorLine(int t) const;
+    [[nodiscard]] std::string FittedSpan() const;
 
     void TellAverages();
     void TellAverage(int period, double forecast, int k);
@@ -102,7 +103,8 @@ void Teller::TellAverage(int period, double forecast, int k)
         terms.push_back("period " + Num(t) + ": " + Value(t));
     }
     const std::string span =
-        k == 1 ? "period " + Num(period - 1) : "periods " + Num(period - k) + " to " + Num(period - 1);
+        k == 1 ? "period " + Num(period - 1)
+               : "periods " + Num(period - k) + (k == 2 ? " and " : " to ") + Num(period - 1);
     Lines lines{"sum of " + span + " = " + ForecastText(sum),
                 "forecast = " + ForecastText(sum) + " / " + Num(k) + " = " + ForecastText(forecast)};
     const bool past = period <= n_;
@@ -327,6 +329,13 @@ void Teller::TellError()
         "The divisor is the number of fitted periods.", "Errors");
 }
 
+std::string Teller::FittedSpan() const
+{
+    const int count = FittedPeriods(result_);
+    if (count <= 1) return "period " + Num(n_);
+    return "periods " + Num(result_.FirstFittedPeriod) + (count == 2 ? " and " : " to ") + Num(n_);
+}
+
 void Teller::TellProof()
 {
     double sum = 0;
@@ -334,8 +343,7 @@ void Teller::TellProof()
         sum += result_.FitError(t) * result_.FitError(t);
     const int divisor = std::max(FittedPeriods(result_), 1);
     Lines lines{
-        "squared errors of periods " + Num(result_.FirstFittedPeriod) + " to " + Num(n_) + " = " +
-            ForecastText(sum),
+        "squared errors of " + FittedSpan() + " = " + ForecastText(sum),
         "mean square error x " + Num(divisor) + " = " + ForecastText(result_.MeanSquareError * divisor)};
     if (FittedPeriods(result_) == 0) lines = {"there is no error"};
     Add("Proof", lines,

@@ -382,10 +382,9 @@ void Sayer::SayRowSums()
     Say(SentenceKind::Caution,
         states.size() == 1
             ? "The row of state " + Num(first) + " adds up to " + sum +
-                  ", not to 1, and is used as it stands: with every step the shares drift by so much."
+                  ", not to 1, and is used as it stands: with every step the shares drift."
             : "The rows of " + StateList(states) + " do not add up to 1 (that of state " + Num(first) +
-                  " to " + sum +
-                  ") and are used as they stand: with every step the shares drift by so much.");
+                  " to " + sum + ") and are used as they stand: with every step the shares drift.");
 }
 
 std::vector<Sentence> Sayer::Say()

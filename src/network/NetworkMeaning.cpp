@@ -160,6 +160,23 @@ std::vector<int> NotJoined(const NetworkProblem& problem, const std::vector<Tree
     return nodes;
 }
 
+// Whether an arc outside of the tree joins the two parts into which the tree falls without one of its arcs.
+bool HasOtherWay(const NetworkProblem& problem, const std::vector<TreeArc>& joined, const TreeArc& without)
+{
+    std::vector<bool> here(static_cast<std::size_t>(problem.NumNodes) + 1);
+    here[static_cast<std::size_t>(without.Start)] = true;
+    const auto isHere = [&here](int node) { return here[static_cast<std::size_t>(node)]; };
+    for (std::size_t round = 0; round < joined.size(); ++round)
+        for (const TreeArc& arc : joined) {
+            if (&arc == &without || isHere(arc.Start) == isHere(arc.End)) continue;
+            here[static_cast<std::size_t>(arc.Start)] = true;
+            here[static_cast<std::size_t>(arc.End)] = true;
+        }
+    const auto links = LinksOf(problem);
+    return std::count_if(links.begin(), links.end(),
+                         [&](const Link& link) { return isHere(link.A) != isHere(link.B); }) > 1;
+}
+
 void AddTree(const NetworkProblem& problem, const NetworkResult& result, const std::vector<TreeArc>& joined,
              Sentences& sentences)
 {
@@ -178,7 +195,9 @@ void AddTree(const NetworkProblem& problem, const NetworkResult& result, const s
     sentences.push_back(
         {SentenceKind::Limit, "The longest arc of the tree, " + PairName(longest->Start, longest->End) +
                                   ", has " + LengthOf(problem, longest->Length) +
-                                  "; every other way to join these parts is at least as long."});
+                                  (HasOtherWay(problem, joined, *longest)
+                                       ? "; every other way to join these parts is at least as long."
+                                       : "; no other arc joins these parts.")});
 }
 
 void AddSubstitutes(const NetworkProblem& problem, const NetworkResult& result, Sentences& sentences)

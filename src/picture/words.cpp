@@ -85,4 +85,13 @@ std::string Chance(double value, int decimals)
     return printed;
 }
 
+std::string PercentOf(double value, int decimals)
+{
+    std::string chance = Chance(value, decimals);
+    const std::size_t digits = chance.find_first_of("0123456789");
+    std::string front = chance.substr(0, digits);
+    if (front == "below ") front = "less than ";
+    return front + Percent(chance.substr(digits));
+}
+
 }  // namespace picture

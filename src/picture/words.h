@@ -22,6 +22,10 @@ std::vector<std::string> Aligned(const std::vector<std::vector<std::string>>& ro
 // "0.5155" as "51.55 %": the point is moved by two, no digit more and none less.
 std::string Percent(std::string_view chance);
 
+// The same of a value, "less than 0.01 %" and "more than 99.99 %" where its printed text would say 0 or 100
+// and the value is neither.
+std::string PercentOf(double value, int decimals);
+
 // A chance as it may be told: "below 0.0001" and "more than 0.9999" where the printed text says 0 or 1 and
 // the value does not.
 std::string Chance(double value, int decimals);

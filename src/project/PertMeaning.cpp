@@ -108,9 +108,10 @@ std::string SlackSentence(const PertProblem& problem, const PertResult& result, 
     const Texts others = SharedWith(problem, result, activity);
     if (shared <= kNoTime || others.empty()) return starts + ".";
     const std::string part = TimeOf(problem, shared);
-    const std::string all = slack - shared <= kNoTime ? "all of these are" : part + " of these are";
-    return starts + ", but " + (all == "1 of these are" ? "1 of these is" : all) + " shared with " +
-           Listed(others, kMostSlacks) + ".";
+    const bool one = part == "1";
+    const std::string shares = slack - shared <= kNoTime ? (one ? "all of it is" : "all of these are")
+                                                         : part + (one ? " of these is" : " of these are");
+    return starts + ", but " + shares + " shared with " + Listed(others, kMostSlacks) + ".";
 }
 
 // Those with the most slack first.
@@ -184,12 +185,18 @@ void AddChances(const PertProblem& problem, const PertResult& result, Sentences&
     constexpr double kDeviations = 1.6449;  // to a chance of 0.95
     const std::string time = CompletionText(problem, result);
     const double late = result.RoundedProjectTime + kDeviations * std::sqrt(variance);
+    const std::string by95 = ", by " + Format(late, "0.00") + " about 0.95";
+    const auto path = WalkedPath(problem, result);
+    if (static_cast<int>(path.size()) == problem.NumActivities && GapsOf(result, path).empty()) {
+        sentences.push_back(
+            {SentenceKind::Change, "The chance to finish by " + time + " is about 0.50" + by95 + "."});
+        return;
+    }
     const bool several = CountChains(problem, result) > 1;
-    sentences.push_back(
-        {SentenceKind::Change, "The chance to finish by " + time + " is about 0.50 on this path, by " +
-                                   Format(late, "0.00") + " about 0.95; " +
-                                   (several ? "with a second critical path it is smaller."
-                                            : "it is smaller if another path can become the longest.")});
+    sentences.push_back({SentenceKind::Change,
+                         "The chance to finish by " + time + " is about 0.50 on this path" + by95 + "; " +
+                             (several ? "with a second critical path it is smaller."
+                                      : "it is smaller if another path can become the longest.")});
 }
 
 void AddEstimateCaution(const PertProblem& problem, Sentences& sentences)

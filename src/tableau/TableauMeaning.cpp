@@ -163,6 +163,7 @@ std::string Alternative(const TableauProblem& problem, int arc)
 
 void AddOthers(const TableauProblem& problem, const TableauResult& result, Sentences& sentences)
 {
+    if (result.TotalSupply == 0 || result.TotalDemand == 0) return;  // no price would move anything
     const OtherPlans others = FindOtherPlans(problem, result);
     if (!others.Arcs.empty())
         sentences.push_back({SentenceKind::Change, "Another schedule has the same value: " +

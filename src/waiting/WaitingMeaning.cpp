@@ -103,13 +103,13 @@ void Sayer::SayLost()
     Say(SentenceKind::Result, "The chance that an arriving unit finds all channels busy and is lost is " +
                                   picture::Chance(result_.ProbabilityWait, 4) + ".");
     Say(SentenceKind::Result, "Of " + problem_.ArrivalRate.Text() + " arrivals per time period " +
-                                  AverageText(problem_.ArrivalRate.Value() * result_.ProbabilityWait) +
+                                  Average(problem_.ArrivalRate.Value() * result_.ProbabilityWait) +
                                   " are lost on average.");
 }
 
 void Sayer::SayBusy()
 {
-    const std::string share = picture::Percent(ChanceText(busy_));
+    const std::string share = picture::PercentOf(busy_, 4);
     Say(SentenceKind::Limit,
         k_ == 1 ? "The channel is busy " + share + " of the time."
                 : "Each of the " + Channels() + " is busy " + share + " of the time on average.");
@@ -122,10 +122,10 @@ void Sayer::SayOneMore()
     if (k_ >= kMostChannels || result_.ProbabilityWait <= 0) return;
     if (model_ == kFinitePopulation && k_ >= PopulationOf(problem_)) return;
     const auto more = WithChannels(problem_, k_ + 1);
-    if (model_ == kNoWaiting)
+    if (model_ == kNoWaiting && ChanceText(result_.ProbabilityWait) != ChanceText(more->ProbabilityWait))
         Say(SentenceKind::Change, "With one channel more the chance to be lost would be " +
                                       picture::Chance(more->ProbabilityWait, 4) + ".");
-    else if (AverageText(more->TimeInLine) != AverageText(result_.TimeInLine))
+    else if (model_ != kNoWaiting && AverageText(more->TimeInLine) != AverageText(result_.TimeInLine))
         Say(SentenceKind::Change, "With one channel more a unit would wait " + Periods(more->TimeInLine) +
                                       " on average, not " + AverageText(result_.TimeInLine) + ".");
 }
@@ -163,7 +163,7 @@ void Sayer::SayHeavyLoad()
 {
     if (model_ == kNoWaiting || model_ == kFinitePopulation || busy_ < kHeavyLoad) return;
     const auto more = WithArrivals(problem_, problem_.ArrivalRate.Value() * kLittleMore);
-    Say(SentenceKind::Caution, "At a load of " + ChanceText(busy_) +
+    Say(SentenceKind::Caution, "At a load of " + picture::Chance(busy_, 4) +
                                    " a little more demand lengthens the wait a lot: 1 % more arrivals " +
                                    (more ? "would make it " + Periods(more->TimeInLine) + ", not " +
                                                AverageText(result_.TimeInLine) + "."
@@ -239,6 +239,8 @@ std::vector<Sentence> Sayer::Say()
     SayIdleChannels();
     SayLongTable();
     SayCutFigures();
+    std::stable_sort(sentences_.begin(), sentences_.end(),
+                     [](const Sentence& a, const Sentence& b) { return a.Kind < b.Kind; });
     return std::move(sentences_);
 }
 

@@ -78,7 +78,7 @@ TEST(DecisionMeaning, OfASample)
     EXPECT_THAT(
         Solved(),
         ElementsAre("Under the expected value criterion alternative 2 is best with 14.00.",
-                    "With the sample take alternative 1 after outcome 1, alternative 2 after outcome 2; "
+                    "With the sample take alternative 1 after outcome 1 and alternative 2 after outcome 2; "
                     "the strategy is worth 29.00.",
                     "Knowing the state beforehand is worth at most 32.00; this sample brings 15.00 of "
                     "it.",
@@ -96,6 +96,32 @@ TEST(DecisionMeaning, OfASampleThatBringsNothing)
     GivenChances({{100, -50}, {20, 10}}, {0.4, 0.6});
     GivenSample({{1}, {1}});
     EXPECT_THAT(Solved(), Says("With one outcome the sample carries no information"));
+    EXPECT_THAT(Solved(), Says("take alternative 2 after the only outcome; "));
+    GivenChances({{100, -50}, {20, 10}}, {0.4, 0.6});
+    GivenSample({{1, 0}, {1, 0}});
+    EXPECT_THAT(Solved(), Says("take alternative 2 after every outcome that can happen; "));
+}
+
+// Vineyards harvest by outcome: what is taken first is told first, whatever its number.
+TEST(DecisionMeaning, AStrategyIsToldInTheOrderOfTheOutcomes)
+{
+    GivenChances({{20, 10}, {100, -50}}, {0.4, 0.6});
+    GivenSample({{0.75, 0.25}, {0.25, 0.75}});
+    EXPECT_THAT(Solved(), Says("take alternative 2 after outcome 1 and alternative 1 after outcome 2; "));
+}
+
+// 1000000 p + 2 (1 - p) = 3 p + 4 (1 - p) at p = 2 / 999999, below the last place.
+TEST(DecisionMeaning, AChanceAtTheEndOfTheScaleIsToldAsSuch)
+{
+    GivenChances({{1000000, 2}, {3, 4}}, {0.5, 0.5});
+    EXPECT_THAT(Solved(),
+                Contains("Only at a chance of less than 0.001 for state 1 alternative 2 becomes best."));
+    GivenChances({{1000000, 2}, {3, 4}}, {0, 1});
+    EXPECT_THAT(Solved(),
+                Contains("Above a chance of less than 0.001 for state 1 alternative 1 becomes best."));
+    GivenChances({{2, 1000000}, {4, 3}}, {0.5, 0.5});
+    EXPECT_THAT(Solved(),
+                Contains("Only at a chance of more than 0.999 for state 1 alternative 2 becomes best."));
 }
 
 TEST(DecisionMeaning, OfInformationWorthNothing)
@@ -125,8 +151,13 @@ TEST(DecisionMeaning, TellsWhatCannotHappen)
 TEST(DecisionMeaning, TellsATieBehindAnOutcome)
 {
     GivenSurvey({{1, 1}, {1, 1}});
-    EXPECT_THAT(Solved(), Contains("After outcome 1 alternatives 1 and 2 tie; the report names the last one "
-                                   "only."));
+    EXPECT_THAT(Solved(),
+                Contains("After outcomes 1 and 2 alternatives 1 and 2 tie; the report names the last one "
+                         "only."));
+    // With chances of 0.5 each after outcome 1 both are worth 2; after outcome 2 state 1 is certain.
+    GivenChances({{1, 3}, {2, 2}}, {0.5, 0.5});
+    GivenSample({{0.5, 0.5}, {0.5, 0.5}});
+    EXPECT_THAT(Solved(), Says("After outcomes 1 and 2 alternatives 1 and 2 tie"));
     GivenSurvey();
     EXPECT_THAT(Solved(), Not(Says("the last one only")));
 }

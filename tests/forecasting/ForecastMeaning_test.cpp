@@ -46,7 +46,7 @@ TEST(ForecastMeaning, MovingAverages)
             "The forecast for period 6 is 20.00.",
             "Past forecasts missed by about 3.54 (root of the mean square error); the future may miss "
             "by more.",
-            "The mean square error is over periods 4 to 5; that of another method may cover other "
+            "The mean square error is over periods 4 and 5; that of another method may cover other "
             "periods, and the two cannot be compared as they are."));
     EXPECT_THAT(Said(kMovingAverages, "4"), Contains(HasSubstr("is over period 5; that")));
 }

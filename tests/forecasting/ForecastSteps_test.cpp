@@ -76,7 +76,7 @@ TEST(ForecastSteps, MovingAveragesGoPeriodByPeriod)
     EXPECT_THAT(steps[2].Marks, ElementsAre("forecast"));
     EXPECT_THAT(steps[4].Figures, ElementsAre("mean square error = 25.00 / 2 = 12.50", "its root = 3.54"));
     EXPECT_THAT(steps[5].Figures,
-                ElementsAre("squared errors of periods 4 to 5 = 25.00", "mean square error x 2 = 25.00"));
+                ElementsAre("squared errors of periods 4 and 5 = 25.00", "mean square error x 2 = 25.00"));
 }
 
 TEST(ForecastSteps, SmoothingIsARecursion)

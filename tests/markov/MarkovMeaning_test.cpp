@@ -114,7 +114,7 @@ TEST(MarkovMeaning, RowsThatDoNotAddUpAreACaution)
     EXPECT_THAT(
         Said({{0.5, 0.4995}, {0.5, 0.5}}),
         Contains("The row of state 1 adds up to 0.9995, not to 1, and is used as it stands: with every step "
-                 "the shares drift by so much."));
+                 "the shares drift."));
     EXPECT_THAT(Said({{0.5, 0.4995}, {0.5, 0.4995}}), Contains(HasSubstr("The rows of states 1 and 2")));
     EXPECT_THAT(Said({{0.1, 0.2, 0.7}, {0.3, 0.3, 0.4}, {0.1, 0.8, 0.1}}),
                 Not(Contains(HasSubstr("add up"))));

@@ -453,6 +453,9 @@ TEST(TreeMeaning, TellsTheTreeItsLongestArcAndItsSubstitutes)
                             "The longest arc of the tree, 1 to 2, has 3; every other way to join these parts "
                             "is at least as long.",
                             "Arc 2 to 3 is as long as arc 1 to 2 and would serve as well."));
+    Tree(4, {{1, 2, 3}, {2, 3, 2}, {1, 3, 2}, {3, 4, 8}});
+    EXPECT_THAT(TreeTexts(),
+                Contains("The longest arc of the tree, 3 to 4, has 8; no other arc joins these parts."));
     Tree(2, {{1, 2, 5}});
     EXPECT_THAT(TreeTexts(), ElementsAre("1 arc with a length of 5 in all joins the 2 nodes."));
 }

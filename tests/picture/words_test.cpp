@@ -37,6 +37,15 @@ TEST(Percent, MovesThePoint)
     EXPECT_EQ(Percent("0.0012"), "0.12 %");
 }
 
+TEST(PercentOf, IsNeverNothingOrAllWhereItIsNot)
+{
+    EXPECT_EQ(PercentOf(0, 4), "0.00 %");
+    EXPECT_EQ(PercentOf(0.00001, 4), "less than 0.01 %");
+    EXPECT_EQ(PercentOf(0.5155, 4), "51.55 %");
+    EXPECT_EQ(PercentOf(0.99999, 4), "more than 99.99 %");
+    EXPECT_EQ(PercentOf(1, 4), "100.00 %");
+}
+
 TEST(Chance, IsNeverCertainWhereItIsNot)
 {
     EXPECT_EQ(Chance(0, 4), "0.0000");

@@ -392,6 +392,9 @@ TEST(PertMeaning, TellsWhoSharesTheSlack)
                 Contains("C can start up to 4 later without harm, but all of these are shared with "
                          "D."));
     EXPECT_THAT(Meaning(), Contains("D can start up to 4 later without harm."));
+    Solved({{"", {1}}, {"A", {6}}, {"A", {2}}, {"C", {3}}, {"BD", {1}}});
+    EXPECT_THAT(Meaning(),
+                Contains("C can start up to 1 later without harm, but all of it is shared with D."));
     // G waits for D and F; F ends 1 before D, so that 1 of E's 4 is shared with none.
     Solved({{"", {6}}, {"", {2}}, {"", {3}}, {"BC", {1}}, {"AD", {1}}});
     EXPECT_THAT(Meaning(), Contains("B can start up to 3 later without harm, but 2 of these are shared with "
@@ -441,6 +444,8 @@ TEST(PertMeaning, TellsChancesWhereThereIsAVariance)
 {
     Solved({{"", {4, 10, 16}}});
     EXPECT_EQ(Meaning()[0], "The project is expected to take 10, the time of its only activity, A.");
+    EXPECT_THAT(Meaning(), Contains("The chance to finish by 10 is about 0.50, by 13.29 about 0.95."));
+    Solved({{"", {4, 10, 16}}, {"", {1, 2, 3}}});
     EXPECT_THAT(Meaning(), Contains("The chance to finish by 10 is about 0.50 on this path, by 13.29 about "
                                     "0.95; it is smaller if another path can become the longest."));
     Solved({{"", {4, 10, 16}}, {"", {4, 10, 16}}});

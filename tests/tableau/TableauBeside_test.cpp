@@ -469,6 +469,14 @@ TEST(TransportationMeaning, SaysWhatIsShippedAndWhatLimits)
                             "loss."));
 }
 
+// No price would move anything where there is nothing to move.
+TEST(TransportationMeaning, NothingToShipHasNoNearestRoute)
+{
+    GiveTransportation({{3, 5}, {2, 9}}, {0, 0}, {4, 4});
+    Solve();
+    EXPECT_THAT(TransportMeaning(), ElementsAre("Nothing is shipped, as there is no supply."));
+}
+
 TEST(TransportationMeaning, OneUnitOverOneRoute)
 {
     GiveTransportation({{5}}, {1}, {1});

@@ -123,6 +123,18 @@ TEST(WaitingMeaning, UnitsAreLostWithoutWaiting)
                             "With one channel more the chance to be lost would be 0.0952."));
 }
 
+TEST(WaitingMeaning, AHandfulOfLostUnitsIsNotNone)
+{
+    GivenNoWaiting(3, 0.01, 5);
+    const auto said = Said();
+    EXPECT_EQ(said[1], "Of 0.01 arrivals per time period less than 0.0001 are lost on average.");
+    EXPECT_THAT(said, Not(Contains(HasSubstr("channel more"))));
+    GivenExponential(1, 0.0001, 5);
+    EXPECT_THAT(Said(), Contains("The channel is busy less than 0.01 % of the time."));
+    GivenExponential(1, 9.9999, 10);
+    EXPECT_THAT(Said(), Contains(HasSubstr("At a load of more than 0.9999 a little more demand")));
+}
+
 // ---- finite population ----
 
 // Six machines, one repairer: an arriving one sees 5 others, with which the repairer is busy 43.60 %.
