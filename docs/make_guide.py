@@ -357,7 +357,8 @@ def main():
     for name in ("guide.css", "search.js"):
         shutil.copy(DOCS / name, arguments.out / name)
     shutil.copy(DOCS / "performance.svg", arguments.out / "developers/performance.svg")
-    shutil.copytree(GUIDE / "pictures", arguments.out / "pictures", dirs_exist_ok=True)
+    shutil.rmtree(arguments.out / "pictures", ignore_errors=True)
+    shutil.copytree(GUIDE / "pictures", arguments.out / "pictures")
     arguments.book.write_text(book(pages, titles, arguments.version), "utf-8")
 
 

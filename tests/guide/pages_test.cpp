@@ -185,8 +185,9 @@ TEST(GuidePages, AreFoundByTheirHeadings)
         if (name == "word-index.html") continue;
         for (const auto& anchor : Matches(TextOf(page), R"x(<h[1-3] id="([^"]+)")x")) {
             ++checked;
-            EXPECT_NE(sections.find("[\"" + name + "#" + anchor + "\","), std::string::npos)
-                << name << ' ' << anchor;
+            std::string entry = "[\"" + name;
+            entry.append("#").append(anchor).append("\",");
+            EXPECT_NE(sections.find(entry), std::string::npos) << entry;
         }
     }
     EXPECT_GT(checked, 150U);
