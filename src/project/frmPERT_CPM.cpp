@@ -246,21 +246,7 @@ bool frmPERT_CPM::eventFilter(QObject* watched, QEvent* event)
     const bool onName = watched == gridDisplayEdit->verticalHeader()->viewport();
     const int row = gridDisplayEdit->rowAt(place.y());
     const int column = onName ? 0 : gridDisplayEdit->columnAt(place.x());
-    if (row >= kHeadingRows && column >= 0 && LeavesBoxes()) GoToField(row, column);
-    return true;
-}
-
-// The box that has the focus may be left; otherwise it was refused, and told.
-bool frmPERT_CPM::LeavesBoxes()
-{
-    for (std::size_t index = 0; index < timeBoxes_.size(); ++index) {
-        QLineEdit* box = timeBoxes_[index];
-        if (!box->hasFocus()) continue;
-        bool taken = false;
-        qt::Trap([&] { taken = TakeTime(index); });
-        if (!taken) qt::SelectBox(box);
-        return taken;
-    }
+    if (row >= kHeadingRows && column >= 0 && qt::LeavesTyped()) GoToField(row, column);
     return true;
 }
 

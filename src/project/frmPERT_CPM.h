@@ -34,7 +34,6 @@ private:
     void FitLists();
     void FillTable();
     void GoToField(int row, int column);
-    bool LeavesBoxes();
     void ShowActivity(int activity);
     void ShowPredecessors(int activity);
     void TakePredecessors();

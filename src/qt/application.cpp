@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMouseEvent>
-#include <QPointer>
 #include <QScopedValueRollback>
 #include <QSettings>
 #include <utility>
@@ -69,6 +68,11 @@ int& KeepingNothing(int& argc)
 
 Application::Application(int& argc, char** argv) : QApplication(KeepingNothing(argc), argv)
 {
+    connect(this, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        const bool opensMenus = qobject_cast<QMenuBar*>(now) != nullptr;
+        if (opensMenus && before != nullptr && before != now) behindMenus_ = before;
+        if (!opensMenus && now != nullptr) behindMenus_ = nullptr;
+    });
 }
 
 void Application::Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave)
@@ -136,9 +140,13 @@ bool Application::Prevents(QObject* receiver, const QEvent& event)
 // The shortcut of a menu item comes without a look at the menu: what is being typed is checked here.
 bool Application::PreventsCommand(const QObject& item)
 {
-    if (!item.objectName().startsWith(QLatin1String("mnu"))) return false;
+    return item.objectName().startsWith(QLatin1String("mnu")) && !LeavesTyped();
+}
+
+bool Application::LeavesTyped()
+{
     const Guarded* guard = FocusGuard();
-    return guard != nullptr && !Allows(*guard);
+    return guard == nullptr || Allows(*guard);
 }
 
 bool Application::AsksForHelp(const QObject& receiver, const QEvent& event) const
@@ -148,15 +156,22 @@ bool Application::AsksForHelp(const QObject& receiver, const QEvent& event) cons
     return key.key() == Qt::Key_F1 && key.modifiers() == Qt::NoModifier;
 }
 
+// A menu bar that has the keys gives them back: what stands behind it is still being typed.
+QWidget* Application::Typed() const
+{
+    const bool inMenus = qobject_cast<QMenuBar*>(focusWidget()) != nullptr;
+    return inMenus && behindMenus_ != nullptr ? behindMenus_.data() : focusWidget();
+}
+
 const Application::Guarded* Application::FocusGuard() const
 {
-    const auto found = guards_.find(focusWidget());
+    const auto found = guards_.find(Typed());
     return found == guards_.end() ? nullptr : &found->second;
 }
 
-bool Application::Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event)
+bool Application::Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event) const
 {
-    const QWidget& from = *focusWidget();
+    const QWidget& from = *Typed();
     if (receiver.window() != from.window()) return false;
     switch (event.type()) {
         case QEvent::MouseButtonPress:

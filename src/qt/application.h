@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QApplication>
+#include <QPointer>
 #include <functional>
 #include <map>
 
@@ -30,6 +31,9 @@ public:
     // `mayLeave` answers false when the focus must stay, and has told the user why.
     void Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave);
 
+    // The check of what has the focus, for what leaves it in another way. False: it must stay, and has been told.
+    bool LeavesTyped();
+
 private:
     struct Guarded {
         Leaving Kind = Leaving::Box;
@@ -39,12 +43,14 @@ private:
     bool Prevents(QObject* receiver, const QEvent& event);
     bool PreventsCommand(const QObject& item);
     [[nodiscard]] bool AsksForHelp(const QObject& receiver, const QEvent& event) const;
+    [[nodiscard]] QWidget* Typed() const;
     [[nodiscard]] const Guarded* FocusGuard() const;
-    [[nodiscard]] static bool Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event);
+    [[nodiscard]] bool Leaves(const Guarded& guard, QWidget& receiver, const QEvent& event) const;
     bool Allows(const Guarded& guard);
     bool NotifyClick(QObject& clicked, QMouseEvent& press);
 
     std::map<const QObject*, Guarded> guards_;
+    QPointer<QWidget> behindMenus_;  // what had the focus before the menu bar
     bool checking_ = false;
     bool dropsRelease_ = false;
     bool losesRelease_ = false;

@@ -585,6 +585,12 @@ void CheckOnLeaving(QWidget* widget, std::function<bool()> mayLeave)
         application->Guard(widget, Leaving::Box, std::move(mayLeave));
 }
 
+bool LeavesTyped()
+{
+    auto* application = qobject_cast<Application*>(qApp);
+    return application == nullptr || application->LeavesTyped();
+}
+
 void LeavesUnchecked(QWidget* control)
 {
     control->setProperty(kLeavesUnchecked, true);

@@ -110,6 +110,8 @@ void PassClickToMenu(QWidget* widget);
 
 // Checks `widget` before the focus leaves it; `mayLeave` has told the user when it answers false.
 void CheckOnLeaving(QWidget* widget, std::function<bool()> mayLeave);
+// The check of what is being typed now, for what leaves it without taking the focus itself.
+bool LeavesTyped();
 // Clicking this control checks nothing: it is a way out.
 void LeavesUnchecked(QWidget* control);
 

@@ -221,10 +221,11 @@ std::string WrongPredecessors(const QListWidget& list)
 
 // ---- boxes ----
 
-// What is being edited is a box with the focus, also while another window has the keys; an empty one has been
-// passed over.
+// What is being edited is a box with the focus, also while another window or the menu bar has the keys; an
+// empty one has been passed over.
 bool IsSettled(const QLineEdit& box)
 {
+    if (qobject_cast<const QMenuBar*>(box.window()->focusWidget()) != nullptr) return false;
     return box.isVisible() && box.window()->focusWidget() != &box && !box.text().isEmpty();
 }
 
