@@ -45,32 +45,49 @@ def succeeds(command):
     return done.returncode == 0
 
 
-def tests_of(folder):
-    listed = pathlib.Path("tests", folder, "CMakeLists.txt").read_text()
-    return [path.split("/")[-1] for path in re.findall(r"vantrel_(?:qt_)?test\((\S+?)\)", listed)]
+def tests_of(folder, name):
+    """The tests of a file's folder, its own first."""
+    tests = sorted(path.stem for path in pathlib.Path("tests", folder).glob("*_test.cpp"))
+    return sorted(tests, key=lambda test: not test.startswith(name))
 
 
-def build(*targets):
-    return succeeds(["cmake", "--build", "--preset", "dev", "--target", *targets])
+def build(target):
+    return succeeds(["cmake", "--build", "--preset", "dev", "--target", target])
 
 
-def noticed(folder, tests):
+def modules_of(folder):
+    """The numbers of the modules whose routines the folder has."""
+    offered = set(re.findall(r"ModuleRoutines& (\w+)\(", pathlib.Path("src", folder, "module.h").read_text()))
+    table = re.findall(r"&(\w+)\(\)", pathlib.Path("src", "modules.cpp").read_text())
+    return {number for number, routines in enumerate(table, 1) if routines in offered}
+
+
+def sessions_of(folder):
+    """A pattern of the sessions in which the folder's modules are chosen; for the shell, of all."""
+    if not pathlib.Path("src", folder, "module.h").exists() or not modules_of(folder):
+        return r"^(Session|Problems|Tour)\."
+    chosen = re.compile(r"^choose (%s)$" % "|".join(str(number) for number in modules_of(folder)), re.MULTILINE)
+    scripts = pathlib.Path("tests", "sessions").glob("*.play")
+    names = sorted(path.stem for path in scripts if chosen.search(path.read_text()))
+    return r"^Session\.(%s)$|^Problems\." % "|".join(names)
+
+
+def noticed(folder, name):
     """None: it does not compile."""
-    if not build("vantrel_core", *tests):
+    if not build("vantrel_core"):
         return None
-    for test in tests:
-        if not succeeds([f"build/dev/tests/{folder}/{test}", "--gtest_brief=1"]):
+    for test in tests_of(folder, name):
+        if not build(test) or not succeeds([f"build/dev/tests/{folder}/{test}", "--gtest_brief=1"]):
             return True
     build("vantrel-play")
-    return not succeeds(["ctest", "--preset", "dev", "-R", r"^(Session|Problems|Tour)\.", "--stop-on-failure", "-j2"])
+    return not succeeds(["ctest", "--preset", "dev", "-R", sessions_of(folder), "--stop-on-failure", "-j2"])
 
 
 def main():
-    folder, share = sys.argv[1], int(sys.argv[2])
-    tests = tests_of(folder)
+    folder, share, wanted = sys.argv[1], int(sys.argv[2]), sys.argv[3]
     tried = survived = number = 0
     for path in sorted(pathlib.Path("src", folder).glob("*.cpp")):
-        if path.name.startswith(SCREENS):
+        if path.name.startswith(SCREENS) or not re.search(wanted, path.stem):
             continue
         whole = path.read_text()
         lines = whole.split("\n")
@@ -80,7 +97,7 @@ def main():
                 if number % share != 0:
                     continue
                 path.write_text("\n".join(lines[:at] + [changed] + lines[at + 1:]))
-                found = noticed(folder, tests)
+                found = noticed(folder, path.stem)
                 path.write_text(whole)
                 if found is None:
                     continue
