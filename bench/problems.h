@@ -5,10 +5,12 @@
 #include <array>
 #include <string>
 
+#include "shell/module.h"
+
 namespace bench {
 
 struct ModuleSize {
-    int Module;  // 1 to 12
+    int Module;  // its number in the table
     int Limit;   // the largest size
 };
 
@@ -27,6 +29,7 @@ inline constexpr std::array<ModuleSize, 12> kLimits = {{{1, 50},
                                                         {10, 10},
                                                         {11, 100},
                                                         {12, 10}}};
+static_assert(kLimits.size() == kModuleCount);
 
 std::string ProblemText(int module, int size);
 

@@ -81,20 +81,6 @@ QWidget* Behind()
     return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
-// What a message speaks of: the box or the cell that has the focus behind it. On the whole screen; nothing
-// where there is none.
-QRect SpokenOf(const QWidget* behind)
-{
-    QWidget* spoken = behind == nullptr ? nullptr : behind->focusWidget();
-    if (spoken == nullptr || !spoken->isVisible()) return {};
-    if (const auto* table = qobject_cast<QAbstractItemView*>(spoken)) {
-        const QRect cell = table->visualRect(table->currentIndex());
-        return {table->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
-    }
-    if (qobject_cast<QLineEdit*>(spoken) == nullptr) return {};
-    return {spoken->mapToGlobal(QPoint()), spoken->size()};
-}
-
 // A message box that leaves in sight what it speaks of.
 class Message : public QMessageBox {
 public:
@@ -104,10 +90,7 @@ protected:
     void showEvent(QShowEvent* event) override
     {
         QMessageBox::showEvent(event);
-        const QRect room = screen()->availableGeometry();
-        QRect place(pos(), frameGeometry().size().expandedTo(sizeHint()));
-        if (spoken_.isEmpty() || !place.intersects(spoken_)) return;
-        move(StandClear(place, spoken_, room).topLeft());
+        StepAside(*this, spoken_);
     }
 
 private:
@@ -239,6 +222,25 @@ void MakeReadable(QFileDialog& dialog, bool saving)
 }
 
 }  // namespace
+
+QRect SpokenOf(const QWidget* behind)
+{
+    QWidget* spoken = behind == nullptr ? nullptr : behind->focusWidget();
+    if (spoken == nullptr || !spoken->isVisible()) return {};
+    if (const auto* table = qobject_cast<QAbstractItemView*>(spoken)) {
+        const QRect cell = table->visualRect(table->currentIndex());
+        return {table->viewport()->mapToGlobal(cell.topLeft()), cell.size()};
+    }
+    if (qobject_cast<QLineEdit*>(spoken) == nullptr) return {};
+    return {spoken->mapToGlobal(QPoint()), spoken->size()};
+}
+
+void StepAside(QWidget& window, const QRect& spoken)
+{
+    const QRect place(window.pos(), window.frameGeometry().size().expandedTo(window.sizeHint()));
+    if (spoken.isEmpty() || !place.intersects(spoken)) return;
+    window.move(StandClear(place, spoken, window.screen()->availableGeometry()).topLeft());
+}
 
 QRect StandClear(const QRect& window, const QRect& of, const QRect& room)
 {

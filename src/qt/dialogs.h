@@ -19,6 +19,12 @@ public:
     void Beep() override;  // a session player overrides it, to hear it
 };
 
+// What a message speaks of: the box or the cell that has the focus behind it. On the whole screen; nothing
+// where there is none.
+QRect SpokenOf(const QWidget* behind);
+// Moves a window that has just come up to where it does not cover what it speaks of.
+void StepAside(QWidget& window, const QRect& spoken);
+
 // Where a window stands in `room` without covering `of`: below it, above it or beside it. As it stood where
 // there is no such place.
 QRect StandClear(const QRect& window, const QRect& of, const QRect& room);

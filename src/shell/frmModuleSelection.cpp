@@ -81,7 +81,7 @@ frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
 
 QWidget* frmModuleSelection::MakeOptions()
 {
-    constexpr int kRows = kModuleCount / 2;
+    constexpr int kRows = (kModuleCount + 1) / 2;
     constexpr int kColumnGap = 32;
     constexpr int kIconSize = 24;
     auto* frame = new QGroupBox("Module");

@@ -23,8 +23,8 @@ public:
 
     // In the order of the menus, a submenu's items behind it.
     [[nodiscard]] const std::vector<MenuItem>& Items() const { return items_; }
-    [[nodiscard]] const MenuItem& Item(
-        std::string_view name) const;  // "Subscript out of range" when it does not exist
+    // "Subscript out of range" when it does not exist.
+    [[nodiscard]] const MenuItem& Item(std::string_view name) const;
 
     void SetCaption(std::string_view name, std::string_view caption);
     void SetEnabled(std::string_view name, bool enabled);
@@ -34,8 +34,8 @@ public:
     // given to an item that does not exist creates it, visible and enabled.
     void SetEditItem(int index, std::string_view caption);
     void SetLowerItem(int index, std::string_view caption);
-    void RemoveEditItems();  // what the problem form's end does: items 3 to 7 go, the others and the
-                             // submenu's hide
+    // What the problem form's end does: items 3 to 7 go, the others and the submenu's hide.
+    void RemoveEditItems();
 
     // Items of the Edit menu that do not exist are passed over.
     void EnableEditItems(int first, int last, bool enabled);

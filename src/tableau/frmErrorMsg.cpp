@@ -1,9 +1,10 @@
 #include "tableau/frmErrorMsg.h"
 
+#include "qt/dialogs.h"
 #include "qt/fields.h"
 #include "tableau/ErrorMsg.h"
 
-frmErrorMsg::frmErrorMsg(QWidget* parent) : qt::ModalForm(parent)
+frmErrorMsg::frmErrorMsg(QWidget* parent) : qt::ModalForm(parent), spoken_(qt::SpokenOf(parent))
 {
     setWindowTitle(" Data Input Error");
     auto* page = new QVBoxLayout(this);
@@ -14,4 +15,10 @@ frmErrorMsg::frmErrorMsg(QWidget* parent) : qt::ModalForm(parent)
     }
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [] { ErrorNotice.Give({}); });
+}
+
+void frmErrorMsg::showEvent(QShowEvent* event)
+{
+    qt::ModalForm::showEvent(event);
+    qt::StepAside(*this, spoken_);
 }

@@ -1,5 +1,7 @@
-// A notice of nine lines.
+// A notice of nine lines. It leaves in sight the cell that it speaks of.
 #pragma once
+
+#include <QRect>
 
 #include "qt/forms.h"
 
@@ -8,4 +10,10 @@ class frmErrorMsg : public qt::ModalForm {
 
 public:
     explicit frmErrorMsg(QWidget* parent);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    const QRect spoken_;  // the cell with the value
 };

@@ -32,12 +32,12 @@
 #include "program.h"
 #include "qt/application.h"
 #include "shell/menus.h"
+#include "shell/module.h"
 #include "shell/session.h"
 
 namespace {
 
 constexpr unsigned kPatienceSeconds = 30;
-constexpr int kMostModules = 12;
 constexpr int kProject = 7;
 constexpr int kMostKeyless = 50;
 
@@ -374,7 +374,7 @@ private:
 
     static void CheckSession()
     {
-        Demand(Session.CurrentModule >= 0 && Session.CurrentModule <= kMostModules,
+        Demand(Session.CurrentModule >= 0 && Session.CurrentModule <= kModuleCount,
                "there is no such module");
         Demand(Session.ProblemOnDisplay == "YES" || Session.ProblemOnDisplay == "NO",
                "a flag is neither yes nor no");

@@ -8,19 +8,12 @@ trap 'rm -rf "$scratch"' EXIT
 extension=${problem##*.}
 cp "$problem" "$scratch/given.$extension"
 
-save='menu mnuFileSave'
+# The numbers of the modules, in whose table the extensions stand in order.
+modules=$(grep -o '\.Extension = "[^"]*"' "$(dirname "$0")/../../src/modules.cpp" |
+    grep -nF "\"$extension\"" | cut -d: -f1) || { echo "no module has $extension"; exit 1; }
 case $extension in
-    LPM) modules='1 4' ;;
-    TRN) modules=2 ;;
-    ASN) modules=3 ;;
-    'S&S') modules='5 6' ;;
-    CPM) modules=7 ;;
-    INV) modules=8 save='click cmdSave' ;;
-    WLM) modules=9 save='click cmdSave' ;;
-    DSN) modules=10 ;;
-    FOR) modules=11 ;;
-    MRK) modules=12 ;;
-    *) echo "no module has $extension"; exit 1 ;;
+    INV | WLM) save='click cmdSave' ;;  # from the form, which keeps the menus off
+    *) save='menu mnuFileSave' ;;
 esac
 
 for module in $modules; do

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -19,6 +20,7 @@
 #include <functional>
 
 #include "qt/fields.h"
+#include "tableau/frmErrorMsg.h"
 
 namespace {
 
@@ -390,6 +392,24 @@ TEST(QtDialogs, AWindowStandsBelowWhatItSpeaksOfAboveItOrBesideIt)
     EXPECT_EQ(qt::StandClear({300, 10, 100, 50}, {350, 20, 40, 20}, low), QRect(239, 10, 100, 50));
     const QRect none(0, 0, 110, 60);
     EXPECT_EQ(qt::StandClear({5, 5, 100, 50}, {40, 20, 40, 20}, none), QRect(5, 5, 100, 50));
+}
+
+TEST(QtDialogs, TheNoticeOfAValueLeavesItsCellInSight)
+{
+    QWidget form;
+    form.resize(500, 400);
+    auto* table = new QTableWidget(12, 3, &form);
+    table->resize(form.size());
+    form.show();
+    form.activateWindow();
+    table->setCurrentCell(5, 1);
+    table->setFocus();
+    const QRect cell = table->visualRect(table->currentIndex());
+    const QRect spoken(table->viewport()->mapToGlobal(cell.topLeft()), cell.size());
+    frmErrorMsg notice(&form);
+    notice.move(spoken.topLeft() - QPoint(20, 20));
+    notice.show();
+    EXPECT_FALSE(QRect(notice.pos(), notice.frameGeometry().size()).intersects(spoken));
 }
 
 TEST(QtDialogs, AMessageLeavesTheBoxThatItSpeaksOfInSightAndMarked)
