@@ -7,6 +7,8 @@
 
 #include "desktop/dialogs.h"
 
+class QWidget;
+
 namespace qt {
 
 class QtDialogs : public Dialogs {

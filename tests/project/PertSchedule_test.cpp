@@ -221,7 +221,9 @@ TEST(PertSchedule, APredecessorThatIsNoActivityIsAnErrorOfTheMachine)
     for (const double number : {-1.0, 26.0, 1e12}) {
         Given({{"", {0}}, {"A", {5}}});
         Problem.PredTable(1, 2) = number;
+        Result.Solved = true;  // of an earlier solve
         EXPECT_THROW(Calculate(), RuntimeError) << number;
+        EXPECT_FALSE(Result.Solved);
     }
 }
 
