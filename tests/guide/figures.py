@@ -41,7 +41,8 @@ def played(player, script):
                 into = shown.get("" if step == "report" else step)
             elif into is not None:
                 into.append(line.removeprefix("|"))
-        shown["printed"] = (scratch / (script.stem + ".OUT")).read_text("utf-8").splitlines()
+        printed = scratch / (script.stem + ".OUT")
+        shown["printed"] = printed.read_text("utf-8").splitlines() if printed.exists() else []
         opened = re.search(r'^file "(Problems/[^"]*)"', text, re.M)
         shown["problem"] = (ROOT / opened.group(1)).read_text("utf-8").splitlines() if opened else []
         return shown
