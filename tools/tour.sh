@@ -14,7 +14,11 @@ for script in docs/tour/*.play; do
         echo "The tour stopped at $script; see $tour/$name.transcript." >&2
         exit 1
     fi
-    echo "Solved $name: $tour/$name.OUT, $tour/$name.png"
+    if [ -e "$tour/$name.OUT" ]; then
+        echo "Solved $name: $tour/$name.OUT, $tour/$name.png"
+    else
+        echo "Tried $name, which has no report: $tour/$name.png"
+    fi
 done
 
 shown=$tour/linear-programming.OUT

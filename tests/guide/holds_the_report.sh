@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # holds_the_report.sh PLAYER SCRIPT: the guide shows the report of a part of the tour as it is. Each block
 # ```report NAME of its pages is a run of lines of the report on screen, and together they leave out no line that
-# holds a character; each block ```printed NAME is a run of lines of the report as text. Blanks at the end of a
-# line do not count.
+# holds a character, unless blocks ```part NAME, runs of such lines as well, show a part of it on purpose; each block
+# ```printed NAME is a run of lines of the report as text, and each block ```meaning NAME of the sentences beside it.
+# Blanks at the end of a line do not count. A script without a report is shown by the name of its problem.
 set -euo pipefail
 player=$1 script=$2
 here=$(cd "$(dirname "$0")" && pwd)
@@ -12,13 +13,22 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cp -r "$root/Problems" "$scratch/"
 
-"$player" --folder "$scratch" "$script" >"$scratch/transcript" || { cat "$scratch/transcript"; exit 1; }
-sed -n 's/^|//p' "$scratch/transcript" >"$scratch/report"
+{ cat "$script"; echo meaning; } >"$scratch/script"
+"$player" --folder "$scratch" "$scratch/script" >"$scratch/transcript" || { cat "$scratch/transcript"; exit 1; }
+if ! grep -qx '> report' "$scratch/transcript"; then
+    problem=$(sed -n 's/^> file "\(.*\)"/\1/p' "$scratch/transcript" | head -n 1)
+    grep -qF "\`$problem\`" "$root"/docs/guide/*.md || { echo "the guide does not name $problem"; exit 1; }
+    exit 0
+fi
+sed -n '/^> meaning$/,$s/^|//p' "$scratch/transcript" >"$scratch/meaning"
+sed -n '/^> meaning$/q; s/^|//p' "$scratch/transcript" >"$scratch/report"
+cp "$scratch/report" "$scratch/part"
 mv "$scratch/$name.OUT" "$scratch/printed"
 
-for kind in report printed; do
+partly=$(grep -qx "\`\`\`part $name" "$root"/docs/guide/*.md && echo 1 || echo 0)
+for kind in report part printed meaning; do
     awk -v heading="$kind $name" -f "$here/blocks.awk" "$root"/docs/guide/*.md >"$scratch/blocks"
-    awk -v kind="$kind" '
+    awk -v kind="$kind" -v partly="$partly" '
         { sub(/[ \r]+$/, "") }
         NR == FNR { line[++lines] = $0; next }
         $0 != "---" { block[++size] = $0; next }
@@ -34,7 +44,7 @@ for kind in report printed; do
             size = 0
         }
         END {
-            if (kind == "report")
+            if (kind == "report" && !partly)
                 for (i = 1; i <= lines; ++i)
                     if (line[i] != "" && !shown[i]) { print "not in the guide: " line[i]; failed = 1 }
             exit failed
