@@ -1,7 +1,10 @@
 #include "qt/cells.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
+#include <optional>
 
 #include "qt/text.h"
 
@@ -14,13 +17,6 @@ using picture::Mark;
 constexpr double kPad = 6;        // on both sides of a text
 constexpr double kMostCell = 96;  // a cell need not be wider than this
 
-struct Measures {
-    double Head = 0;  // width of the column with the rows' names
-    double Cell = 0;
-    double Row = 0;
-    double Titles = 0;  // height of the line with the titles of both axes
-};
-
 double Widest(const std::vector<std::string>& texts, const QFont& font)
 {
     double widest = 0;
@@ -29,24 +25,12 @@ double Widest(const std::vector<std::string>& texts, const QFont& font)
     return widest;
 }
 
-Measures MeasuresOf(const Chart& chart, const Look& look)
-{
-    Measures measures;
-    measures.Head = Widest(chart.Y.Names, look.Plain) + 2 * kPad;
-    measures.Cell = Widest(chart.X.Names, look.Plain);
-    for (const Mark& mark : chart.Marks)
-        measures.Cell = std::max(measures.Cell, SizeOf(ToQt(mark.Text), look.Bold).width());
-    measures.Cell += 2 * kPad;
-    measures.Row = SizeOf("0", look.Plain).height() + kPad;
-    if (!chart.X.Title.empty() || !chart.Y.Title.empty()) measures.Titles = measures.Row;
-    return measures;
-}
-
 class Table {
 public:
-    Table(const Chart& chart, QPainter& painter, const QRectF& room, const Look& look)
-        : chart_(chart), painter_(painter), look_(look), measures_(MeasuresOf(chart, look))
+    Table(const Chart& chart, const CellSizes& sizes, QPainter& painter, const QRectF& room, const Look& look)
+        : chart_(chart), painter_(painter), look_(look), measures_(sizes)
     {
+        if (painter.hasClipping()) shown_ = painter.clipBoundingRect();
         const auto columns = static_cast<double>(std::max<std::size_t>(1, chart.X.Names.size()));
         measures_.Cell =
             std::max(measures_.Cell, std::min(kMostCell, (room.width() - measures_.Head) / columns));
@@ -99,8 +83,13 @@ private:
 
     void Draw(const Mark& mark)
     {
-        const RoleLook look = look_.Of(mark.As);
         const QRectF cell = CellAt(mark.At.X, mark.At.Y);
+        const std::string& tip = mark.Tip.empty() ? mark.Text : mark.Tip;
+        QPainterPath path;
+        path.addRect(cell);
+        if (!tip.empty() || !mark.Id.empty()) items_.push_back({path, ToQt(tip), ToQt(mark.Id)});
+        if (shown_ && !shown_->intersects(cell)) return;
+        const RoleLook look = look_.Of(mark.As);
         QColor ground = look_.Ground;
         if (mark.Shade > 0) ground = Mixed(look.Fill, std::clamp(mark.Shade, 0.0, 1.0));
         if (look.Bold) ground = look.Fill;
@@ -113,10 +102,6 @@ private:
         painter_.setFont(look_.FontOf(mark.As));
         painter_.setPen(look.Text);
         painter_.drawText(cell, Qt::AlignCenter, ToQt(mark.Text));
-        QPainterPath path;
-        path.addRect(cell);
-        const std::string& tip = mark.Tip.empty() ? mark.Text : mark.Tip;
-        if (!tip.empty() || !mark.Id.empty()) items_.push_back({path, ToQt(tip), ToQt(mark.Id)});
     }
 
     [[nodiscard]] QColor Mixed(const QColor& color, double share) const
@@ -129,24 +114,39 @@ private:
     const Chart& chart_;
     QPainter& painter_;
     const Look& look_;
-    Measures measures_;
+    CellSizes measures_;
     QPointF corner_;
     QRectF room_;
+    std::optional<QRectF> shown_;  // nothing: all of it
     std::vector<Item> items_;
 };
 
 }  // namespace
 
-QSizeF LeastOfCells(const Chart& chart, const Look& look)
+CellSizes SizesOfCells(const Chart& chart, const Look& look)
 {
-    const Measures measures = MeasuresOf(chart, look);
-    return {measures.Head + measures.Cell * static_cast<double>(chart.X.Names.size()) + 2,
-            measures.Titles + measures.Row * static_cast<double>(chart.Y.Names.size() + 1) + 2};
+    CellSizes sizes{.Of = look.Bold};
+    sizes.Head = Widest(chart.Y.Names, look.Plain) + 2 * kPad;
+    sizes.Cell = Widest(chart.X.Names, look.Plain);
+    const QFontMetricsF metrics(look.Bold);
+    for (const Mark& mark : chart.Marks)
+        sizes.Cell = std::max(sizes.Cell, std::ceil(metrics.horizontalAdvance(ToQt(mark.Text))));
+    sizes.Cell += 2 * kPad;
+    sizes.Row = SizeOf("0", look.Plain).height() + kPad;
+    if (!chart.X.Title.empty() || !chart.Y.Title.empty()) sizes.Titles = sizes.Row;
+    return sizes;
 }
 
-std::vector<Item> PaintCells(const Chart& chart, QPainter& painter, const QRectF& room, const Look& look)
+QSizeF LeastOfCells(const Chart& chart, const CellSizes& sizes)
 {
-    return Table(chart, painter, room, look).Paint();
+    return {sizes.Head + sizes.Cell * static_cast<double>(chart.X.Names.size()) + 2,
+            sizes.Titles + sizes.Row * static_cast<double>(chart.Y.Names.size() + 1) + 2};
+}
+
+std::vector<Item> PaintCells(const Chart& chart, const CellSizes& sizes, QPainter& painter,
+                             const QRectF& room, const Look& look)
+{
+    return Table(chart, sizes, painter, room, look).Paint();
 }
 
 }  // namespace qt

@@ -1,14 +1,15 @@
 #include "qt/chartview.h"
 
 #include <QFontMetricsF>
+#include <QLineF>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <set>
 
 #include "basic/format.h"
 #include "picture/axis.h"
-#include "qt/cells.h"
 #include "qt/labels.h"
 #include "qt/text.h"
 
@@ -75,6 +76,26 @@ QPainterPath MarkPath(const QPointF& at, MarkForm form, double size)
         path.addEllipse(at, size / 2, size / 2);
     }
     return path;
+}
+
+// In pieces of a few corners: the time that one long line with many corners takes grows with their square.
+void StrokeInPieces(QPainter& painter, const QPainterPath& path, QPen pen)
+{
+    constexpr int kCorners = 12;
+    const double unit = std::max(1.0, pen.widthF());  // dashes are counted in widths
+    const bool dashed = pen.style() == Qt::CustomDashLine;
+    if (!dashed) pen.setCapStyle(Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    double before = 0;
+    for (const QPolygonF& line : path.toSubpathPolygons())
+        for (qsizetype from = 0; from + 1 < line.size(); from += kCorners) {
+            const QPolygonF piece(line.mid(from, kCorners + 1));
+            if (dashed) pen.setDashOffset(before / unit);
+            painter.setPen(pen);
+            painter.drawPolyline(piece);
+            for (qsizetype i = 1; i < piece.size(); ++i)
+                before += QLineF(piece[i - 1], piece[i]).length();
+        }
 }
 
 // One painting of a chart.
@@ -614,8 +635,15 @@ private:
         double To = 1;
     };
 
-    // Of a row that has a scale of its own: its interval and its marks, with a quarter more on each side.
+    // Of a row that has a scale of its own: its interval and its marks, with a third more on each side.
     [[nodiscard]] RowScale ScaleOf(double row) const
+    {
+        auto [place, isNew] = scales_.try_emplace(row);
+        if (isNew) place->second = MakeScale(row);
+        return place->second;
+    }
+
+    [[nodiscard]] RowScale MakeScale(double row) const
     {
         std::vector<double> values;
         for (const Series& series : chart_.Curves)
@@ -769,9 +797,9 @@ private:
                              : look.Bold                       ? 3
                              : series.Kind == SeriesKind::Line ? look.Width
                                                                : 2;
-        QPen pen = look_.Pen(drawn, width);
+        const QPen pen = look_.Pen(drawn, width);
         painter_.setBrush(Qt::NoBrush);
-        painter_.strokePath(path, pen);
+        StrokeInPieces(painter_, path, pen);
         if (series.Points.size() == 1 || HasOpenMarks(series))
             for (const Point& point : series.Points)
                 if (plot_.adjusted(-1, -1, 1, 1).contains(At(point))) DrawMark(At(point), series.As);
@@ -1032,6 +1060,7 @@ private:
     picture::Ticks yTicks_;
     QRectF plot_;
     std::vector<NamedLine> lines_;
+    mutable std::map<double, RowScale> scales_;
     std::vector<Item> items_;
 };
 
@@ -1041,14 +1070,20 @@ ChartView::ChartView(picture::Chart chart) : chart_(std::move(chart))
 {
 }
 
+const CellSizes& ChartView::Cells(const Look& look)
+{
+    if (!cells_ || cells_->Of != look.Bold) cells_ = SizesOfCells(chart_, look);
+    return *cells_;
+}
+
 double ChartView::HeightIn(const QSizeF& room, const Look& look)
 {
-    return chart_.Cells ? std::min(room.height(), LeastOfCells(chart_, look).height()) : room.height();
+    return chart_.Cells ? std::min(room.height(), LeastOfCells(chart_, Cells(look)).height()) : room.height();
 }
 
 QSizeF ChartView::Least(const Look& look)
 {
-    if (chart_.Cells) return LeastOfCells(chart_, look);
+    if (chart_.Cells) return LeastOfCells(chart_, Cells(look));
     const QFontMetricsF metrics(look.Plain);
     double height = 1.5 * kLeastPlot;
     if (!chart_.Y.Names.empty())
@@ -1061,7 +1096,7 @@ QSizeF ChartView::Least(const Look& look)
 
 std::vector<Item> ChartView::Paint(QPainter& painter, const QRectF& room, const Look& look)
 {
-    if (chart_.Cells) return PaintCells(chart_, painter, room, look);
+    if (chart_.Cells) return PaintCells(chart_, Cells(look), painter, room, look);
     Sheet sheet(chart_, painter, room, look, focus_);
     std::vector<Item> items = sheet.Paint();
     leftOut_ = sheet.LeftOut();

@@ -1,7 +1,9 @@
 // Draws charts: axes, curves, bars, areas, intervals, tables.
 #pragma once
 
-#include "qt/drawing.h"
+#include <optional>
+
+#include "qt/cells.h"
 
 namespace qt {
 
@@ -16,7 +18,10 @@ public:
     [[nodiscard]] int LeftOut() const override { return leftOut_; }
 
 private:
+    const CellSizes& Cells(const Look& look);
+
     picture::Chart chart_;
+    std::optional<CellSizes> cells_;  // of a table
     QString focus_;
     int leftOut_ = 0;
 };

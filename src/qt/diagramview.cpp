@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
+#include <optional>
 
 #include "qt/text.h"
 
@@ -73,6 +74,9 @@ public:
             heaviest_ = std::max(heaviest_, arc.Weight);
         nodeItems_.resize(diagram.Nodes.size());
         arcItems_.resize(diagram.Arcs.size());
+        constexpr double kAround = 40;  // what a badge, a fold or an arrowhead adds
+        if (painter.hasClipping())
+            shown_ = painter.clipBoundingRect().adjusted(-kAround, -kAround, kAround, kAround);
     }
 
     std::vector<Item> Paint()
@@ -84,7 +88,7 @@ public:
         for (std::size_t i = 0; i < diagram_.Nodes.size(); ++i)
             DrawNode(i);
         for (std::size_t i = 0; i < diagram_.Arcs.size(); ++i)
-            if (placement_.Arcs[i].Label)
+            if (placement_.Arcs[i].Label && IsShown(ToQt(*placement_.Arcs[i].Label)))
                 DrawOnPlate(painter_, ToQt(*placement_.Arcs[i].Label), ToQt(diagram_.Arcs[i].Text), look_,
                             diagram_.Arcs[i].As);
         std::vector<Item> items = std::move(nodeItems_);
@@ -95,6 +99,13 @@ public:
     }
 
 private:
+    // A large diagram is mostly outside of its window.
+    [[nodiscard]] bool IsShown(const QRectF& area) const
+    {
+        return !shown_ || (area.left() <= shown_->right() && area.right() >= shown_->left() &&
+                           area.top() <= shown_->bottom() && area.bottom() >= shown_->top());
+    }
+
     void DrawFrames()
     {
         for (std::size_t i = 0; i < placement_.Frames.size(); ++i) {
@@ -126,8 +137,19 @@ private:
         const Arc& arc = diagram_.Arcs[i];
         const PlacedArc& placed = placement_.Arcs[i];
         if (placed.Path.size() < 2) return;
-        const RoleLook look = look_.Of(arc.As);
         const double width = WidthOf(i);
+        const QPainterPath path = PathOf(placed);
+        QPainterPathStroker wide;
+        wide.setWidth(std::max(8.0, width));
+        arcItems_[i] = {wide.createStroke(path), ToQt(TipOf(arc)), ToQt(arc.Id)};
+        if (placed.Label) arcItems_[i].Shape.addRect(ToQt(*placed.Label));
+        if (IsShown(path.boundingRect().adjusted(-width, -width, width, width)))
+            StrokeArc(arc, placed, width);
+    }
+
+    void StrokeArc(const Arc& arc, const PlacedArc& placed, double width)
+    {
+        const RoleLook look = look_.Of(arc.As);
         QPainterPath path = PathOf(placed);
         const QPointF tip = ToQt(placed.Path.back());
         painter_.setBrush(Qt::NoBrush);
@@ -143,10 +165,6 @@ private:
                 CrossOut(placed.Path);
             }
         }
-        QPainterPathStroker wide;
-        wide.setWidth(std::max(8.0, width));
-        arcItems_[i] = {wide.createStroke(PathOf(placed)), ToQt(TipOf(arc)), ToQt(arc.Id)};
-        if (placed.Label) arcItems_[i].Shape.addRect(ToQt(*placed.Label));
     }
 
     // In proportion to its amount; what would be thinner than a pixel is dashed.
@@ -213,8 +231,12 @@ private:
         const Node& node = diagram_.Nodes[i];
         const PlacedNode& placed = placement_.Nodes[i];
         const QRectF place = ToQt(placed.Place);
-        const RoleLook look = look_.Of(node.As);
         const QPainterPath outline = OutlineOf(node.Form, place);
+        QPainterPath shape = outline;
+        if (placed.Text) shape.addRect(ToQt(*placed.Text));
+        nodeItems_[i] = {shape, ToQt(node.Tip.empty() ? Joined(node) : node.Tip), ToQt(node.Id)};
+        if (!IsShown(shape.boundingRect())) return;
+        const RoleLook look = look_.Of(node.As);
         const bool block = placed.Text.has_value();
         painter_.fillPath(outline, look_.Ground);
         if (block)
@@ -230,9 +252,6 @@ private:
         if (node.Folded) DrawFold(place, look);
         DrawTexts(node, placed, place);
         if (!node.Badge.empty()) DrawBadge(node, place, look);
-        QPainterPath shape = outline;
-        if (placed.Text) shape.addRect(ToQt(*placed.Text));
-        nodeItems_[i] = {shape, ToQt(node.Tip.empty() ? Joined(node) : node.Tip), ToQt(node.Id)};
     }
 
     static std::string Joined(const Node& node)
@@ -332,6 +351,7 @@ private:
     QPainter& painter_;
     const Look& look_;
     double heaviest_ = 0;
+    std::optional<QRectF> shown_;  // nothing: all of it
     std::vector<Item> nodeItems_;
     std::vector<Item> arcItems_;
 };
@@ -344,8 +364,12 @@ DiagramView::DiagramView(picture::Diagram diagram) : diagram_(std::move(diagram)
 
 QSizeF DiagramView::Least(const Look& look)
 {
-    const picture::Extent least = picture::LeastRoom(diagram_, MeasureIn(look.Bold));
-    return {least.Width, least.Height};
+    if (!least_ || leastIn_ != look.Bold) {
+        const picture::Extent least = picture::LeastRoom(diagram_, MeasureIn(look.Bold));
+        least_ = QSizeF(least.Width, least.Height);
+        leastIn_ = look.Bold;
+    }
+    return *least_;
 }
 
 // A lower room that holds all of the last placement has the same one.

@@ -1,6 +1,8 @@
 // Draws diagrams: nodes, arcs, frames.
 #pragma once
 
+#include <optional>
+
 #include "picture/layout.h"
 #include "qt/drawing.h"
 
@@ -23,6 +25,8 @@ private:
     picture::Placement placement_;  // for the room and the font below
     QSizeF placedFor_;
     QFont placedIn_;
+    std::optional<QSizeF> least_;  // in the font below
+    QFont leastIn_;
 };
 
 }  // namespace qt

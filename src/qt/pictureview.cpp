@@ -83,7 +83,7 @@ std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, cons
     QRectF body(room.topLeft(), QPointF(room.right(), room.bottom() - NotesHeight(look, room.width())));
     body.setHeight(drawing_->HeightIn(body.size(), look));
     body_ = body.topLeft();
-    painter.setClipRect(page);
+    painter.setClipRect(page, Qt::IntersectClip);
     std::vector<Item> items = drawing_->Paint(painter, body, look);
     leftOut_ = drawing_->LeftOut();
     painter.setFont(look.Plain);
@@ -150,8 +150,9 @@ void PictureCanvas::FitTo(const QSize& viewport)
 const std::vector<Item>& PictureCanvas::Items()
 {
     if (items_.empty() && page_ != nullptr && !size().isEmpty()) {
-        QPixmap nobody(size());
+        QPixmap nobody(1, 1);
         QPainter painter(&nobody);
+        painter.setClipRect(nobody.rect());
         items_ = page_->Paint(painter, rect(), ScreenLook());
     }
     return items_;
@@ -165,11 +166,12 @@ QRectF PictureCanvas::MarkedArea()
     return area;
 }
 
-void PictureCanvas::paintEvent(QPaintEvent* /*event*/)
+void PictureCanvas::paintEvent(QPaintEvent* event)
 {
     const Look look = ScreenLook();
     QPainter painter(this);
-    painter.fillRect(rect(), look.Ground);
+    painter.setClipRect(event->rect());
+    painter.fillRect(event->rect(), look.Ground);
     if (page_ == nullptr) return;
     painter.save();
     const int leftOut = page_->LeftOut();
@@ -318,9 +320,11 @@ void PictureView::SetPicture(const picture::Picture* picture)
     canvas_->SetPicture(picture);
     Fit();
     if (canvas_->Page() == nullptr) return;
+    const auto* diagram = std::get_if<picture::Diagram>(&picture->Body);
+    if (diagram == nullptr || diagram->Start.empty() || canvas_->width() <= viewport()->width()) return;
     canvas_->Items();  // places everything
     const QPointF start = canvas_->Page()->Start();
-    if (!start.isNull() && canvas_->width() > viewport()->width())
+    if (!start.isNull())
         ensureVisible(qRound(start.x()), qRound(start.y()), viewport()->width() / 3,
                       viewport()->height() / 3);
 }
