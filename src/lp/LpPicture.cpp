@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "lp/LpFigures.h"
 #include "lp/LpPlanPicture.h"
@@ -65,7 +66,7 @@ Picture ValuesPicture(const LpResult& result, const Figures& figures)
                                 (n > kMostZeroRows ? " and left out." : "."));
     if (names.empty()) return picture;
     Chart chart{
-        .X = {.Title = "Value", .From = 0, .To = std::max(kLabelRoom * figures.Values(largest), 1e-9)},
+        .X = {.Title = "Value", .From = 0, .To = zeros == n ? 1 : kLabelRoom * figures.Values(largest)},
         .Y = Positions(std::move(names))};
     for (std::size_t i = 0; i < bars.Points.size(); ++i)
         chart.Marks.push_back(
@@ -143,7 +144,11 @@ private:
         bars.Tips.push_back(Tip(i));
         if (!tight) {
             Series& rest = IsGreater(i) ? surplus_ : spare_;
-            rest.Intervals.push_back({at, std::min(used, right), std::max(used, right)});
+            rest.Intervals.push_back(
+                {.At = at,
+                 .From = std::min(used, right),
+                 .To = std::max(used, right),
+                 .ToText = Text(figures_.Slacks(i)) + (IsGreater(i) ? " above" : " to spare")});
             rest.Tips.push_back(Tip(i));
         } else if (!result_.Integer) {
             chart_.Marks.push_back({.As = figures_.Prices(i) == 0 ? Role::Plain : Role::Chosen,
@@ -289,7 +294,7 @@ private:
     {
         if (record == tree_.IncumbentIndex && tree_.IncumbentNode > 0) return Role::Best;
         if (node.Became == Fate::Branched) return Role::Plain;
-        if (node.Became == Fate::Whole) return Role::Chosen;
+        if (node.Became == Fate::Whole) return Role::Plain;
         if (node.Became == Fate::NoPlan) return Role::Infeasible;
         return node.Became == Fate::Open ? Role::Forecast : Role::NotTaken;
     }
@@ -354,7 +359,8 @@ private:
     Diagram diagram_;
 };
 
-Picture BoundsPicture(const LpResult& result)
+// Nothing before the search has gone from one node to another.
+std::optional<Picture> BoundsPicture(const LpResult& result)
 {
     const std::vector<SearchMark> course = CourseOf(result);
     Series plans{.Kind = SeriesKind::Steps, .As = Role::Best, .Name = "best plan", .Id = "plans"};
@@ -375,16 +381,17 @@ Picture BoundsPicture(const LpResult& result)
         add(plans, mark.Plan);
         add(bounds, mark.Bound);
     }
+    if (visit < 2 || (plans.Points.empty() && bounds.Points.empty())) return std::nullopt;
     if (!(least < most)) {
         least -= 1;
         most += 1;
     }
-    Chart chart{.X = {.Title = "Nodes visited", .From = 1, .To = std::max(visit, 2.0), .Counts = true},
+    Chart chart{.X = {.Title = "Nodes visited", .From = 1, .To = visit, .Counts = true},
                 .Y = {.Title = "Value", .From = least, .To = most}};
     for (Series* series : {&plans, &bounds})
         if (!series->Points.empty()) chart.Curves.push_back(std::move(*series));
     const bool found = result.Tree.IncumbentNode > 0;
-    return {
+    return Picture{
         .Title = "Bounds",
         .Body = std::move(chart),
         .Notes = {found ? "The best plan against what the open nodes still promised."
@@ -418,7 +425,7 @@ std::vector<Picture> Pictures(const LpResult& result)
     }
     if (result.Integer && result.Tree.Visits > 0) {
         pictures.push_back(SearchPicture(result).Draw());
-        pictures.push_back(BoundsPicture(result));
+        if (auto bounds = BoundsPicture(result)) pictures.push_back(std::move(*bounds));
     }
     return pictures;
 }

@@ -24,7 +24,9 @@ using picture::Side;
 
 constexpr std::size_t kLongestLabel = 24;
 constexpr int kMostWholePoints = 2000;
+constexpr int kMostLimitTexts = 5;  // with more limits each line has its number alone
 constexpr std::size_t kMostCornerTexts = 12;
+constexpr std::size_t kMostCornersAmongMany = 5;
 
 std::string CapitalStart(std::string text)
 {
@@ -156,6 +158,14 @@ private:
                  (outside.size() == 1 ? " lies" : " lie") + " outside of the picture.");
     }
 
+    [[nodiscard]] bool IsCrowded() const { return result_.Problem.NumConstraints > kMostLimitTexts; }
+
+    [[nodiscard]] std::string NameOnLine(const PlaneLimit& limit, const std::string& told) const
+    {
+        const bool fits = told.size() <= kLongestLabel && !IsCrowded();
+        return fits || limit.Constraint == 0 ? told : std::to_string(limit.Constraint);
+    }
+
     bool DrawLimit(const PlaneLimit& limit, bool excludes, bool strong)
     {
         const auto ends = plane_.LineOf(limit.A, limit.B, limit.C);
@@ -173,11 +183,11 @@ private:
         chart_.Curves.push_back(
             {.Kind = SeriesKind::Line,
              .As = excludes ? Role::Infeasible : Role::Limit,
-             .Name = told.size() <= kLongestLabel ? told : std::to_string(limit.Constraint),
+             .Name = NameOnLine(limit, told),
              .Points = {from, to},
              .Tips = {(limit.Constraint == 0 ? "" : "limit ") + told},
              .Id = limit.Constraint == 0 ? "" : "limit" + std::to_string(limit.Constraint),
-             .Forbidden = strong ? forbidden : Side::None,
+             .Forbidden = forbidden,
              .Thin = !strong});
         return true;
     }
@@ -197,6 +207,7 @@ private:
         std::vector<Point> middles;
         for (int k = 1; k <= 3; ++k) {
             const double value = Better(worst + (best - worst) * k / 3);
+            if (result_.Integer && IsOptimal() && Text(value) == Text(FiguresOf(result_).Objective)) continue;
             const auto ends = plane_.LineOf(p_, q_, value);
             if (!ends) continue;
             const bool last = k == 3 && !gainsWithoutEnd_ && !result_.Integer;
@@ -237,7 +248,8 @@ private:
         int number = 0;
         for (const Corner& corner : plane_.Corners()) {
             const bool best = IsBest(corner.At);
-            const bool told = best || plane_.Corners().size() <= kMostCornerTexts;
+            const bool told =
+                best || plane_.Corners().size() <= (IsCrowded() ? kMostCornersAmongMany : kMostCornerTexts);
             const std::string value = "value " + Text(ValueAt(corner.At));
             std::string tip =
                 Name(1) + " " + Text(corner.At.X) + ", " + Name(2) + " " + Text(corner.At.Y) + ": " + value;

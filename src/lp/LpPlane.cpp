@@ -121,7 +121,7 @@ LpPlane::LpPlane(const LpResult& result)
             limits_.push_back({j == 1 ? 1.0 : 0.0, j == 2 ? 1.0 : 0.0, 1, '<',
                                problem.LpVariableNames(j) + " of at most 1", 0});
     FindCorners();
-    ChooseWindow();
+    ChooseWindow(result);
     ClipRegion();
 }
 
@@ -156,9 +156,14 @@ void LpPlane::FindCorners()
             if (const auto at = Crossing(limits_[i], limits_[k]); at && Fulfils(*at)) AddCorner(*at);
 }
 
-void LpPlane::ChooseWindow()
+// A whole-number plan may lie beyond all corners.
+void LpPlane::ChooseWindow(const LpResult& result)
 {
     Point most;
+    if (result.Integer && result.End == Outcome::Optimal) {
+        const Figures figures = FiguresOf(result);
+        most = {figures.Values(1), figures.Values(2)};
+    }
     for (const Corner& corner : corners_) {
         most.X = std::max(most.X, corner.At.X);
         most.Y = std::max(most.Y, corner.At.Y);

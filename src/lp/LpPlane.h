@@ -37,7 +37,8 @@ public:
     // The corners of the region; in no order.
     [[nodiscard]] const std::vector<Corner>& Corners() const { return corners_; }
 
-    // What a picture must show: the corners and where the lines cut the axes, and 15 % more.
+    // What a picture must show: the corners and where the lines cut the axes, the best whole-number
+    // plan, and 15 % more.
     [[nodiscard]] picture::Point Window() const { return window_; }
     // The region as far as the window shows it, around; empty when there is none. A segment has two points.
     [[nodiscard]] const std::vector<picture::Point>& Region() const { return region_; }
@@ -58,7 +59,7 @@ public:
 private:
     void FindCorners();
     void AddCorner(const picture::Point& at);
-    void ChooseWindow();
+    void ChooseWindow(const LpResult& result);
     void ClipRegion();
 
     std::vector<PlaneLimit> limits_;

@@ -1,6 +1,7 @@
 #include "network/NetworkPicture.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -61,10 +62,19 @@ Arc EdgeOf(const NetworkProblem& problem, const Link& link, Role role)
 
 // ---- what lies apart, what is not drawn ----
 
+// A frame for each piece; nodes without any arc share one.
 void FramePieces(const std::vector<std::vector<int>>& pieces, Diagram& diagram)
 {
-    for (std::size_t i = 1; i < pieces.size(); ++i)
-        diagram.Frames.push_back({"apart", Names(pieces[i])});
+    std::optional<std::size_t> single;
+    for (std::size_t i = 1; i < pieces.size(); ++i) {
+        const std::vector<std::string> names = Names(pieces[i]);
+        if (names.size() == 1 && single) {
+            diagram.Frames[*single].Ids.push_back(names.front());
+            continue;
+        }
+        if (names.size() == 1) single = diagram.Frames.size();
+        diagram.Frames.push_back({"apart", names});
+    }
 }
 
 std::string PiecesNote(const std::vector<std::vector<int>>& pieces, int from)

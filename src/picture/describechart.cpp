@@ -112,6 +112,10 @@ void TellLine(const Chart& chart, const Series& series, Lines& lines)
         name + " runs from " + At(chart, series.Points.front()) + " to " + At(chart, series.Points.back());
     if (series.Points.size() > 2)
         sentence += "; it is lowest at " + At(chart, *least) + " and highest at " + At(chart, *most);
+    const bool isLimit = series.As == Role::Limit || series.As == Role::Infeasible;
+    if (isLimit && series.Tips.size() == 1 && series.Tips.front().find(series.Name) != std::string::npos &&
+        series.Tips.front() != series.Name)
+        sentence += "; it is " + series.Tips.front();
     lines.push_back(sentence + ".");
 }
 

@@ -366,7 +366,13 @@ void DrawLinks(const Sized& sized, Placement& placement)
     }
 }
 
-// The rooms of the parts: the first has the most of the height, those in frames stand in a row below.
+std::size_t FramesInRow(double width)
+{
+    constexpr double kFrame = 110;
+    return static_cast<std::size_t>(std::max(1.0, std::floor(width / kFrame)));
+}
+
+// The rooms of the parts: the first has the most of the height, those in frames stand in rows below.
 std::vector<Box> RoomsOf(const Sized& sized, const std::vector<Part>& parts, const Extent& size)
 {
     constexpr double kBadge = 10;  // reaches so far out of its node, to the right and up
@@ -388,11 +394,22 @@ std::vector<Box> RoomsOf(const Sized& sized, const std::vector<Part>& parts, con
     const double top = whole.Y + (1 - share) * whole.Height;
     std::vector<Box> rooms;
     if (framedFrom == 1) rooms.push_back({whole.X, whole.Y, whole.Width, top - whole.Y});
-    double left = whole.X;
-    for (std::size_t i = framedFrom; i < parts.size(); ++i) {
-        const double width = whole.Width * static_cast<double>(parts[i].Nodes.size()) / framed;
-        rooms.push_back(Box{left, top, width, whole.Bottom() - top}.Grown(-kFrameRoom));
-        left += width;
+    const std::size_t inRow = FramesInRow(whole.Width);
+    const std::size_t rows = (parts.size() - framedFrom + inRow - 1) / inRow;
+    const double height = (whole.Bottom() - top) / static_cast<double>(rows);
+    for (std::size_t row = 0; row < rows; ++row) {
+        const std::size_t first = framedFrom + row * inRow;
+        const std::size_t last = std::min(parts.size(), first + inRow);
+        double shares = 0;
+        for (std::size_t i = first; i < last; ++i)
+            shares += 1 + static_cast<double>(parts[i].Nodes.size());
+        double left = whole.X;
+        for (std::size_t i = first; i < last; ++i) {
+            const double width = whole.Width * (1 + static_cast<double>(parts[i].Nodes.size())) / shares;
+            rooms.push_back(
+                Box{left, top + static_cast<double>(row) * height, width, height}.Grown(-kFrameRoom));
+            left += width;
+        }
     }
     return rooms;
 }
@@ -445,7 +462,9 @@ Extent LeastFree(const Sized& sized)
     const double cell = widest + std::max(50.0, label + 24);
     const double side = cell * std::sqrt(static_cast<double>(sized.Count()));
     const double frames = sized.Of.Frames.empty() ? 0 : 4 * kFrameRoom;
-    return {std::max(140.0, 1.18 * side) + frames, std::max(100.0, side) + frames};
+    const double width = std::max(140.0, 1.18 * side) + frames;
+    const auto rows = static_cast<double>(sized.Of.Frames.size() / FramesInRow(width));
+    return {width, std::max(100.0, side) + frames + rows * (widest + 4 * kFrameRoom)};
 }
 
 Placement Free(const Sized& sized, const Extent& room)

@@ -75,6 +75,12 @@ Extent SizeOfNode(const Node& node, const Measure& measure)
     return {kTriangle + 6 + text.Width, std::max(kTriangle, text.Height)};
 }
 
+Box BadgeAt(const Box& node, const Extent& text)
+{
+    const double side = std::max(text.Width, text.Height) + 2;
+    return {node.Right() - side * 0.45, node.Y - side * 0.55, side, side};
+}
+
 bool Covers(Shape shape, const Box& place, const Point& point, double grown)
 {
     const Box box = place.Grown(grown);
@@ -129,6 +135,7 @@ Sized::Sized(const Diagram& diagram, const Measure& measure) : Of(diagram), Line
     for (const Node& node : diagram.Nodes) {
         known.emplace(node.Id, Nodes.size());
         Nodes.push_back(SizeOfNode(node, measure));
+        Badges.push_back(node.Badge.empty() ? Extent{} : measure(node.Badge));
     }
     const auto index = [&known](const std::string& id) {
         const auto found = known.find(id);
@@ -298,6 +305,10 @@ private:
             if (Overlap(roomy, other)) return false;
         for (const PlacedNode& node : placement_.Nodes)
             if (Overlap(roomy, node.Place) || (node.Text && Overlap(label, *node.Text))) return false;
+        for (std::size_t i = 0; i < placement_.Nodes.size(); ++i)
+            if (sized_.Badges[i].Width > 0 &&
+                Overlap(label, BadgeAt(placement_.Nodes[i].Place, sized_.Badges[i])))
+                return false;
         return true;
     }
 

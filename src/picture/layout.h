@@ -41,6 +41,9 @@ Extent LeastRoom(const Diagram& diagram, const Measure& measure);
 Extent SizeOfNode(const Node& node, const Measure& measure);
 Extent SizeOfLines(const std::vector<std::string>& lines, const Measure& measure);
 
+// The round badge at a node's upper right, for a text of this size.
+Box BadgeAt(const Box& node, const Extent& text);
+
 // Whether the point lies inside of the node's shape, grown by so much.
 bool Covers(Shape shape, const Box& place, const Point& point, double grown = 0);
 

@@ -16,6 +16,7 @@ constexpr std::size_t kNobody = static_cast<std::size_t>(-1);
 struct Sized {
     const Diagram& Of;
     std::vector<Extent> Nodes;
+    std::vector<Extent> Badges;
     std::vector<Extent> Labels;  // of the arcs; nothing wide where there is no text
     std::vector<std::size_t> From;
     std::vector<std::size_t> To;

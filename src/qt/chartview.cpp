@@ -61,7 +61,37 @@ std::vector<const Series*> LegendOf(const Chart& chart)
         if (!own && !series.Name.empty() && told.insert(series.Name).second) named.push_back(&series);
     }
     if (named.size() < 2 && chart.Curves.size() < 2) named.clear();
+    // What the picture is about first, then what else is there, then what is thin.
+    const auto rank = [](const Series& series) {
+        const bool chosen =
+            series.As == Role::Chosen || series.As == Role::Critical || series.As == Role::Best;
+        return chosen ? 0 : !series.Thin ? 1 : series.Hatched ? 3 : 2;
+    };
+    std::stable_sort(named.begin(), named.end(),
+                     [&rank](const Series* a, const Series* b) { return rank(*a) < rank(*b); });
     return named;
+}
+
+double LegendWidth(const Series& entry, const QFontMetricsF& metrics)
+{
+    return 18 + kGap + metrics.horizontalAdvance(ToQt(entry.Name)) + 2 * kGap;
+}
+
+double LegendHeight(const Chart& chart, double room, const QFontMetricsF& metrics)
+{
+    const auto entries = LegendOf(chart);
+    if (entries.empty()) return 0;
+    double rows = 1;
+    double x = 0;
+    for (const Series* entry : entries) {
+        const double width = LegendWidth(*entry, metrics);
+        if (x > 0 && x + width > room) {
+            ++rows;
+            x = 0;
+        }
+        x += width;
+    }
+    return rows * (metrics.height() + 2) + kGap;
 }
 
 QPainterPath MarkPath(const QPointF& at, MarkForm form, double size)
@@ -167,7 +197,19 @@ private:
         for (const Mark& mark : chart_.Marks)
             if (RowsAcross() && !chart_.OwnScales && mark.At.X >= x_.From + 0.85 * (x_.To - x_.From))
                 widest = std::max(widest, SizeOf(ToQt(mark.Text), look_.FontOf(mark.As)).width());
+        for (const Series& series : chart_.Curves)
+            for (const Interval& interval : series.Intervals)
+                if (RowsAcross() && !chart_.OwnScales && interval.To &&
+                    *interval.To >= x_.From + 0.85 * (x_.To - x_.From))
+                    widest = std::max(widest, SizeOf(ToQt(interval.ToText), look_.Plain).width());
         return widest == 0 ? 0 : widest + kGap;
+    }
+
+    [[nodiscard]] double HalfOfLastTick() const
+    {
+        if (!chart_.X.Names.empty() || chart_.OwnScales) return 0;
+        const picture::Ticks ticks = picture::TicksOf(x_.From, x_.To, chart_.X.Counts);
+        return metrics_.horizontalAdvance(ToQt(ticks.Text(ticks.Last))) / 2;
     }
 
     void MakeRoom()
@@ -183,7 +225,8 @@ private:
             return static_cast<double>(ticks.Count()) * line * 1.3 <= bottom - top;
         });
         const double left = room_.left() + LeftTexts() + kTick + kGap;
-        const double right = room_.right() - std::min(EndNames(), 0.35 * room_.width()) - kGap;
+        const double right =
+            room_.right() - std::max(std::min(EndNames(), 0.35 * room_.width()) + kGap, HalfOfLastTick());
         plot_ = QRectF(QPointF(left, top), QPointF(std::max(right, left + 10), std::max(bottom, top + 10)));
         xTicks_ =
             FittingTicks(x_, chart_.X.Counts, [&](const picture::Ticks& ticks) { return XTextsFit(ticks); });
@@ -252,37 +295,18 @@ private:
 
     // ---- legend ----
 
-    [[nodiscard]] double LegendHeight() const
-    {
-        const auto entries = LegendOf(chart_);
-        if (entries.empty()) return 0;
-        double rows = 1;
-        double x = 0;
-        for (const Series* entry : entries) {
-            const double width = LegendWidth(*entry);
-            if (x > 0 && x + width > room_.width()) {
-                ++rows;
-                x = 0;
-            }
-            x += width;
-        }
-        return rows * (metrics_.height() + 2) + kGap;
-    }
-
-    [[nodiscard]] double LegendWidth(const Series& entry) const
-    {
-        return 18 + kGap + metrics_.horizontalAdvance(ToQt(entry.Name)) + 2 * kGap;
-    }
+    [[nodiscard]] double LegendHeight() const { return qt::LegendHeight(chart_, room_.width(), metrics_); }
 
     void DrawLegend()
     {
         QPointF at = room_.topLeft();
         const double line = metrics_.height();
         for (const Series* entry : LegendOf(chart_)) {
-            const double width = LegendWidth(*entry);
+            const double width = LegendWidth(*entry, metrics_);
             if (at.x() > room_.left() && at.x() + width > room_.right())
                 at = {room_.left(), at.y() + line + 2};
-            const QRectF sample(at.x(), at.y() + line / 2 - 5, 18, 10);
+            const double high = entry->Thin ? kThinBar : 10;
+            const QRectF sample(at.x(), at.y() + (line - high) / 2, 18, high);
             if (entry->Kind == SeriesKind::Points) {
                 DrawMark(sample.center(), entry->As);
             } else {
@@ -740,7 +764,8 @@ private:
             const QString text = told.empty() ? NumberText(*value) : ToQt(told);
             const QSizeF size = SizeOf(text, look_.Plain);
             const double x = left ? bar.left() - size.width() - 4 : bar.right() + 4;
-            const QRectF place(QPointF(std::clamp(x, plot_.left(), plot_.right() - size.width()),
+            const double edge = chart_.OwnScales ? plot_.right() : room_.right();
+            const QRectF place(QPointF(std::clamp(x, plot_.left(), edge - size.width()),
                                        bar.center().y() - size.height() / 2),
                                size);
             labels_.Add({.Text = text,
@@ -1087,7 +1112,8 @@ QSizeF ChartView::Least(const Look& look)
     const QFontMetricsF metrics(look.Plain);
     double height = 1.5 * kLeastPlot;
     if (!chart_.Y.Names.empty())
-        height = std::max(kRowHeight * static_cast<double>(chart_.Y.Names.size()) + 3.5 * metrics.height(),
+        height = std::max(kRowHeight * static_cast<double>(chart_.Y.Names.size()) + 4 * metrics.height() +
+                              LegendHeight(chart_, 2 * kLeastPlot, metrics),
                           kLeastPlot);
     double width = 2 * kLeastPlot;
     if (!chart_.X.Names.empty()) width = std::max(width, 8.0 * static_cast<double>(chart_.X.Names.size()));

@@ -335,8 +335,8 @@ private:
     {
         const QString text = ToQt(node.Badge);
         const QSizeF size = SizeOf(text, look_.Plain);
-        const double side = std::max(size.width(), size.height()) + 2;
-        const QRectF badge(place.right() - side * 0.45, place.top() - side * 0.55, side, side);
+        const QRectF badge = ToQt(picture::BadgeAt({place.x(), place.y(), place.width(), place.height()},
+                                                   {size.width(), size.height()}));
         painter_.setPen(QPen(look.Stroke, 1.2));
         painter_.setBrush(look_.Ground);
         painter_.drawEllipse(badge);

