@@ -64,11 +64,16 @@ clean_networks() {
     awk -F, '/^"LayOutNetworks/ { printf "%.1f %%\n", 100 * $NF }' "$out/pictures.csv"
 }
 
+# A row a pair of the same work: Vantrel/NAME and OTHER/NAME.
 solver_rows() {
-    times solvers | awk -F'\t' '{ time[$1] = $2 }
-        END { if (!("GLPK" in time)) { print "No general solver was installed."; exit }
-              print "| Vantrel, from the grids to the report | GLPK, `glp_simplex` | ratio |\n| --- | --- | --- |"
-              printf "| %.0f µs | %.0f µs | %.2f |\n", time["Vantrel"], time["GLPK"], time["Vantrel"] / time["GLPK"] }'
+    times solvers | awk -F'\t' '
+        { split($1, part, "/")
+          if (part[1] == "Vantrel") { order[++count] = part[2]; here[part[2]] = $2 }
+          else { other[part[2]] = part[1]; there[part[2]] = $2 } }
+        END { for (i = 1; i <= count; ++i) { name = order[i]
+                  if (name in other) printf "| %s | %.0f | %s | %.0f | %.2f |\n", name, here[name], other[name],
+                                            there[name], here[name] / there[name]
+                  else printf "| %s | %.0f | not installed | | |\n", name, here[name] } }'
 }
 
 cat >docs/performance.md <<END
@@ -108,10 +113,15 @@ covers a node or a label, no line runs through a node that is not its end.
 | --- | --- |
 $(picture_rows)
 
-## Beside a general solver
+## Beside other solvers
 
-A linear program of 50 constraints and 100 variables:
+Microseconds of processor time for the same work in the same run: a linear program of 50 constraints and 100 variables
+read from its text, solved and written with its ranges; an integer program of 50 constraints and 8 variables from the
+model to its optimum; tables of 30 by 30 from their costs to the optimum. The optima agree. CBC is the solver of
+COIN-OR, LEMON's is its network simplex.
 
+| problem | Vantrel | other | time | ratio |
+| --- | --- | --- | --- | --- |
 $(solver_rows)
 END
 echo "Wrote docs/performance.md"

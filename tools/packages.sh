@@ -20,7 +20,7 @@ CHECK_PACKAGES=(
 )
 BENCH_PACKAGES=(
     "${RUN_PACKAGES[@]}"
-    libbenchmark-dev gnuplot-nox libglpk-dev
+    libbenchmark-dev gnuplot-nox libglpk-dev liblemon-dev
 )
 COVERAGE_PACKAGES=("${CHECK_PACKAGES[@]}" gcovr)
 ICON_PACKAGES=(librsvg2-bin)
