@@ -14,6 +14,7 @@ TEST_PACKAGES=(
     desktop-file-utils appstream shared-mime-info
     dpkg-dev lintian man-db poppler-utils locales
 )
+DISPLAY_PACKAGES=("${RUN_PACKAGES[@]}" xvfb openbox xdotool)
 CHECK_PACKAGES=(
     "${TEST_PACKAGES[@]}"
     git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev
