@@ -68,6 +68,15 @@ std::string RoundedSentence(int places)
            ": what is shown need not add up.";
 }
 
+// A length that the method keeps for nodes that no arc joins.
+std::string CountAsNone(const std::vector<int>& endless)
+{
+    return (endless.size() == 1 ? "Arc " : "Arcs ") + Listed(Names(endless)) +
+           (endless.size() == 1 ? " has a length of 100,000 or more and counts as no arc."
+                                : " have a length of 100,000 or more and count as no arc.");
+}
+
+const std::string kTooFar = " is shorter than 100,000, and longer ones do not count.";
 const std::string kEveryNode = "the method gives no route as long as any node is out of reach.";
 
 // ---- conditions ----
@@ -90,6 +99,14 @@ bool IsRounded(const NetworkProblem& problem, std::int32_t length)
     return length % kUnits.at(static_cast<std::size_t>(ShownPlaces(problem))) != 0;
 }
 
+std::vector<int> EndlessArcs(const NetworkProblem& problem)
+{
+    std::vector<int> endless;
+    for (int k = 1; k <= problem.NumArcs; ++k)
+        if (problem.ArcTable(kLength, k) >= kNoArc) endless.push_back(k);
+    return endless;
+}
+
 void AddArcCautions(const NetworkProblem& problem, const std::vector<std::int32_t>& shown,
                     Sentences& sentences)
 {
@@ -107,6 +124,8 @@ void AddArcCautions(const NetworkProblem& problem, const std::vector<std::int32_
     if (more > 0) sentences.push_back({SentenceKind::Caution, MoreLastOnes(more)});
     if (const auto lost = LostArcs(problem); !lost.empty())
         sentences.push_back({SentenceKind::Caution, LostSentence(lost)});
+    if (const auto endless = EndlessArcs(problem); !endless.empty())
+        sentences.push_back({SentenceKind::Caution, CountAsNone(endless)});
     if (std::any_of(shown.begin(), shown.end(),
                     [&](std::int32_t length) { return IsRounded(problem, length); }))
         sentences.push_back({SentenceKind::Caution, RoundedSentence(ShownPlaces(problem))});
@@ -137,11 +156,23 @@ std::string RouteSentence(const NetworkProblem& problem, const NetworkResult& re
            LengthOf(problem, result.NodeLabel(kDistance, problem.EndNode)) + ".";
 }
 
+std::vector<int> TooFar(const NetworkProblem& problem, const NetworkResult& result)
+{
+    std::vector<int> nodes;
+    for (int n = 1; n <= problem.NumNodes; ++n)
+        if (n != problem.StartNode && result.NodeLabel(kDistance, n) >= kNoArc) nodes.push_back(n);
+    return nodes;
+}
+
 void AddNoRoute(const NetworkProblem& problem, const NetworkResult& result, Sentences& sentences)
 {
-    sentences.push_back({SentenceKind::Result,
-                         "No route is given: " + NodesText(Apart(problem, problem.StartNode)) +
-                             " cannot be reached from node " + std::to_string(problem.StartNode) + "."});
+    const std::string start = "node " + std::to_string(problem.StartNode);
+    const auto apart = Apart(problem, problem.StartNode);
+    sentences.push_back(
+        {SentenceKind::Result,
+         "No route is given: " +
+             (apart.empty() ? "no way from " + start + " to " + NodesText(TooFar(problem, result)) + kTooFar
+                            : NodesText(apart) + " cannot be reached from " + start + ".")});
     const std::int32_t distance = result.NodeLabel(kDistance, problem.EndNode);
     if (distance >= kNoArc || problem.StartNode == problem.EndNode) return;
     sentences.push_back({SentenceKind::Caution, "Node " + std::to_string(problem.EndNode) +
@@ -247,6 +278,9 @@ Sentences TreeMeaning(const NetworkProblem& problem, const NetworkResult& result
     if (!apart.empty()) {
         sentences.push_back({SentenceKind::Result,
                              "No tree is given: " + NodesText(apart) + " cannot be reached from node 1."});
+    } else if (!outside.empty() && !result.Reached) {
+        sentences.push_back(
+            {SentenceKind::Result, "No tree is given: no arc to " + NodesText(outside) + kTooFar});
     } else if (!outside.empty()) {
         sentences.push_back({SentenceKind::Caution, JoinsItself(outside)});
     } else {

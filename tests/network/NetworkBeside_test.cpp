@@ -329,6 +329,27 @@ TEST(RouteMeaning, TellsWhyThereIsNone)
     EXPECT_THAT(RouteTexts(), ElementsAre("No route is given: node 2 cannot be reached from node 1."));
 }
 
+// 100,000 stands for no arc: neither one arc nor a way of 10 and 99,999 may be as long.
+TEST(RouteMeaning, LengthsThatCountAsNoneAreTold)
+{
+    Route(3, {{1, 2, 10}, {2, 3, 100000}}, 1, 3);
+    EXPECT_THAT(RouteTexts(), ElementsAre("No route is given: no way from node 1 to node 3 is shorter than "
+                                          "100,000, and longer ones do not count.",
+                                          "Arc 2 has a length of 100,000 or more and counts as no arc."));
+    Route(3, {{1, 2, 10}, {2, 3, 99999}}, 1, 2);
+    EXPECT_THAT(RouteTexts(), ElementsAre("No route is given: no way from node 1 to node 3 is shorter than "
+                                          "100,000, and longer ones do not count.",
+                                          "Node 2 could be reached, with a length of 10; the method gives no "
+                                          "route as long as any node is out of reach."));
+    Route(3, {{1, 2, 10}, {2, 3, 99989}}, 1, 3);
+    EXPECT_THAT(RouteTexts(),
+                ElementsAre("The shortest route from 1 to 3 is 1, 2, 3 with a length of 99999."));
+    Route(2, {{1, 2, 100000}, {2, 1, 200000}, {1, 2, 5}}, 1, 2);
+    EXPECT_THAT(RouteTexts(),
+                ElementsAre("The shortest route from 1 to 2 is 1, 2 with a length of 5.",
+                            "Arcs 1 and 2 have a length of 100,000 or more and count as no arc."));
+}
+
 TEST(RouteMeaning, ALongerLastArcIsACaution)
 {
     Route(2, {{1, 2, 5}, {2, 1, 9}}, 1, 2);
@@ -464,6 +485,18 @@ TEST(TreeMeaning, TellsWhyThereIsNone)
 {
     Tree(3, {{1, 2, 5}});
     EXPECT_THAT(TreeTexts(), ElementsAre("No tree is given: node 3 cannot be reached from node 1."));
+}
+
+TEST(TreeMeaning, AnArcThatCountsAsNoneIsTold)
+{
+    Tree(3, {{1, 2, 10}, {2, 3, 100000}});
+    EXPECT_THAT(
+        TreeTexts(),
+        ElementsAre(
+            "No tree is given: no arc to node 3 is shorter than 100,000, and longer ones do not count.",
+            "Arc 2 has a length of 100,000 or more and counts as no arc."));
+    Tree(3, {{1, 2, 10}, {2, 3, 99999.999}});
+    EXPECT_TRUE(Result.Reached);
 }
 
 // The loop at node 1 is the shortest arc at hand and takes the place of the one to node 2.
