@@ -22,8 +22,7 @@ done < <(sed -n '/^```/,/^```$/d; s/^##* //p' "$here"/../../docs/guide/*.md | tr
 awk '/^```/ { inside = !inside; next } inside { gsub(/ +/, " "); sub(/^ /, ""); sub(/ $/, ""); if ($0 != "") print }' \
     "$here"/../../docs/guide/*.md | sort -u >"$scratch/lines"
 [ "$(wc -l <"$scratch/lines")" -gt 300 ] || { echo "too few lines of blocks"; failed=yes; }
-if grep -vxF -f "$scratch/book" "$scratch/lines"; then
-    echo "These lines of blocks are not in the book."
-    failed=yes
-fi
+# A long line is broken in the book.
+awk 'NR == FNR { book = $0; next } !index(book, $0) { print "the book lacks: " $0; failed = 1 } END { exit failed }' \
+    "$scratch/running" "$scratch/lines" || failed=yes
 [ -z "$failed" ]
