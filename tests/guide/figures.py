@@ -49,7 +49,8 @@ def played(player, script):
 
 
 def label_in(line, label):
-    return re.search(r"(?<![\w.])" + re.escape(label) + r"(?![\w.])", line)
+    words = r"\s+".join(re.escape(word) for word in label.split())
+    return re.search(r"(?<![\w.])" + words + r"(?![\w.])", line)
 
 
 def line_of(lines, begin, label):
@@ -70,7 +71,7 @@ def value_at(lines, path):
     path, _, count = path.partition(" #")
     at, end = -1, 0
     for label in path.split(" / "):
-        at, end = line_of(lines, at + 1, " ".join(label.split()))
+        at, end = line_of(lines, at + 1, label)
     numbers = list(NUMBER.finditer(lines[at], end))
     wanted = int(count or 1)
     if len(numbers) < wanted:
