@@ -87,7 +87,9 @@ TEST_F(PertEntry, ANewTableHoldsZeroes)
 {
     Given(kHouseEstimated);
     Calculate();
+    Problem.CurrentActivity = 3;
     MakeTable();
+    EXPECT_EQ(Problem.CurrentActivity, 1);
     EXPECT_EQ(Problem.NumActivities, 14);
     EXPECT_TRUE(HasThreeEstimates());
     EXPECT_FALSE(Result.Solved);
