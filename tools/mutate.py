@@ -65,11 +65,11 @@ def modules_of(folder):
 def sessions_of(folder):
     """A pattern of the sessions in which the folder's modules are chosen; for the shell, of all."""
     if not pathlib.Path("src", folder, "module.h").exists() or not modules_of(folder):
-        return r"^(Session|Problems|Tour)\."
+        return r"^(Session|Problems|Tour|NumbersOfModules)\."
     chosen = re.compile(r"^choose (%s)$" % "|".join(str(number) for number in modules_of(folder)), re.MULTILINE)
     scripts = pathlib.Path("tests", "sessions").glob("*.play")
     names = sorted(path.stem for path in scripts if chosen.search(path.read_text()))
-    return r"^Session\.(%s)$|^Problems\." % "|".join(names)
+    return r"^Session\.(%s)$|^(Problems|NumbersOfModules)\." % "|".join(names)
 
 
 def noticed(folder, name):
@@ -79,6 +79,7 @@ def noticed(folder, name):
     for test in tests_of(folder, name):
         if not build(test) or not succeeds([f"build/dev/tests/{folder}/{test}", "--gtest_brief=1"]):
             return True
+    build("numbers_test")
     build("vantrel-play")
     return not succeeds(["ctest", "--preset", "dev", "-R", sessions_of(folder), "--stop-on-failure", "-j2"])
 

@@ -111,14 +111,19 @@ TEST_F(DecisionEntry, OneOutcomeIsWarnedOfAndTaken)
 
 TEST_F(DecisionEntry, TheFeaturesRefuseTheFirstEmptyBox)
 {
-    EXPECT_EQ(Decision::TakeFeatures({}), FeatureBox::Alternatives);
+    int pointed = -1;
+    const auto point = [&pointed](int box) { pointed = box; };
+    EXPECT_EQ(Decision::TakeFeatures({}, point), FeatureBox::Alternatives);
+    EXPECT_EQ(pointed, 0);
     EXPECT_EQ(desktop.dialogs.Last(),
               Refused("NOTE:  THE NUMBER OF DECISION ALTERNATIVES MUST BE AN INTEGER."));
-    EXPECT_EQ(Decision::TakeFeatures({.Alternatives = "2"}), FeatureBox::States);
+    EXPECT_EQ(Decision::TakeFeatures({.Alternatives = "2"}, point), FeatureBox::States);
+    EXPECT_EQ(pointed, 1);
     EXPECT_EQ(desktop.dialogs.Last(), Refused("NOTE:  THE NUMBER OF STATES OF NATURE MUST BE AN INTEGER."));
     EXPECT_EQ(Decision::TakeFeatures(
-                  {.Alternatives = "2", .States = "2", .StateProbabilities = true, .Strategy = true}),
+                  {.Alternatives = "2", .States = "2", .StateProbabilities = true, .Strategy = true}, point),
               FeatureBox::Indicators);
+    EXPECT_EQ(pointed, 2);
     EXPECT_EQ(desktop.dialogs.Last(), Refused("NOTE:  THE NUMBER OF INDICATOR OUTCOMES MUST BE AN INTEGER."));
 }
 

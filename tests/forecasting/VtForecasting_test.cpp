@@ -382,8 +382,13 @@ TEST_F(ForecastEntry, EachMethodChecksItsInputsInOrder)
         SCOPED_TRACE(std::to_string(choice.Method) + " \"" + choice.First + "\" \"" + choice.Second + "\"");
         desktop.dialogs.messages.clear();
         Session.DialogCancelled = true;
-        EXPECT_EQ(TakeMethod(choice.Method, {choice.First, choice.Second}), choice.Refused);
+        int pointed = -1;
+        const auto point = [&pointed](int box) { pointed = box; };
+        EXPECT_EQ(TakeMethod(choice.Method, {choice.First, choice.Second}, point), choice.Refused);
         const bool taken = choice.Refused < 0;
+        if (!taken) {
+            EXPECT_EQ(pointed, choice.Refused);
+        }
         EXPECT_EQ(Session.DialogCancelled, !taken);
         EXPECT_EQ(desktop.dialogs.Last(), taken ? ShownMessage() : Refused(choice.Message));
     }

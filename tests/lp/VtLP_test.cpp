@@ -81,23 +81,27 @@ struct FeatureCase {
     const char* Variables;
     bool Chosen;
     const char* Message;
+    int Box;  // 2: the types
 };
 
 TEST_F(LpModel, RefusesSizesInTheOrderOfItsChecks)
 {
     const std::vector<FeatureCase> cases = {
-        {"", "", false, "Number of Constraints Must be an Integer."},
-        {"2.5", "3", true, "Number of Constraints Must be an Integer."},
-        {"two", "3", true, "Number of Constraints Must be an Integer."},
-        {"51", "", true, "Number of Variables Must be an Integer."},
-        {"51", "3.0", true, "Number of Variables Must be an Integer."},
-        {"51", "101", true, "You may only solve a problem with a maximum of 50 constraints."},
-        {"1,000", "3", true, "You may only solve a problem with a maximum of 50 constraints."},
-        {"50", "101", false, "You may only solve a problem with a maximum of 100 variables."},
-        {"50", "100", false, "An optimization type must be selected."},
+        {"", "", false, "Number of Constraints Must be an Integer.", 0},
+        {"2.5", "3", true, "Number of Constraints Must be an Integer.", 0},
+        {"two", "3", true, "Number of Constraints Must be an Integer.", 0},
+        {"51", "", true, "Number of Variables Must be an Integer.", 1},
+        {"51", "3.0", true, "Number of Variables Must be an Integer.", 1},
+        {"51", "101", true, "You may only solve a problem with a maximum of 50 constraints.", 0},
+        {"1,000", "3", true, "You may only solve a problem with a maximum of 50 constraints.", 0},
+        {"50", "101", false, "You may only solve a problem with a maximum of 100 variables.", 1},
+        {"50", "100", false, "An optimization type must be selected.", 2},
     };
     for (const FeatureCase& entry : cases) {
-        EXPECT_FALSE(VtLP::TakeFeatures(entry.Constraints, entry.Variables, entry.Chosen, false));
+        int pointed = -1;
+        EXPECT_FALSE(VtLP::TakeFeatures(entry.Constraints, entry.Variables, entry.Chosen, false,
+                                        [&pointed](int box) { pointed = box; }));
+        EXPECT_EQ(pointed, entry.Box);
         EXPECT_EQ(desktop.dialogs.Last(), Refused(entry.Message));
         EXPECT_EQ(Session.IsNumber, "YES");  // linear programs leave the verdict passing
     }

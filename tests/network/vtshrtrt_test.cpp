@@ -128,7 +128,10 @@ TEST_F(ArcCells, RouteNodesAreCheckedStartFirst)
                            Row{"1", "2.", 1, "Ending Node must be an integer."}, Row{"5", "0", 1, kRange},
                            Row{"5", "99999999999", 1, kRange}}) {
         Session.DialogCancelled = true;
-        EXPECT_EQ(Network::TakeNodes(row.start, row.end), row.refused) << row.start << " " << row.end;
+        int pointed = -1;
+        const auto point = [&pointed](int box) { pointed = box; };
+        EXPECT_EQ(Network::TakeNodes(row.start, row.end, point), row.refused) << row.start << " " << row.end;
+        EXPECT_EQ(pointed, row.refused) << row.start << " " << row.end;
         EXPECT_EQ(desktop.dialogs.Last(), Refused(row.message)) << row.start << " " << row.end;
         EXPECT_EQ(Problem.StartNode, 2);
         EXPECT_TRUE(Session.DialogCancelled);

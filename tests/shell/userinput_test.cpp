@@ -31,7 +31,9 @@ protected:
     std::vector<std::int16_t> Ask(const SizeDialog& dialog, const std::vector<std::string>& texts)
     {
         desktop.forms.onModal["frmUserInput"] = [this, texts] {
-            refused = UserInput::TakeSizes(texts);
+            int pointed = -1;
+            refused = UserInput::TakeSizes(texts, [&pointed](int box) { pointed = box; });
+            EXPECT_EQ(pointed, refused < 0 ? static_cast<int>(texts.size()) - 1 : refused);
         };
         return AskSizes(dialog);
     }
