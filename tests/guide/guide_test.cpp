@@ -12,6 +12,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -329,6 +330,45 @@ TEST(Guide, MarksOnlyFiguresOfTheTour)
             EXPECT_TRUE(fs::exists(kRoot / "docs/tour" / (parts[1].str() + ".play"))) << marker;
         }
     EXPECT_GT(checked, 200U);
+}
+
+// The running text behind each block of a report, as far as the next block or heading, without what it quotes:
+// {block, text}.
+std::vector<std::pair<std::string, std::string>> TextsBehindReports(const std::string& page)
+{
+    std::vector<std::pair<std::string, std::string>> texts;
+    std::istringstream lines(page);
+    bool inside = false;
+    bool behind = false;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("```")) {
+            inside = !inside;
+            if (inside) behind = line.starts_with("```report ");
+            if (inside && behind) texts.emplace_back();
+        } else if (inside && behind) {
+            texts.back().first += line + '\n';
+        } else if (line.starts_with("#")) {
+            behind = false;
+        } else if (!inside && behind) {
+            texts.back().second += std::regex_replace(line, std::regex("\"[^\"]*\""), "") + '\n';
+        }
+    }
+    return texts;
+}
+
+TEST(Guide, MarksEveryFigureThatStandsInTheReportBefore)
+{
+    std::size_t checked = 0;
+    for (const auto& page : FilesBelow(kGuide, {".md"}))
+        for (const auto& [report, text] : TextsBehindReports(TextOf(page))) {
+            const auto shown = Matches(report, R"(((?:\d[\d,]*)?\.\d+))");
+            for (const auto& figure : Matches(text, R"(((?:\d[\d,]*)?\.\d+(?![\d%])(?! ?<!--| ?%)))")) {
+                ++checked;
+                EXPECT_THAT(shown, testing::Not(testing::Contains(figure)))
+                    << page.filename() << ": " << figure;
+            }
+        }
+    EXPECT_GT(checked, 20U);
 }
 
 TEST(Guide, ListsEverySampleProblem)
