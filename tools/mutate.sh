@@ -20,7 +20,7 @@ files=${3:-}
 
 need_packages "${TEST_PACKAGES[@]}" python3-minimal git
 copy=build/mutate/$folder
-rm -rf "$copy/src" "$copy/tests"
+rm -rf "$copy/src" "$copy/tests" "$copy/docs"
 mkdir -p "$copy"
 git ls-files -z | xargs -0 cp --parents -t "$copy"
 cd "$copy"
