@@ -376,7 +376,9 @@ void AnswerDialogs(FakeForms& forms, const Given& given)
     forms.onModal["frmTransObj"] = [&given] {
         TakeCriterion(given.Maximize ? Criterion::Maximize : Criterion::Minimize);
     };
-    forms.onModal["frmdecnopt"] = [&given] { Decision::TakeCriterion(given.Maximize, given.Criterion); };
+    forms.onModal["frmdecnopt"] = [&given] {
+        Decision::TheSenseAndCriterion.Give({.Maximize = given.Maximize, .Criterion = given.Criterion});
+    };
     forms.onModal["frminputnodes"] = [&given] {
         Network::TakeNodes(std::to_string(given.Start), std::to_string(given.End));
     };
@@ -386,10 +388,9 @@ void AnswerDialogs(FakeForms& forms, const Given& given)
     forms.onModal["frmIP"] = [&given] {
         static const std::array<VtLP::IntegerKind, 3> kKindsOf = {
             VtLP::IntegerKind::AllGeneral, VtLP::IntegerKind::AllBinary, VtLP::IntegerKind::Multiple};
-        VtLP::StoreIntegerChoice({.Kind = kKindsOf.at(static_cast<std::size_t>(given.Kind)),
-                                  .Binary = given.Binary,
-                                  .General = given.General});
-        Session.DialogCancelled = false;
+        VtLP::TheIntegerChoice.Give({.Kind = kKindsOf.at(static_cast<std::size_t>(given.Kind)),
+                                     .Binary = given.Binary,
+                                     .General = given.General});
     };
 }
 
