@@ -1,13 +1,14 @@
 # The Debian packages that each command of this folder needs, and how they are installed. Sourced, not run.
 
+# python3-munkres stands for python3-scipy, ten times as large, on which weasyprint's fonts would else depend.
 RUN_PACKAGES=(
     g++ cmake ninja-build
     qt6-base-dev qt6-svg-dev qt6-wayland coinor-libcbc-dev
-    python3-markdown weasyprint
+    python3-markdown weasyprint python3-munkres
     fonts-dejavu-core fonts-liberation
 )
 # The program builds and runs without these, and then does a little less.
-OPTIONAL_PACKAGES=(qt6-svg-dev coinor-libcbc-dev weasyprint)
+OPTIONAL_PACKAGES=(qt6-svg-dev coinor-libcbc-dev weasyprint python3-munkres)
 TEST_PACKAGES=(
     "${RUN_PACKAGES[@]}"
     libgtest-dev libgmock-dev
