@@ -161,6 +161,22 @@ std::string Alternative(const TableauProblem& problem, int arc)
            (problem.NodeSupply(node) < 0 ? " could stay short instead." : " could take some of the surplus.");
 }
 
+// Solved again with the route a little better than that: one from an origin without supply, or where a tree
+// has another way for its price, stays empty all the same.
+bool ComesIn(const TableauProblem& problem, const TableauResult& result, const OtherPlans& others)
+{
+    constexpr double kLittle = 0.0001;
+    TableauProblem better = problem;
+    const double change = others.NearestCost + kLittle;
+    better.ArcCost(others.NearestArc) =
+        problem.ArcCost(others.NearestArc).Value() + (result.Maximize ? change : -change);
+    const std::vector<Route> routes = RoutesOf(better, TaSolve(better, result.Maximize));
+    return std::any_of(routes.begin(), routes.end(), [&](const Route& route) {
+        return route.Origin == OriginOf(problem, others.NearestArc) &&
+               route.Destination == DestinationOf(problem, others.NearestArc);
+    });
+}
+
 void AddOthers(const TableauProblem& problem, const TableauResult& result, Sentences& sentences)
 {
     if (result.TotalSupply == 0 || result.TotalDemand == 0) return;  // no price would move anything
@@ -168,7 +184,7 @@ void AddOthers(const TableauProblem& problem, const TableauResult& result, Sente
     if (!others.Arcs.empty())
         sentences.push_back({SentenceKind::Change, "Another schedule has the same value: " +
                                                        Alternative(problem, others.Arcs.front())});
-    if (others.NearestArc == 0) return;
+    if (others.NearestArc == 0 || !ComesIn(problem, result, others)) return;
     sentences.push_back({SentenceKind::Change,
                          "Route " + PairName(problem, others.NearestArc) + " would have to " +
                              (result.Maximize ? "bring " : "cost ") + CostText(problem, others.NearestCost) +

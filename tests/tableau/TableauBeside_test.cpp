@@ -469,6 +469,18 @@ TEST(TransportationMeaning, SaysWhatIsShippedAndWhatLimits)
                             "loss."));
 }
 
+// Origin 4 has nothing to ship at any price.
+TEST(TransportationMeaning, AnOriginWithoutSupplyHasNoNearestRoute)
+{
+    GiveTransportation({{7, 8}, {3, 10}, {7, 2}, {9, 7}}, {10, 38, 5, 0}, {40, 26});
+    Solve();
+    ASSERT_NE(Tableau::FindOtherPlans(Problem, Result).NearestArc, 0);
+    EXPECT_THAT(TransportMeaning(), Not(Contains(HasSubstr("Route 4"))));
+    GiveTransportation({{7, 8}, {3, 10}, {7, 2}, {9, 7}}, {10, 38, 5, 1}, {40, 26});
+    Solve();
+    EXPECT_THAT(TransportMeaning(), Contains(HasSubstr("Route ")));
+}
+
 // No price would move anything where there is nothing to move.
 TEST(TransportationMeaning, NothingToShipHasNoNearestRoute)
 {
