@@ -16,6 +16,7 @@ for program in engines solvers; do
 done
 "$bench/pictures" --benchmark_out="$out/pictures.csv" --benchmark_out_format=csv >/dev/null 2>&1
 "$bench/bench_processes" "$bench" build/release/bin/vantrel-play >"$out/processes.md"
+"$bench/words" >"$out/words.md"
 
 # times PROGRAM: name and microseconds of processor time, parted by a tab.
 times() {
@@ -112,6 +113,16 @@ covers a node or a label, no line runs through a node that is not its end.
 | picture | milliseconds |
 | --- | --- |
 $(picture_rows)
+
+## Steps and meaning
+
+Milliseconds of processor time for the steps and the meaning of the problems above, each as the pane asks for it. The
+largest ones have 50 ms. A thousand steps of a program of 50 constraints that goes round for ever take 4.2 MB of the 5
+that they may.
+
+| module | size | steps | steps, ms | meaning, ms |
+| --- | --- | --- | --- | --- |
+$(cat "$out/words.md")
 
 ## Beside other solvers
 
