@@ -652,6 +652,8 @@ std::vector<Rule> Rules()
     return {
         {"value of the linear program", "without the whole-number condition",
          [](S, K) { return ValueOfTheRelaxation(); }},
+        {"plan of a search broken off", "found until then",
+         [](S, K) { return Printed({LP_Engine::Result.Tree.Incumbent}, 3); }},
         {"fall of a route's cost", "would have to cost", [](S s, K) { return FallOfTheNearestRoute(s); }},
         {"chances of a project", "chance to finish", [](S, K) { return Chances95(); }},
         {"length of the path", "in the report adds up", [](S, K) { return LengthOfThePath(); }},
