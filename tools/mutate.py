@@ -86,6 +86,8 @@ def noticed(folder, name):
 
 def main():
     folder, share, wanted = sys.argv[1], int(sys.argv[2]), sys.argv[3]
+    if noticed(folder, ""):
+        sys.exit(f"{folder}: the tests fail as they are")
     tried = survived = number = 0
     for path in sorted(pathlib.Path("src", folder).glob("*.cpp")):
         if path.name.startswith(SCREENS) or not re.search(wanted, path.stem):
