@@ -2,6 +2,7 @@
 #include "firstpaint.h"
 #include "program.h"
 #include "qt/application.h"
+#include "qt/desktopcolors.h"
 
 int main(int argc, char* argv[])
 {
@@ -9,5 +10,6 @@ int main(int argc, char* argv[])
     FirstPaint paint;
     Program program;
     program.Start();
+    qt::FollowDesktopColors();
     return QApplication::exec();
 }

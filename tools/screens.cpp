@@ -1,7 +1,7 @@
-// Plays a session script on a screen of a given width, in light or dark colours: what the pictures of
-// tools/screens.sh are taken with.
+// Plays a session script on a screen of a given width, in light, dark or high-contrast colours: what the
+// pictures of tools/screens.sh are taken with.
 //
-//   screens WIDTH light|dark FOLDER SCRIPT
+//   screens WIDTH light|dark|contrast|dark-contrast FOLDER SCRIPT
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -12,21 +12,15 @@
 #include "play/player.h"
 #include "program.h"
 #include "qt/application.h"
+#include "qt/desktopcolors.h"
 
 namespace {
 
-QPalette Dark()
+void SetColors(const QString& name)
 {
-    QPalette colors(QColor(0x31, 0x36, 0x3b), QColor(0x2a, 0x2e, 0x32));
-    colors.setColor(QPalette::Base, QColor(0x1b, 0x1e, 0x20));
-    colors.setColor(QPalette::AlternateBase, QColor(0x23, 0x26, 0x29));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colors.setColor(role, QColor(0xfc, 0xfc, 0xfc));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        colors.setColor(QPalette::Disabled, role, QColor(0x7f, 0x83, 0x86));
-    colors.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
-    colors.setColor(QPalette::HighlightedText, QColor(0x1b, 0x1e, 0x20));
-    return colors;
+    if (name == "dark") QApplication::setPalette(qt::DarkColors());
+    if (name == "contrast") QApplication::setPalette(qt::HighContrastColors(false));
+    if (name == "dark-contrast") QApplication::setPalette(qt::HighContrastColors(true));
 }
 
 // The off-screen platform takes its screen from a file.
@@ -46,7 +40,7 @@ int main(int argc, char* argv[])
 {
     constexpr int kArguments = 5;
     if (argc != kArguments) {
-        std::cerr << "usage: screens WIDTH light|dark FOLDER SCRIPT\n";
+        std::cerr << "usage: screens WIDTH light|dark|contrast|dark-contrast FOLDER SCRIPT\n";
         return 2;
     }
     const QTemporaryDir folder;
@@ -57,7 +51,7 @@ int main(int argc, char* argv[])
     play::Transcript transcript(std::cout);
     play::Listener listener(transcript);
     Program vantrel(std::make_unique<play::OverheardDialogs>(transcript));
-    if (QString::fromUtf8(argv[2]) == "dark") QApplication::setPalette(Dark());
+    SetColors(QString::fromUtf8(argv[2]));
     std::ifstream file(argv[4]);
     play::Player player(argv[4], file, {transcript, QString::fromUtf8(argv[3])}, listener);
     vantrel.Start();

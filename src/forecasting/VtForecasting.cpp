@@ -292,6 +292,13 @@ std::array<std::string, 2> FieldLabels(int method)
     return MethodOf(method).Labels();
 }
 
+std::array<std::string, 2> FieldRanges(int method)
+{
+    if (method == kMovingAverages) return {"1 to " + std::to_string(Problem.PeriodCount), ""};
+    if (method == kTrendAndSeasonal) return {"1 or more", "At most the number of seasons"};
+    return {};
+}
+
 int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPointer& point)
 {
     desktop::TheScreen().SetIndicator(MethodOf(method).Indicator);

@@ -87,6 +87,8 @@ bool AskMethod();  // into the problem; false: cancelled
 
 // The labels of the two fields; an empty one has no field.
 std::array<std::string, 2> FieldLabels(int method);
+// Which values they take, where the labels do not say so.
+std::array<std::string, 2> FieldRanges(int method);
 
 // Its Solve button: which field is refused (0 or 1), after its message; -1: the method and its inputs are
 // given.

@@ -2,6 +2,7 @@
 
 #include "forecasting/VtForecasting.h"
 #include "qt/fields.h"
+#include "qt/text.h"
 
 frmForecastingModels::frmForecastingModels(QWidget* parent) : qt::ModalForm(parent)
 {
@@ -45,9 +46,11 @@ int frmForecastingModels::ChosenMethod() const
 void frmForecastingModels::ShowFields()
 {
     const auto labels = VtForecasting::FieldLabels(ChosenMethod());
+    const auto ranges = VtForecasting::FieldRanges(ChosenMethod());
     for (std::size_t i = 0; i < txtValue.size(); ++i) {
         qt::ShowRow(txtValue[i], !labels[i].empty());
         qt::SetRowLabel(txtValue[i], labels[i]);
+        txtValue[i]->setToolTip(qt::ToQt(ranges[i]));
     }
 }
 

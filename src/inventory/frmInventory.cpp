@@ -21,7 +21,9 @@ bool TakeFirstHoldingBox(std::string_view text)
 
 QLineEdit* InventoryForm::AddField(const char* name, std::string_view label, Take take, const Variant& value)
 {
-    return AddField(Rows(), name, label, take, EntryText(value));
+    QLineEdit* box = AddField(Rows(), name, label, take, EntryText(value));
+    box->setToolTip(qt::kMoreThanZero);
+    return box;
 }
 
 void InventoryForm::AddAnnualDemand(const char* name)
@@ -65,6 +67,8 @@ void InventoryForm::AddHoldingCost()
                           EntryText(HoldsPercent() ? Problem.CarryingPercent : Problem.HoldingCost));
     txtframe2_ = AddField(Rows(), "txtframe2", "Unit Cost:", VtInvent::TakeUnitCost,
                           HoldsPercent() ? EntryText(Problem.UnitCost) : std::string());
+    txtFrame1_->setToolTip(qt::kMoreThanZero);
+    txtframe2_->setToolTip(qt::kMoreThanZero);
     ShowHoldingMethod();
 }
 
@@ -89,6 +93,7 @@ void InventoryForm::AddReorderPoint()
     check->setChecked(compute);
     txtleadtime_ = AddField(Rows(), "txtleadtime", "Enter Lead Time in days:", VtInvent::TakeLeadTime,
                             EntryText(Problem.LeadTimeDays));
+    txtleadtime_->setToolTip(qt::kZeroOrMore);
     qt::ShowRow(txtleadtime_, compute);
     connect(check, &QCheckBox::toggled, this, &InventoryForm::ChooseReorderPoint);
 }

@@ -58,4 +58,6 @@ void frmOnePeriodProb::ShowDistribution()
 {
     qt::SetRowLabel(txtSmallValue_, IsNormal() ? "Mean:" : "Smallest Value:");
     qt::SetRowLabel(txtLargeValue_, IsNormal() ? "Standard Deviation:" : "Largest Value:");
+    txtSmallValue_->setToolTip(qt::kZeroOrMore);
+    txtLargeValue_->setToolTip(IsNormal() ? qt::kZeroOrMore : "At least the smallest value");
 }

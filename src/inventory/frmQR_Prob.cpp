@@ -38,10 +38,13 @@ void frmQR_Prob::AddLeadTimeDemand()
     QGroupBox* frame = qt::AddFrame(Rows(), "frameDemand", "Normal Distribution of Demand During Leadtime:");
     auto* rows = new QFormLayout;
     static_cast<QBoxLayout*>(frame->layout())->addLayout(rows);
-    ModelEntryForm::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand,
-                             EntryText(Problem.MeanDemand));
-    ModelEntryForm::AddField(rows, "txtStdDev", "Standard Deviation:", VtInvent::TakeDemandStdDev,
-                             EntryText(Problem.DemandStdDev));
+    const std::array boxes = {
+        ModelEntryForm::AddField(rows, "txtMean", "Mean:", VtInvent::TakeMeanDemand,
+                                 EntryText(Problem.MeanDemand)),
+        ModelEntryForm::AddField(rows, "txtStdDev", "Standard Deviation:", VtInvent::TakeDemandStdDev,
+                                 EntryText(Problem.DemandStdDev))};
+    for (QLineEdit* box : boxes)
+        box->setToolTip(qt::kZeroOrMore);
 }
 
 void frmQR_Prob::AddService()
@@ -63,4 +66,5 @@ void frmQR_Prob::ShowServiceMethod()
 {
     qt::SetRowLabel(txtStockout_, GivesProbability() ? "Probability of a Stockout:"
                                                      : "Allowable Number of Stockouts per Year:");
+    txtStockout_->setToolTip(GivesProbability() ? "0 to 0.5" : qt::kZeroOrMore);
 }

@@ -48,6 +48,10 @@ void frmQtyDiscounts::AddCategories()
                                  Problem.CategoryUnitCost);
     txtMinQty_ = AddColumn(table, 2, "txtMinQty", "Minimum Quantity", VtInvent::TakeCategoryMinimum,
                            Problem.CategoryMinimum);
+    for (QLineEdit* box : costs)
+        box->setToolTip(qt::kMoreThanZero);
+    for (QLineEdit* box : txtMinQty_)
+        box->setToolTip(qt::kZeroOrMore);
     qt::TakeBlocks(this, {costs, txtMinQty_});
 }
 

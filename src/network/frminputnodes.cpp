@@ -13,6 +13,8 @@ frminputnodes::frminputnodes(QWidget* parent) : qt::ModalForm(parent)
         qt::AddBox(rows, "txtAnswer(0)", "Enter the Number of the Starting Node:", {}, "lblQuestion(0)");
     txtAnswer[1] =
         qt::AddBox(rows, "txtAnswer(1)", "Enter the Number of the Ending Node:", {}, "lblQuestion(1)");
+    for (QLineEdit* box : txtAnswer)
+        box->setToolTip("1 to " + QString::number(Network::Problem.NumNodes));
     auto* buttons = qt::AddButtonRow(page);
     qt::AddButton(buttons, "cmdOK", "OK", [this] { Accept(); });
     qt::AddCancelButton(buttons, "cmdCancel", "Cancel", [] { Network::Ends.Cancel(); });

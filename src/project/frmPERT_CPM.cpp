@@ -34,6 +34,7 @@ constexpr int kFirstTimeColumn = 2;
 struct TimeField {
     const char* Name;
     const char* Heading;
+    const char* Range;
     bool (*Take)(std::string_view text);
     Array1<Variant> PertProblem::*Times;
 };
@@ -42,12 +43,12 @@ using TimeFields = std::vector<TimeField>;
 const TimeFields& Fields()
 {
     static const TimeFields known{
-        {"txtExpectedTime", "Expected", VtPert_CPM::TakeExpectedTime, &PertProblem::ActivityTime},
+        {"txtExpectedTime", "Expected", qt::kZeroOrMore, VtPert_CPM::TakeExpectedTime, &PertProblem::ActivityTime},
     };
     static const TimeFields estimated{
-        {"txtOptimistic", "Optimistic", VtPert_CPM::TakeOptimisticTime, &PertProblem::OptimisticTime},
-        {"txtProbable", "Most Probable", VtPert_CPM::TakeProbableTime, &PertProblem::ProbableTime},
-        {"txtPessimistic", "Pessimistic", VtPert_CPM::TakePessimisticTime, &PertProblem::PessimisticTime},
+        {"txtOptimistic", "Optimistic", qt::kZeroOrMore, VtPert_CPM::TakeOptimisticTime, &PertProblem::OptimisticTime},
+        {"txtProbable", "Most Probable", "At least the optimistic time", VtPert_CPM::TakeProbableTime, &PertProblem::ProbableTime},
+        {"txtPessimistic", "Pessimistic", "At least the most probable time", VtPert_CPM::TakePessimisticTime, &PertProblem::PessimisticTime},
     };
     return VtPert_CPM::HasThreeEstimates() ? estimated : known;
 }
@@ -228,6 +229,7 @@ void frmPERT_CPM::AddTimes(QBoxLayout* row)
         const std::size_t index = timeBoxes_.size();
         timeBoxes_.push_back(qt::AddBox(rows, field.Name, field.Heading + std::string(":"),
                                         [this, index](std::string_view) { return TakeTime(index); }));
+        timeBoxes_.back()->setToolTip(field.Range);
     }
     column->addStretch();
 }
@@ -279,6 +281,7 @@ void frmPERT_CPM::FillTable()
         cells.SetText(1, ColumnOf(k), "Time");
         cells.SetColumnWidth(ColumnOf(k), kTimeWidth);
     }
+    gridDisplayEdit->FillWidthWith(kPredecessorColumn);
     for (int i = 1; i <= n; ++i) {
         cells.SetText(RowOf(i), 0, "       " + Problem.ActivityName(i));
         cells.SetText(RowOf(i), kPredecessorColumn, VtPert_CPM::PredecessorText(i));

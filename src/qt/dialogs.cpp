@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
@@ -74,11 +75,14 @@ Answer AnswerOf(int button)
     }
 }
 
-// What a dialog stands in front of.
+// What a dialog stands in front of. Right after another dialog has gone, no window is active yet.
 QWidget* Behind()
 {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : QApplication::activeWindow();
+    if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+    if (QWidget* active = QApplication::activeWindow()) return active;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (qobject_cast<QMainWindow*>(window) != nullptr && window->isVisible()) return window;
+    return nullptr;
 }
 
 // A message box that leaves in sight what it speaks of.
@@ -207,9 +211,11 @@ void SetKind(FileDialog& dialog, const FileQuestion& question)
     dialog.SetExtension(ToQt(question.Extension));
 }
 
-// Wide enough for names, sizes and dates side by side.
+// Wide enough for names, sizes and dates side by side. The type that the desktop finds for an extension is
+// that of another program's files.
 void MakeReadable(QFileDialog& dialog, bool saving)
 {
+    constexpr int kTypeColumn = 2;
     constexpr QSize kSize(840, 520);
     dialog.setViewMode(QFileDialog::Detail);
     if (saving) dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Save in:"));
@@ -217,6 +223,7 @@ void MakeReadable(QFileDialog& dialog, bool saving)
         table->header()->setStretchLastSection(false);
         table->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         table->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+        table->setColumnHidden(kTypeColumn, true);
     }
     dialog.resize(kSize.boundedTo(dialog.screen()->availableSize()));
 }

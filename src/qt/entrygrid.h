@@ -71,6 +71,8 @@ public:
 
     // Not higher than this number of rows, however much room there is.
     void ShowRows(int most);
+    // This column takes the width that the others leave, and gives way down to what its texts need.
+    void FillWidthWith(int column);
     // Two grids, one above the other, whose columns stand in line and scroll together.
     void AlignWith(EntryGrid& other);
 
@@ -170,6 +172,8 @@ private:
     // ---- sizes (gridsizes.cpp) ----
     void Measure();  // everything that follows the font
     void FitColumn(int column);
+    void FillWidth();
+    [[nodiscard]] int TextWidth(int column) const;
     void Widen(int column, const QString& text);
     void SetWidth(int column, int width);
     void ApplyWidth(int column, int width);
@@ -188,6 +192,7 @@ private:
     EntryRules rules_;
     std::vector<int> characters_;  // the width of each column
     int shownRows_ = 0;            // 0: no limit
+    int filling_ = -1;             // the column that takes what is left of the width; -1: none
 
     EntryGrid* partner_ = nullptr;
     bool following_ = false;

@@ -81,7 +81,11 @@ private:
 // A text to read, as high as its lines; more than kTextLines of them scroll.
 class TextPage : public QPlainTextEdit {
 public:
-    TextPage() { connect(this, &QPlainTextEdit::textChanged, this, &TextPage::Fit); }
+    TextPage()
+    {
+        setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // a blank at the end of a line asks for one
+        connect(this, &QPlainTextEdit::textChanged, this, &TextPage::Fit);
+    }
 
 protected:
     void resizeEvent(QResizeEvent* event) override
@@ -449,6 +453,7 @@ QPlainTextEdit* AddText(QLayout* layout, const char* name, std::string_view desc
     page->setReadOnly(true);
     page->setFrameShape(QFrame::NoFrame);
     page->viewport()->setAutoFillBackground(false);
+    page->document()->setDocumentMargin(0);  // in line with the labels around it
     Put(layout, page);
     return page;
 }

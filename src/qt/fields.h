@@ -68,6 +68,10 @@ QPushButton* AddButton(QLayout* row, const char* name, std::string_view caption,
 QPushButton* AddCancelButton(QLayout* row, const char* name, std::string_view caption,
                              std::function<void()> clicked = {});
 
+// Which values a box takes, where its label does not say so: shown to those who point at it.
+constexpr const char* kMoreThanZero = "More than 0";
+constexpr const char* kZeroOrMore = "0 or more";
+
 // ---- what a form does with them ----
 
 [[nodiscard]] std::string TextOf(const QLineEdit* box);

@@ -45,7 +45,9 @@ int TitleWidth(const QWidget& window)
 {
     constexpr int kBeside = 4;  // title bar heights: icon, buttons, margins
     const int height = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
-    return window.fontMetrics().horizontalAdvance(window.windowTitle().trimmed()) + kBeside * height;
+    QFont font = window.font();
+    font.setBold(true);  // as many window managers write it
+    return QFontMetrics(font).horizontalAdvance(window.windowTitle().trimmed()) + kBeside * height;
 }
 
 // What the contents and the caption of a window need, labels broken into lines at its width included.

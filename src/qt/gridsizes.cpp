@@ -34,13 +34,32 @@ void EntryGrid::Measure()
     updateGeometry();
 }
 
-// As wide as was asked for, or as the texts of the column need.
-int EntryGrid::NeededWidth(int column) const
+int EntryGrid::TextWidth(int column) const
 {
-    int width = AskedWidth(column);
+    int width = 0;
     for (int row = 0; row < model_->Rows(); ++row)
         width = qMax(width, WidthOf(model_->Text(row, column)));
     return width;
+}
+
+// As wide as was asked for, or as the texts of the column need.
+int EntryGrid::NeededWidth(int column) const
+{
+    return qMax(AskedWidth(column), TextWidth(column));
+}
+
+void EntryGrid::FillWidthWith(int column)
+{
+    filling_ = column;
+    setSizePolicy(QSizePolicy::Expanding, sizePolicy().verticalPolicy());
+    FillWidth();
+}
+
+void EntryGrid::FillWidth()
+{
+    if (filling_ < 0 || filling_ >= model_->Columns()) return;
+    const int others = horizontalHeader()->length() - columnWidth(filling_);
+    setColumnWidth(filling_, qMax(TextWidth(filling_), viewport()->width() - others));
 }
 
 void EntryGrid::FitColumn(int column)
@@ -87,6 +106,7 @@ void EntryGrid::ApplyWidth(int column, int width)
         verticalHeader()->setFixedWidth(width);
     else
         setColumnWidth(column, width);
+    if (isVisible()) FillWidth();
     updateGeometry();
 }
 
@@ -108,7 +128,8 @@ QSize EntryGrid::sizeHint() const
 {
     const int captions = verticalHeader()->isHidden() ? 0 : verticalHeader()->minimumWidth();
     const int rows = model_->Rows() - model_->FixedRows();
-    const int width = captions + horizontalHeader()->length() + 2 * frameWidth();
+    const int slack = filling_ < 0 ? 0 : NeededWidth(filling_) - columnWidth(filling_);
+    const int width = captions + horizontalHeader()->length() + slack + 2 * frameWidth();
     const int height = HeightOfRows(shownRows_ > 0 ? qMin(rows, shownRows_) : rows);
     const int bottomBar = this->width() < width ? horizontalScrollBar()->sizeHint().height() : 0;
     const int sideBar = this->height() < HeightOfRows(rows) ? verticalScrollBar()->sizeHint().width() : 0;
@@ -137,6 +158,7 @@ void EntryGrid::resizeEvent(QResizeEvent* event)
 {
     const bool shown = QRect(QPoint(), event->oldSize()).contains(visualRect(currentIndex()));
     QTableView::resizeEvent(event);
+    FillWidth();
     if (shown) scrollTo(currentIndex());
     updateGeometry();
 }

@@ -10,6 +10,8 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QResizeEvent>
+#include <QScrollArea>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabBar>
@@ -54,6 +56,28 @@ QFont FixedFont()
     font.setPointSize(9);
     return font;
 }
+
+// A text over several lines that is never cut off.
+class WholeText : public QLabel {
+public:
+    WholeText()
+    {
+        setWordWrap(true);
+        setTextFormat(Qt::PlainText);
+    }
+
+    [[nodiscard]] QSize minimumSizeHint() const override
+    {
+        return {QLabel::minimumSizeHint().width(), heightForWidth(width())};
+    }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override
+    {
+        QLabel::resizeEvent(event);
+        if (event->oldSize().width() != width()) updateGeometry();
+    }
+};
 
 }  // namespace
 
@@ -208,9 +232,7 @@ QWidget* SidePane::MakeStepsPage()
     auto* details = new QWidget;
     auto* layout = new QVBoxLayout(details);
     layout->setContentsMargins(6, 4, 6, 4);
-    why_ = new QLabel;
-    why_->setWordWrap(true);
-    why_->setTextFormat(Qt::PlainText);
+    why_ = new WholeText;
     layout->addWidget(why_);
     figures_ = new QPlainTextEdit;
     figures_->setReadOnly(true);
@@ -234,7 +256,12 @@ QWidget* SidePane::MakeStepsPage()
     parts->setStretchFactor(0, 2);
     parts->setStretchFactor(1, 3);
     parts->setStretchFactor(2, 4);
-    return parts;
+    auto* page = new QScrollArea;  // in a window too low for all of them
+    page->setFrameShape(QFrame::NoFrame);
+    page->setFocusPolicy(Qt::NoFocus);
+    page->setWidgetResizable(true);
+    page->setWidget(parts);
+    return page;
 }
 
 QWidget* SidePane::MakeMeaningPage()

@@ -116,6 +116,7 @@ bool HoldsItems(const MenuItem& item)
 frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
 {
     constexpr QSize kFirstSize(1100, 720);  // a table of ten columns fits
+    constexpr int kStripMargin = 6;
     setObjectName("frmMenu");
     setWindowTitle("Vantrel Version 6.0");
     setFocusPolicy(Qt::TabFocus);
@@ -127,9 +128,11 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     auto* indicator = new QLabel;
     indicator->setObjectName("lblmoduleindicator");
     indicator->setAccessibleName("Current module");
+    indicator->setContentsMargins(kStripMargin, 0, 0, 0);
     statusBar()->addWidget(indicator, 1);
     hint_ = new QLabel("Select 'File' and click 'New' or 'Open' to work with a problem.");
     hint_->setObjectName("statusHint");
+    hint_->setContentsMargins(0, 0, kStripMargin, 0);
     statusBar()->addPermanentWidget(hint_);
     statusBar()->setSizeGripEnabled(false);
     beside_ = new qt::BesideSplitter(area, this);

@@ -138,6 +138,12 @@ void frmSolution::showEvent(QShowEvent* event)
     ChildForm::showEvent(event);
 }
 
+void frmSolution::changeEvent(QEvent* event)
+{
+    ChildForm::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && gridSolution != nullptr) ShowSelectionAlways(*gridSolution);
+}
+
 void frmSolution::ClosedByHand()
 {
     Commands::SolutionClosed();

@@ -13,6 +13,16 @@ std::string Indexed(const char* name, int index)
     return std::string(name) + "(" + std::to_string(index) + ")";
 }
 
+// Where a box takes every number, there is nothing to tell.
+QString RangeOf(Variant WaitingProblem::*field)
+{
+    if (field == &WaitingProblem::ArrivalRate || field == &WaitingProblem::ServiceRate)
+        return qt::kMoreThanZero;
+    if (field == &WaitingProblem::Channels) return "1 to " + QString::number(VtWait::kMostChannels);
+    if (field == &WaitingProblem::Population) return "1 to " + QString::number(VtWait::kMostPopulation);
+    return {};
+}
+
 bool HasOneChannel()
 {
     return Problem.WaitingModel == VtWait::kArbitrary || Problem.WaitingModel == VtWait::kDeterministic;
@@ -40,6 +50,7 @@ void frmWL_Model::AddModelBox(int index)
         return;
     }
     QLineEdit* field = AddCheckedField(Rows(), name, box.Label, box.Take, Problem.*box.Field, labelName);
+    field->setToolTip(RangeOf(box.Field));
     if (box.Field == &WaitingProblem::ArrivalRate) arrivalRate_ = field;
     if (!box.Note.empty()) qt::AddLabel(Rows(), Indexed("lblNote", index).c_str(), box.Note);
 }
