@@ -43,12 +43,16 @@ using TimeFields = std::vector<TimeField>;
 const TimeFields& Fields()
 {
     static const TimeFields known{
-        {"txtExpectedTime", "Expected", qt::kZeroOrMore, VtPert_CPM::TakeExpectedTime, &PertProblem::ActivityTime},
+        {"txtExpectedTime", "Expected", qt::kZeroOrMore, VtPert_CPM::TakeExpectedTime,
+         &PertProblem::ActivityTime},
     };
     static const TimeFields estimated{
-        {"txtOptimistic", "Optimistic", qt::kZeroOrMore, VtPert_CPM::TakeOptimisticTime, &PertProblem::OptimisticTime},
-        {"txtProbable", "Most Probable", "At least the optimistic time", VtPert_CPM::TakeProbableTime, &PertProblem::ProbableTime},
-        {"txtPessimistic", "Pessimistic", "At least the most probable time", VtPert_CPM::TakePessimisticTime, &PertProblem::PessimisticTime},
+        {"txtOptimistic", "Optimistic", qt::kZeroOrMore, VtPert_CPM::TakeOptimisticTime,
+         &PertProblem::OptimisticTime},
+        {"txtProbable", "Most Probable", "At least the optimistic time", VtPert_CPM::TakeProbableTime,
+         &PertProblem::ProbableTime},
+        {"txtPessimistic", "Pessimistic", "At least the most probable time", VtPert_CPM::TakePessimisticTime,
+         &PertProblem::PessimisticTime},
     };
     return VtPert_CPM::HasThreeEstimates() ? estimated : known;
 }

@@ -74,8 +74,8 @@ void CentreOver(QWidget& window, const QWidget* main)
 // Not larger than the free part of the screen, and not smaller than everything can still be reached in it.
 void FitMain(QWidget& main)
 {
-    constexpr QSize kLeast(480, 360);
-    constexpr QSize kFrame(16, 48);  // of the window manager
+    constexpr QSize kLeast(520, 400);  // the choice of a module
+    constexpr QSize kFrame(16, 48);    // of the window manager
     const QSize room = main.screen()->availableSize() - kFrame;
     main.setMinimumSize(kLeast.boundedTo(room));
     main.resize(main.size().boundedTo(room));
@@ -292,7 +292,7 @@ private:
             frame.setGeometry(inside);
             return;
         }
-        frame.resize(frame.sizeHint().boundedTo(inside.size()));
+        frame.resize(frame.sizeHint().boundedTo(inside.size()).expandedTo(frame.minimumSizeHint()));
         Centre(frame);
     }
 

@@ -10,6 +10,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QStatusBar>
+#include <QStatusTipEvent>
 #include <algorithm>
 
 #include "qt/besidesplitter.h"
@@ -49,6 +50,24 @@ const std::map<std::string, const char*>& Shortcuts()
         {"mnuSolutionSolve", "F5"},
     };
     return shortcuts;
+}
+
+// What an item does, for the strip below.
+QString TipOf(const std::string& name)
+{
+    static const std::map<std::string, const char*> tips{
+        {"mnuFileNew", "Begins a new problem of this module."},
+        {"mnuFileOpen", "Opens a problem that was saved."},
+        {"mnuFileSave", "Saves the problem to a file."},
+        {"mnuFileChangeModules", "Leads back to the choice of a module."},
+        {"mnuFileExit", "Ends the program. Nothing is asked, and nothing is saved."},
+        {"mnudispeditsubs(0)", "Puts the report away and shows the problem."},
+        {"mnuSolutionSolve", "Checks the problem, solves it and shows the report."},
+        {"mnuSolutionPrinttoPrinter", "Prints the problem and the report."},
+        {"mnuSolutionPrinttoText", "Writes the problem and the report to a text file."},
+    };
+    const auto tip = tips.find(name);
+    return tip == tips.end() ? QString() : QString::fromUtf8(tip->second);
 }
 
 // The number in "mnudispeditsubs(3)".
@@ -134,6 +153,11 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     hint_->setObjectName("statusHint");
     hint_->setContentsMargins(0, 0, kStripMargin, 0);
     statusBar()->addPermanentWidget(hint_);
+    tip_ = new QLabel;
+    tip_->setObjectName("statusTip");
+    tip_->setContentsMargins(0, 0, kStripMargin, 0);
+    tip_->hide();
+    statusBar()->addPermanentWidget(tip_);
     statusBar()->setSizeGripEnabled(false);
     beside_ = new qt::BesideSplitter(area, this);
     beside_->Pane().SetFolder([] { return Session.ProblemFolder; });
@@ -196,6 +220,7 @@ QAction* frmMenu::ActionFor(const std::string& name, bool separator)
         action->setShortcut(QKeySequence(keys->second));
         action->installEventFilter(this);
     }
+    action->setStatusTip(TipOf(name));
     connect(action, &QAction::triggered, this, [name] { RunItem(name); });
     return action;
 }
@@ -230,6 +255,16 @@ void frmMenu::ShowMenus()
         action->setVisible(item.Visible && !item.Caption.empty());
     }
     hint_->setVisible(AProblemIsMissing());
+}
+
+// The module's text stays in the strip; a tip stands beside it while the hint does not.
+bool frmMenu::event(QEvent* event)
+{
+    if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
+    const QString tip = static_cast<const QStatusTipEvent&>(*event).tip();
+    tip_->setText(tip);
+    tip_->setVisible(!tip.isEmpty() && !AProblemIsMissing());
+    return true;
 }
 
 // Closing the window is Exit: no question, no saving.

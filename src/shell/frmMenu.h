@@ -25,6 +25,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -39,4 +40,5 @@ private:
     std::vector<std::string> shownItems_;
     qt::BesideSplitter* beside_ = nullptr;
     QLabel* hint_ = nullptr;  // how to begin, while there is no problem
+    QLabel* tip_ = nullptr;   // what the item under the mouse does
 };

@@ -54,7 +54,8 @@ int StepOf(const QKeyEvent& key)
 
 frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
 {
-    constexpr int kDescriptionLines = 8;
+    constexpr int kDescriptionLines = 8;  // fewer in a low window
+    constexpr int kLeastLines = 2;
     setObjectName("frmModuleSelection");
     setWindowTitle("  Select A Module");
 
@@ -69,7 +70,9 @@ frmModuleSelection::frmModuleSelection(QWidget* parent) : qt::ChildForm(parent)
     txtprobsel->setFocusPolicy(Qt::NoFocus);
     txtprobsel->setPlaceholderText("Choose a module to see what it does.");
     ShadePlaceholder();
-    txtprobsel->setFixedHeight(txtprobsel->fontMetrics().lineSpacing() * kDescriptionLines);
+    const int line = txtprobsel->fontMetrics().lineSpacing();
+    txtprobsel->setMinimumHeight(line * kLeastLines);
+    txtprobsel->setMaximumHeight(line * kDescriptionLines);
     page->addWidget(txtprobsel);
 
     auto* ok = new QPushButton("OK");

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QLineEdit>
 #include <QMap>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTest>
@@ -14,7 +16,9 @@
 #include <string>
 #include <string_view>
 
+#include "qt/desktopcolors.h"
 #include "qt/entrygrid.h"
+#include "qt/style.h"
 #include "shell/frmModuleSelection.h"
 #include "support/qt_desktop.h"
 
@@ -164,4 +168,29 @@ TEST(Colors, AWarningIsSeenOnEveryGround)
     for (const QColor& ground :
          {QColor(Qt::white), QColor(Qt::black), QColor(0x31, 0x36, 0x3b), QColor(0xef, 0xf0, 0xf1)})
         EXPECT_GE(qt::Contrast(qt::AlertOn(ground), ground), qt::kVisible) << ground.name().toStdString();
+}
+
+// The style underneath draws the frames darker than the window, or in shades that a pure palette has not.
+TEST(Style, ABoxHasAFrameInEveryPalette)
+{
+    for (const QPalette& colors :
+         {DarkPalette(), qt::DarkColors(), qt::HighContrastColors(true), qt::HighContrastColors(false)}) {
+        qt::Style style;
+        QWidget window;
+        QLineEdit box(&window);
+        QPushButton button(&window);
+        const bool strong = colors.color(QPalette::Window) == colors.color(QPalette::Base);
+        for (QWidget* widget : {&window, static_cast<QWidget*>(&box), static_cast<QWidget*>(&button)}) {
+            widget->setPalette(colors);
+            widget->setStyle(&style);
+        }
+        box.setGeometry(10, 10, 100, 30);
+        button.setGeometry(10, 60, 100, 30);
+        const QImage picture = window.grab().toImage();
+        const QColor ground = colors.color(QPalette::Window);
+        EXPECT_GE(qt::Contrast(picture.pixelColor(60, 10), ground), strong ? 10 : 2);
+        if (strong) {
+            EXPECT_GE(qt::Contrast(picture.pixelColor(60, 60), ground), 10);
+        }
+    }
 }

@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLineEdit>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTableWidget>
@@ -437,4 +439,34 @@ TEST(QtDialogs, AMessageLeavesTheBoxThatItSpeaksOfInSightAndMarked)
         question.close();
     });
     dialogs.MsgBox("Sure?", "Cancel", Icon::Question, Buttons::YesNo);
+}
+
+// Between two dialogs no window is the active one for a moment.
+TEST(QtDialogs, StandInFrontOfTheMainWindowAlsoWhileNothingIsActive)
+{
+    QMainWindow window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QApplication::setActiveWindow(nullptr);
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    qt::QtDialogs dialogs;
+    Meanwhile<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &window);
+        box.close();
+    });
+    dialogs.MsgBox("text", "title", Icon::None, Buttons::OK);
+}
+
+// The type of a file is that of whoever else uses its extension.
+TEST(QtDialogs, AFileDialogShowsNamesSizesAndDates)
+{
+    const QTemporaryDir folder;
+    qt::QtDialogs dialogs;
+    Meanwhile<QFileDialog>([](QFileDialog& dialog) {
+        const auto* table = dialog.findChild<QTreeView*>("treeView");
+        for (const auto& [column, hidden] : {std::pair{0, false}, {1, false}, {2, true}, {3, false}})
+            EXPECT_EQ(table->isColumnHidden(column), hidden) << column;
+        dialog.reject();
+    });
+    EXPECT_FALSE(dialogs.AskFile(Question(folder.path(), true)).has_value());
 }

@@ -830,3 +830,19 @@ TEST_F(EntryGridTest, HasRoomForTheScrollBarThatItsColumnsNeed)
     QTest::qWait(0);
     EXPECT_GT(grid->sizeHint().height(), without);
 }
+
+TEST_F(EntryGridTest, AColumnTakesTheWidthThatTheOthersLeave)
+{
+    Open(Numbers());
+    Cells().SetText(1, 2, "twelve letters");
+    grid->FillWidthWith(2);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width());
+    EXPECT_GT(grid->columnWidth(2), 400);
+    window.resize(420, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(grid->horizontalHeader()->length(), grid->viewport()->width());
+    window.resize(200, 600);  // now its text needs more than there is
+    QCoreApplication::processEvents();
+    EXPECT_GE(grid->columnWidth(2), grid->fontMetrics().horizontalAdvance("twelve letters"));
+}

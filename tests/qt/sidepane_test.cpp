@@ -276,3 +276,27 @@ TEST_F(Beside, AResultThatCannotBeShownHasNoContents)
     LetItWork();
     EXPECT_TRUE(Pane().Pictures().empty());
 }
+
+TEST_F(Beside, WhyAStepIsTakenIsNeverCutOff)
+{
+    std::string words;
+    for (int i = 0; i < 40; ++i)
+        words += "because ";
+    qt::PaneSources sources = Counted();
+    sources.Steps = [words] {
+        return std::vector<picture::Step>{
+            {.Heading = "Start", .Figures = {"x  1", "x  2", "x  3"}, .Why = words, .Picture = "Second"}};
+    };
+    window_.resize(1000, 360);
+    splitter_.ShowBesideReport(std::move(sources), 600);
+    LetItWork();
+    Tabs()->setCurrentIndex(1);
+    LetItWork();
+    for (const auto* label : Tabs()->currentWidget()->findChildren<QLabel*>())
+        if (label->text().startsWith("because")) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()));
+            EXPECT_GT(label->height(), 3 * label->fontMetrics().height());
+            return;
+        }
+    FAIL() << "no reason is shown";
+}
