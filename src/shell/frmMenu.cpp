@@ -12,6 +12,8 @@
 #include <QStatusBar>
 #include <QStatusTipEvent>
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 #include "qt/besidesplitter.h"
 #include "shell/beside.h"
@@ -53,21 +55,28 @@ const std::map<std::string, const char*>& Shortcuts()
 }
 
 // What an item does, for the strip below.
-QString TipOf(const std::string& name)
+struct ItemTip {
+    std::string_view Item;
+    const char* Text;
+};
+
+QString TipOf(std::string_view name)
 {
-    static const std::map<std::string, const char*> tips{
-        {"mnuFileNew", "Begins a new problem of this module."},
-        {"mnuFileOpen", "Opens a problem that was saved."},
-        {"mnuFileSave", "Saves the problem to a file."},
-        {"mnuFileChangeModules", "Leads back to the choice of a module."},
-        {"mnuFileExit", "Ends the program. Nothing is asked, and nothing is saved."},
-        {"mnudispeditsubs(0)", "Puts the report away and shows the problem."},
-        {"mnuSolutionSolve", "Checks the problem, solves it and shows the report."},
-        {"mnuSolutionPrinttoPrinter", "Prints the problem and the report."},
-        {"mnuSolutionPrinttoText", "Writes the problem and the report to a text file."},
+    static constexpr std::array tips = {
+        ItemTip{.Item = "mnuFileNew", .Text = "Begins a new problem of this module."},
+        ItemTip{.Item = "mnuFileOpen", .Text = "Opens a problem that was saved."},
+        ItemTip{.Item = "mnuFileSave", .Text = "Saves the problem to a file."},
+        ItemTip{.Item = "mnuFileChangeModules", .Text = "Leads back to the choice of a module."},
+        ItemTip{.Item = "mnuFileExit", .Text = "Ends the program. Nothing is asked, and nothing is saved."},
+        ItemTip{.Item = "mnudispeditsubs(0)", .Text = "Puts the report away and shows the problem."},
+        ItemTip{.Item = "mnuSolutionSolve", .Text = "Checks the problem, solves it and shows the report."},
+        ItemTip{.Item = "mnuSolutionPrinttoPrinter", .Text = "Prints the problem and the report."},
+        ItemTip{.Item = "mnuSolutionPrinttoText",
+                .Text = "Writes the problem and the report to a text file."},
     };
-    const auto tip = tips.find(name);
-    return tip == tips.end() ? QString() : QString::fromUtf8(tip->second);
+    for (const ItemTip& tip : tips)
+        if (tip.Item == name) return QString::fromUtf8(tip.Text);
+    return {};
 }
 
 // The number in "mnudispeditsubs(3)".
