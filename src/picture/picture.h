@@ -121,7 +121,9 @@ struct Chart {
     std::vector<FocusArrow> FocusArrows = {};
     double BarsFrom = 0;
     bool OwnScales = false;  // every named row has its own scale, its end values written
-    bool Cells = false;      // a table: both axes have names, each mark is a cell with its text and shade
+    // Of the mark at which the keys begin: they go from it along the curve, from left to right.
+    std::string Start = {};
+    bool Cells = false;  // a table: both axes have names, each mark is a cell with its text and shade
 };
 
 // ---- diagrams ----

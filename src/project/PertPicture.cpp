@@ -299,6 +299,7 @@ Picture ChanceOf(const PertProblem& problem, const PertResult& result)
                            .Text = "completion time " + time,
                            .Tip = "by " + time + ": 0.5000",
                            .Id = "completion"});
+    chart.Start = "completion";
     Texts notes{"The project is done by " + time + " with a chance of 0.5000.",
                 "Normal distribution with mean " + time + " and variance " + PlainText(variance) +
                     ", both of the path " + result.PathText + "."};

@@ -1126,6 +1126,10 @@ std::vector<Item> ChartView::Paint(QPainter& painter, const QRectF& room, const 
     Sheet sheet(chart_, painter, room, look, focus_);
     std::vector<Item> items = sheet.Paint();
     leftOut_ = sheet.LeftOut();
+    const auto isLeft = [](const Item& a, const Item& b) {
+        return a.Shape.boundingRect().center().x() < b.Shape.boundingRect().center().x();
+    };
+    if (!chart_.Start.empty()) std::stable_sort(items.begin(), items.end(), isLeft);
     return items;
 }
 

@@ -257,10 +257,29 @@ void PictureCanvas::MoveFocus(int by)
 {
     const auto count = static_cast<int>(Items().size());
     if (count == 0) return;
+    if (const auto start = StartItem(); start && !focus_) {
+        SetFocusItem(*start);
+        TellFocus();
+        return;
+    }
     const int now = focus_ ? static_cast<int>(*focus_) : (by > 0 ? -1 : 0);
     SetFocusItem(static_cast<std::size_t>((now + by + count) % count));
+    TellFocus();
+}
+
+void PictureCanvas::TellFocus()
+{
     const QRectF area = items_[*focus_].Shape.boundingRect();
     QToolTip::showText(mapToGlobal(area.bottomRight().toPoint()), items_[*focus_].Tip, this);
+}
+
+std::optional<std::size_t> PictureCanvas::StartItem() const
+{
+    const auto* chart = page_ == nullptr ? nullptr : std::get_if<picture::Chart>(&page_->Shown().Body);
+    if (chart == nullptr || chart->Start.empty()) return std::nullopt;
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        if (items_[i].Id == ToQt(chart->Start)) return i;
+    return std::nullopt;
 }
 
 void PictureCanvas::keyPressEvent(QKeyEvent* event)
@@ -277,7 +296,7 @@ void PictureCanvas::keyPressEvent(QKeyEvent* event)
             MoveFocus(-1);
             return;
         case Qt::Key_Home:
-            focus_.reset();
+            focus_ = Items().size() - 1;
             MoveFocus(1);
             return;
         case Qt::Key_End:

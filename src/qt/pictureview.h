@@ -71,6 +71,8 @@ protected:
 
 private:
     void MoveFocus(int by);
+    void TellFocus();
+    [[nodiscard]] std::optional<std::size_t> StartItem() const;
     void DrawFrame(QPainter& painter, const Item& item, bool focus) const;
 
     std::unique_ptr<PicturePage> page_;

@@ -96,6 +96,34 @@ TEST(PictureView, KeysGoFromItemToItem)
     EXPECT_EQ(canvas.Items()[*canvas.FocusItem()].Id, "c");
 }
 
+// The keys begin at the mark and go along the curve.
+TEST(PictureView, KeysMoveAMarkAlongItsCurve)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "time", .From = 0, .To = 10};
+    chart.Y = {.Title = "chance", .From = 0, .To = 1};
+    chart.Curves = {
+        {.Points = {{1, 0.1}, {4, 0.4}, {6, 0.6}, {9, 0.9}}, .Tips = {"0.1", "0.4", "0.6", "0.9"}}};
+    chart.Marks = {{.As = Role::Chosen, .At = {5, 0.5}, .Text = "half", .Tip = "0.5", .Id = "half"}};
+    chart.Start = "half";
+    const picture::Picture picture{.Title = "Chance", .Body = chart};
+    qt::PictureView view(nullptr);
+    view.resize(400, 300);
+    view.SetPicture(&picture);
+    view.show();
+    qt::PictureCanvas& canvas = view.Canvas();
+    const auto after = [&canvas](Qt::Key key) {
+        QTest::keyClick(&canvas, key);
+        return canvas.Items()[canvas.FocusItem().value()].Tip.toStdString();
+    };
+    EXPECT_EQ(after(Qt::Key_Right), "0.5");
+    EXPECT_EQ(after(Qt::Key_Right), "0.6");
+    EXPECT_EQ(after(Qt::Key_Left), "0.5");
+    EXPECT_EQ(after(Qt::Key_Left), "0.4");
+    EXPECT_EQ(after(Qt::Key_Home), "0.1");
+    EXPECT_EQ(after(Qt::Key_End), "0.9");
+}
+
 TEST(PictureView, AnItemInFocusShowsTheArrowsThatAreItsOwn)
 {
     picture::Picture picture = ThreeMarks();
