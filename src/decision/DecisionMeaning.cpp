@@ -12,6 +12,8 @@
 namespace Decision {
 namespace {
 
+using picture::Capital;
+using picture::Filling;
 using picture::Sentence;
 using picture::SentenceKind;
 
@@ -38,23 +40,6 @@ constexpr const char* kCutScore =
     "A value is wider than its field of {width} columns, and the report cuts its end.";
 constexpr const char* kMoreDecimals =
     "Some payoffs have more decimals than the report shows; it is reckoned with all of them.";
-
-std::string Filled(std::string text, const std::map<std::string, std::string>& fillings)
-{
-    for (const auto& [name, value] : fillings) {
-        const std::string hole = "{" + name + "}";
-        const std::size_t at = text.find(hole);
-        if (at != std::string::npos) text.replace(at, hole.size(), value);
-    }
-    return text;
-}
-
-std::string Capital(std::string text)
-{
-    if (!text.empty() && text.front() >= 'a' && text.front() <= 'z')
-        text.front() = static_cast<char>(text.front() - 'a' + 'A');
-    return text;
-}
 
 class Reading {
 public:
@@ -85,9 +70,9 @@ private:
     {
         said_.push_back({.Kind = kind, .Text = std::move(text)});
     }
-    void Caution(const char* text, const std::map<std::string, std::string>& fillings = {})
+    void Caution(const char* text, const std::vector<Filling>& fillings = {})
     {
-        Say(SentenceKind::Caution, Filled(text, fillings));
+        Say(SentenceKind::Caution, picture::Filled(text, fillings));
     }
 
     [[nodiscard]] std::string Score(double value) const { return ScoreText(p_, r_, value); }
@@ -105,8 +90,7 @@ private:
     // Results, limits, changes, cautions; of too many the last changes and limits go first.
     [[nodiscard]] std::vector<Sentence> Ordered()
     {
-        std::stable_sort(said_.begin(), said_.end(),
-                         [](const Sentence& a, const Sentence& b) { return a.Kind < b.Kind; });
+        picture::SortByKind(said_);
         for (const SentenceKind kind : {SentenceKind::Change, SentenceKind::Limit, SentenceKind::Caution})
             while (said_.size() > kMostSentences) {
                 const auto last = std::find_if(said_.rbegin(), said_.rend(),

@@ -12,6 +12,7 @@ namespace VtInvent {
 namespace {
 
 using picture::Chance;
+using picture::Filling;
 using picture::Sentence;
 using picture::SentenceKind;
 
@@ -64,18 +65,6 @@ constexpr std::array<const char*, 16> kBoxNames{
     "unit cost of a category", "stockout probability", "number of stockouts", "cost of underestimating",
     "lowest demand",           "highest demand",       "mean demand",         "standard deviation"};
 
-using Filling = std::pair<std::string, std::string>;
-
-std::string Filled(std::string text, const std::vector<Filling>& fillings)
-{
-    for (const auto& [name, value] : fillings) {
-        const std::string hole = "{" + name + "}";
-        const std::size_t at = text.find(hole);
-        if (at != std::string::npos) text.replace(at, hole.size(), value);
-    }
-    return text;
-}
-
 class Reading {
 public:
     Reading(const InventoryProblem& problem, const InventoryResult& result) : p_(problem), r_(result) {}
@@ -96,8 +85,7 @@ public:
         CutFigures();
         Commas();
         // Results first, then limits, changes and cautions.
-        std::stable_sort(said_.begin(), said_.end(),
-                         [](const Sentence& a, const Sentence& b) { return a.Kind < b.Kind; });
+        picture::SortByKind(said_);
         return said_;
     }
 
@@ -109,7 +97,7 @@ private:
     void Result(std::string text) { Say(SentenceKind::Result, std::move(text)); }
     void Caution(const char* text, const std::vector<Filling>& fillings = {})
     {
-        Say(SentenceKind::Caution, Filled(text, fillings));
+        Say(SentenceKind::Caution, picture::Filled(text, fillings));
     }
 
     // ---- orders ----

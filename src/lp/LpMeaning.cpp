@@ -15,6 +15,7 @@
 namespace LP_Engine {
 namespace {
 
+using picture::Capital;
 using picture::Counted;
 using picture::Listed;
 using picture::Sentence;
@@ -72,12 +73,6 @@ std::string GivenUp(int nodes, bool planFound)
 std::string Limits(const std::vector<std::string>& numbers)
 {
     return (numbers.size() == 1 ? "limit " : "limits ") + Listed(numbers, kMostNames);
-}
-
-std::string Capital(std::string text)
-{
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-    return text;
 }
 
 // Notes whether a basis comes a second time, and at which column the method found no end.

@@ -16,6 +16,7 @@
 namespace LP_Engine {
 namespace {
 
+using picture::Capital;
 using picture::Step;
 using Row = std::vector<std::string>;
 using RowList = std::vector<Row>;
@@ -47,12 +48,6 @@ std::vector<std::string> Aligned(const RowList& rows)
         lines.push_back(line.substr(0, line.find_last_not_of(' ') + 1));
     }
     return lines;
-}
-
-std::string Capital(std::string text)
-{
-    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
-    return text;
 }
 
 // Behind an empty line.

@@ -17,6 +17,28 @@ std::string Pattern(int decimals)
 
 }  // namespace
 
+void SortByKind(std::vector<Sentence>& sentences)
+{
+    std::stable_sort(sentences.begin(), sentences.end(),
+                     [](const Sentence& a, const Sentence& b) { return a.Kind < b.Kind; });
+}
+
+std::string Capital(std::string text)
+{
+    if (!text.empty() && text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+    return text;
+}
+
+std::string Filled(std::string text, const std::vector<Filling>& fillings)
+{
+    for (const auto& [name, value] : fillings) {
+        const std::string hole = "{" + name + "}";
+        const std::size_t at = text.find(hole);
+        if (at != std::string::npos) text.replace(at, hole.size(), value);
+    }
+    return text;
+}
+
 std::string_view OneOrMany(int count, std::string_view one, std::string_view many)
 {
     return count == 1 ? one : many;

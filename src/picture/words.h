@@ -3,9 +3,22 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "picture/picture.h"
+
 namespace picture {
+
+// Results first, then limits, changes and cautions; those of a kind as they were said.
+void SortByKind(std::vector<Sentence>& sentences);
+
+// "limits 1 and 2" as the beginning of a sentence.
+std::string Capital(std::string text);
+
+// A text whose holes ("{units}") are filled, each once.
+using Filling = std::pair<std::string, std::string>;
+std::string Filled(std::string text, const std::vector<Filling>& fillings);
 
 // "1 unit", "0 units", "no unit", "2.5 units": 1 is singular, 0 and decimals are plural. The plural is the
 // singular with an "s" unless it is given.

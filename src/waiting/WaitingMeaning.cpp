@@ -239,8 +239,7 @@ std::vector<Sentence> Sayer::Say()
     SayIdleChannels();
     SayLongTable();
     SayCutFigures();
-    std::stable_sort(sentences_.begin(), sentences_.end(),
-                     [](const Sentence& a, const Sentence& b) { return a.Kind < b.Kind; });
+    picture::SortByKind(sentences_);
     return std::move(sentences_);
 }
 

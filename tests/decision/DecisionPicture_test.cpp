@@ -11,6 +11,7 @@
 #include "decision/DecisionMeaning.h"
 #include "decision/DecisionSteps.h"
 #include "decision/decision_support.h"
+#include "support/beside.h"
 #include "support/sound_pictures.h"
 
 using Decision::Problem;
@@ -30,15 +31,6 @@ std::vector<Picture> Solved()
 {
     Decision::SolveProblem();
     return Decision::Pictures(Problem, Result);
-}
-
-std::vector<std::string> TitlesOf(const std::vector<Picture>& pictures)
-{
-    std::vector<std::string> titles;
-    titles.reserve(pictures.size());
-    for (const Picture& picture : pictures)
-        titles.push_back(picture.Title);
-    return titles;
 }
 
 const Diagram& TreeOf(const std::vector<Picture>& pictures)

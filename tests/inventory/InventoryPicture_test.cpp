@@ -13,6 +13,7 @@
 #include "inventory/InventorySteps.h"
 #include "inventory/problems.h"
 #include "picture/words.h"
+#include "support/beside.h"
 
 using picture::Chart;
 using picture::Direction;
@@ -30,15 +31,6 @@ std::vector<Picture> Solved()
 {
     VtInvent::SolveProblem();
     return VtInvent::Pictures(Problem, Result);
-}
-
-std::vector<std::string> TitlesOf(const std::vector<Picture>& pictures)
-{
-    std::vector<std::string> titles;
-    titles.reserve(pictures.size());
-    for (const Picture& picture : pictures)
-        titles.push_back(picture.Title);
-    return titles;
 }
 
 const Chart& ChartOf(const Picture& picture)

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "inventory/problems.h"
+#include "support/beside.h"
 
 using picture::Step;
 using testing::Contains;
@@ -20,15 +21,6 @@ std::vector<Step> Solved()
 {
     VtInvent::SolveProblem();
     return VtInvent::Steps(Problem, Result);
-}
-
-std::vector<std::string> HeadingsOf(const std::vector<Step>& steps)
-{
-    std::vector<std::string> headings;
-    headings.reserve(steps.size());
-    for (const Step& step : steps)
-        headings.push_back(step.Heading);
-    return headings;
 }
 
 Step StepOf(const std::vector<Step>& steps, const std::string& heading)

@@ -37,6 +37,33 @@ TEST(Percent, MovesThePoint)
     EXPECT_EQ(Percent("0.0012"), "0.12 %");
 }
 
+TEST(SortByKind, KeepsTheOrderWithinAKind)
+{
+    std::vector<picture::Sentence> sentences{{picture::SentenceKind::Caution, "c"},
+                                             {picture::SentenceKind::Result, "a"},
+                                             {picture::SentenceKind::Limit, "l"},
+                                             {picture::SentenceKind::Result, "b"}};
+    picture::SortByKind(sentences);
+    std::string order;
+    for (const picture::Sentence& sentence : sentences)
+        order += sentence.Text;
+    EXPECT_EQ(order, "ablc");
+}
+
+TEST(Capital, BeginsASentence)
+{
+    EXPECT_EQ(picture::Capital("limit 1"), "Limit 1");
+    EXPECT_EQ(picture::Capital("X1"), "X1");
+    EXPECT_EQ(picture::Capital("1 limit"), "1 limit");
+    EXPECT_EQ(picture::Capital(""), "");
+}
+
+TEST(Filled, FillsEachHoleOnce)
+{
+    EXPECT_EQ(picture::Filled("{a} and {b}, not {a}", {{"a", "1"}, {"b", "{c}"}, {"d", "4"}}),
+              "1 and {c}, not {a}");
+}
+
 TEST(PercentOf, IsNeverNothingOrAllWhereItIsNot)
 {
     EXPECT_EQ(PercentOf(0, 4), "0.00 %");
