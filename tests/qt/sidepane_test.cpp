@@ -2,14 +2,23 @@
 
 #include <gmock/gmock.h>
 
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPlainTextEdit>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
+#include <QTimer>
 #include <QToolButton>
 #include <atomic>
 #include <chrono>
@@ -19,6 +28,7 @@
 #include "desktop/desktop.h"
 #include "qt/besidesplitter.h"
 #include "qt/pictureview.h"
+#include "qt/savepicture.h"
 #include "support/fake_desktop.h"
 
 namespace {
@@ -81,6 +91,34 @@ protected:
     qt::SidePane& Pane() { return splitter_.Pane(); }
     QToolButton* Button() { return window_.findChild<QToolButton*>("cmdBeside"); }
     QTabWidget* Tabs() { return Pane().findChild<QTabWidget*>(); }
+    qt::PictureCanvas& Canvas()
+    {
+        for (qt::PictureView* view : Pane().findChildren<qt::PictureView*>())
+            if (view->isVisible()) return view->Canvas();
+        throw std::logic_error("no picture is seen");
+    }
+    // An item of the menu that comes up at a right click.
+    void Choose(const QString& text)
+    {
+        QTimer choice;
+        bool chosen = false;
+        QObject::connect(&choice, &QTimer::timeout, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu == nullptr) return;
+            choice.stop();
+            for (QAction* action : menu->actions())
+                if (action->text().remove(QLatin1Char('&')) == text) {
+                    menu->setActiveAction(action);
+                    chosen = true;
+                }
+            QTest::keyClick(menu, chosen ? Qt::Key_Return : Qt::Key_Escape);
+        });
+        choice.start(5);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(20, 20),
+                                Canvas().mapToGlobal(QPoint(20, 20)));
+        QApplication::sendEvent(&Canvas(), &event);
+        EXPECT_TRUE(chosen) << text.toStdString();
+    }
     static void LetItWork()
     {
         for (int i = 0; i < 5; ++i)
@@ -269,34 +307,66 @@ TEST_F(Beside, LeavingTheReportStopsTheSecondOpinion)
     EXPECT_EQ(stopped, 2);
 }
 
+TEST_F(Beside, APictureIsCopied)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    QApplication::clipboard()->clear();
+    Canvas().setFocus();
+    QTest::keyClick(&Canvas(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->image().size(), qt::ImageOf(Bars("First")).size());
+    QApplication::clipboard()->clear();
+    Choose("Copy");
+    EXPECT_FALSE(QApplication::clipboard()->image().isNull());
+}
+
+TEST_F(Beside, APictureIsSavedAsItsEndingTells)
+{
+    const QTemporaryDir folder;
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    for (const auto& [name, start] : {std::pair("a.png", "\x89PNG"), std::pair("a.pdf", "%PDF")}) {
+        const QString path = folder.filePath(QString::fromLatin1(name));
+        desktop_.dialogs.files = {path.toStdString()};
+        Choose("Save Picture As...");
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+        EXPECT_TRUE(file.readAll().startsWith(start)) << name;
+    }
+    ASSERT_EQ(desktop_.dialogs.fileQuestions.size(), 2U);
+    EXPECT_EQ(desktop_.dialogs.fileQuestions[0].Title, "Save Picture As");
+    EXPECT_EQ(desktop_.dialogs.fileQuestions[0].Filter, qt::PictureFilter());
+    desktop_.dialogs.files = {std::nullopt};
+    Choose("Save Picture As...");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 2);
+}
+
+TEST_F(Beside, APictureIsPrinted)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("picture.pdf");
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        answer.stop();
+        dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+        dialog->printer()->setOutputFileName(path);
+        dialog->done(QDialog::Accepted);
+    });
+    answer.start(5);
+    Choose("Print Picture...");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().startsWith("%PDF"));
+}
+
 TEST_F(Beside, AResultThatCannotBeShownHasNoContents)
 {
     splitter_.ShowBesideReport(
         {.Pictures = []() -> std::vector<picture::Picture> { Raise(ErrorNumber::Overflow); }}, 400);
     LetItWork();
     EXPECT_TRUE(Pane().Pictures().empty());
-}
-
-TEST_F(Beside, WhyAStepIsTakenIsNeverCutOff)
-{
-    std::string words;
-    for (int i = 0; i < 40; ++i)
-        words += "because ";
-    qt::PaneSources sources = Counted();
-    sources.Steps = [words] {
-        return std::vector<picture::Step>{
-            {.Heading = "Start", .Figures = {"x  1", "x  2", "x  3"}, .Why = words, .Picture = "Second"}};
-    };
-    window_.resize(1000, 360);
-    splitter_.ShowBesideReport(std::move(sources), 600);
-    LetItWork();
-    Tabs()->setCurrentIndex(1);
-    LetItWork();
-    for (const auto* label : Tabs()->currentWidget()->findChildren<QLabel*>())
-        if (label->text().startsWith("because")) {
-            EXPECT_GE(label->height(), label->heightForWidth(label->width()));
-            EXPECT_GT(label->height(), 3 * label->fontMetrics().height());
-            return;
-        }
-    FAIL() << "no reason is shown";
 }
