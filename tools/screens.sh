@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Takes a picture of every screen at three widths, at 100 % and 200 %, in light and dark: build/screens/, a sheet of
-# each kind beside them where ImageMagick is installed.
+# Takes a picture of every screen at three widths, at 100 % and 200 %, in light and dark: build/screens/, sheets
+# of six beside them where ImageMagick is installed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/packages.sh
@@ -19,7 +19,7 @@ for width in 640 1024 1600; do
                 >"$folder/transcript" || echo "The screens stopped: see $folder/transcript." >&2
             rm -r "$folder/Problems"
             if command -v montage >/dev/null; then
-                montage "$folder"/*.png -tile 6x -geometry 560x420+6+6 "$folder-sheet.png"
+                montage "$folder"/*.png -tile 3x2 -geometry 800x600+6+6 "$folder-sheet-%02d.png"
             fi
         done
     done
