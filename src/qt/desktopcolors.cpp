@@ -16,6 +16,7 @@ namespace qt {
 namespace {
 
 constexpr int kWritten = 100;  // milliseconds
+constexpr int kShown = 30;     // milliseconds: the first window has been painted by then
 
 bool IsDark(const QPalette& colors)
 {
@@ -176,7 +177,7 @@ void ColorsOfFile::timerEvent(QTimerEvent* event)
 
 void FollowDesktopColors()
 {
-    QTimer::singleShot(0, qApp, [] {
+    QTimer::singleShot(kShown, qApp, [] {
         if (qgetenv("XDG_CURRENT_DESKTOP").split(':').contains("KDE")) {
             const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
             new ColorsOfFile(folder + QLatin1String("/kdeglobals"), qApp);
