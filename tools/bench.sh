@@ -59,7 +59,7 @@ END
 
 # Milliseconds; the share of clean layouts is the counter behind them.
 picture_rows() {
-    awk -F, '/^"/ { gsub(/"/, "", $1); sub(/\/.*/, "", $1); printf "| %s | %.1f |\n", $1, $4 }' "$out/pictures.csv"
+    awk -F, '/^"/ { gsub(/"/, "", $1); sub(/\/iterations.*/, "", $1); printf "| %s | %.1f |\n", $1, $4 }' "$out/pictures.csv"
 }
 clean_networks() {
     awk -F, '/^"LayOutNetworks/ { printf "%.1f %%\n", 100 * $NF }' "$out/pictures.csv"
