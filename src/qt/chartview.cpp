@@ -825,9 +825,7 @@ private:
         const QPen pen = look_.Pen(drawn, width);
         painter_.setBrush(Qt::NoBrush);
         StrokeInPieces(painter_, path, pen);
-        if (series.Points.size() == 1 || HasOpenMarks(series))
-            for (const Point& point : series.Points)
-                if (plot_.adjusted(-1, -1, 1, 1).contains(At(point))) DrawMark(At(point), series.As);
+        if (series.Points.size() == 1 || HasOpenMarks(series)) DrawMarksOf(series);
         if (look.Crossed) Cross(path, look.Stroke);
         if (series.Forbidden != Side::None) {
             painter_.setPen(QPen(look.Stroke, 1));
@@ -841,6 +839,16 @@ private:
         labels_.AvoidLine(path);
         lines_.push_back({&series, path});
         AddLineItems(series, path);
+    }
+
+    void DrawMarksOf(const Series& series)
+    {
+        for (const Point& point : series.Points) {
+            const QPointF at = At(point);
+            if (!plot_.adjusted(-1, -1, 1, 1).contains(at)) continue;
+            DrawMark(at, series.As);
+            labels_.Avoid(QRectF(at - QPointF(4, 4), QSizeF(8, 8)));
+        }
     }
 
     // A forecast has open marks as long as they do not touch; an arrow's way has marks of its own.
@@ -861,10 +869,10 @@ private:
 
     void AddLineItems(const Series& series, const QPainterPath& path)
     {
-        if (series.Tips.size() == series.Points.size() && series.Points.size() > 1) {
+        if (series.Points.size() == 1 || series.Tips.size() == series.Points.size()) {
             for (std::size_t i = 0; i < series.Points.size(); ++i)
                 if (plot_.adjusted(-1, -1, 1, 1).contains(At(series.Points[i])))
-                    AddItem(MarkPath(At(series.Points[i]), MarkForm::Round, 2 * kMarkSize), series.Tips[i],
+                    AddItem(MarkPath(At(series.Points[i]), MarkForm::Round, 2 * kMarkSize), TipOf(series, i),
                             series.Id);
             return;
         }

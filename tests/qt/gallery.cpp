@@ -1,8 +1,8 @@
 // The pictures of problems, to be looked at or to be compared with answers found by other means.
 //
-//   gallery paint FOLDER light|dark|paper WIDTH HEIGHT PROBLEM...   a PNG file for each picture of each
-//   problem gallery list MODULE COUNT SEED                                 random problems with what is told
-//   of them
+//     gallery paint FOLDER light|dark|paper WIDTH HEIGHT PROBLEM...    a PNG file for each picture
+//     gallery list MODULE COUNT SEED                                   random problems and what is told of
+//     them
 #include <QApplication>
 #include <QDir>
 #include <QPainter>

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <array>
 
 #include "picture/random_pictures.h"
@@ -174,6 +175,33 @@ TEST(PictureView, ALineOfOnePointHasItsName)
     picture::Picture nameless = named;
     std::get<picture::Chart>(nameless.Body).Curves[0].Name.clear();
     EXPECT_NE(qt::ImageOf(named), qt::ImageOf(nameless));
+}
+
+// Beside the end of another line, whose name would stand there.
+TEST(PictureView, NoNameCoversALineOfOnePoint)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "Period", .From = 0.5, .To = 13.5};
+    chart.Y = {.Title = "Value", .From = 40, .To = 160};
+    chart.Curves = {{.As = Role::Chosen, .Name = "fitted", .Points = {{4, 102}, {12, 85}}, .Id = "fitted"},
+                    {.As = Role::Forecast, .Name = "forecast", .Points = {{13, 84.7}}, .Id = "forecast"}};
+    const picture::Picture picture{.Title = "Series", .Body = chart};
+    qt::PictureCanvas canvas(nullptr);
+    canvas.setPalette(Ground(Qt::white, Qt::black));
+    canvas.SetPicture(&picture);
+    canvas.FitTo({560, 480});
+    const QImage image = canvas.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const auto& items = canvas.Items();
+    const auto item =
+        std::find_if(items.begin(), items.end(), [](const qt::Item& one) { return one.Id == "forecast"; });
+    ASSERT_NE(item, items.end());
+    const QColor stroke = qt::Look::OnScreen(canvas.palette(), 96).Of(Role::Forecast).Stroke;
+    const QPoint centre = item->Shape.boundingRect().center().toPoint();
+    int drawn = 0;
+    for (int x = -6; x <= 6; ++x)
+        for (int y = -6; y <= 6; ++y)
+            if (image.pixelColor(centre + QPoint(x, y)) == stroke) ++drawn;
+    EXPECT_GT(drawn, 0);
 }
 
 TEST(PictureView, AScreenReaderHearsTitleDescriptionAndItems)
