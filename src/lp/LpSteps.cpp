@@ -597,7 +597,7 @@ private:
                                    std::to_string(below) + ", " + Name(node.BranchingColumn) + " at least " +
                                    std::to_string(below + 1));
         }
-        step.Why = lost_.count(record) > 0 ? kLost : WhyOf(node);
+        step.Why = lost_.contains(record) ? kLost : WhyOf(node);
         step.Picture = "Search";
         step.Marks = {NodeId(number)};
         return step;

@@ -463,8 +463,8 @@ Extent LeastFree(const Sized& sized)
     const double side = cell * std::sqrt(static_cast<double>(sized.Count()));
     const double frames = sized.Of.Frames.empty() ? 0 : 4 * kFrameRoom;
     const double width = std::max(140.0, 1.18 * side) + frames;
-    const auto rows = static_cast<double>(sized.Of.Frames.size() / FramesInRow(width));
-    return {width, std::max(100.0, side) + frames + rows * (widest + 4 * kFrameRoom)};
+    const auto rows = sized.Of.Frames.size() / FramesInRow(width);
+    return {width, std::max(100.0, side) + frames + static_cast<double>(rows) * (widest + 4 * kFrameRoom)};
 }
 
 Placement Free(const Sized& sized, const Extent& room)
