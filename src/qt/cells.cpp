@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
+#include <utility>
 
 #include "qt/text.h"
 
@@ -27,8 +28,8 @@ double Widest(const std::vector<std::string>& texts, const QFont& font)
 
 class Table {
 public:
-    Table(const Chart& chart, const CellSizes& sizes, QPainter& painter, const QRectF& room, const Look& look)
-        : chart_(chart), painter_(painter), look_(look), measures_(sizes)
+    Table(const Chart& chart, CellSizes sizes, QPainter& painter, const QRectF& room, const Look& look)
+        : chart_(chart), painter_(painter), look_(look), measures_(std::move(sizes))
     {
         if (painter.hasClipping()) shown_ = painter.clipBoundingRect();
         const auto columns = static_cast<double>(std::max<std::size_t>(1, chart.X.Names.size()));

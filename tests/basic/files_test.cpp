@@ -1,4 +1,5 @@
 #include "basic/files.h"
+#include "support/errors.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -25,16 +26,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-ErrorNumber ErrorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return ErrorNumber{};
-}
 
 // The superuser may write anywhere, so that for the length of a test he is another user, who owns the folder.
 class AnyUser {

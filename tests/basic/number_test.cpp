@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <functional>
 #include <limits>
 #include <random>
 #include <string>
@@ -11,18 +10,9 @@
 #include <vector>
 
 #include "basic/error.h"
+#include "support/errors.h"
 
 namespace {
-
-ErrorNumber ErrorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return ErrorNumber{};
-}
 
 struct ValRow {
     const char* Text;

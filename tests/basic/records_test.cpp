@@ -13,18 +13,9 @@
 #include <vector>
 
 #include "basic/error.h"
+#include "support/errors.h"
 
 namespace {
-
-ErrorNumber ErrorOf(const std::function<void()>& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return ErrorNumber{};
-}
 
 std::string Written(std::initializer_list<RecordWriter::Field> fields)
 {

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "basic/error.h"
+#include "support/errors.h"
 
 namespace {
 
@@ -185,16 +186,6 @@ TEST(Factors, ABlockGivesTheSameBitsAsItsColumnsOneByOne)
             for (int k = 0; k < count; ++k)
                 ASSERT_EQ(block(i, k), solutions[static_cast<std::size_t>(k)](i));
     }
-}
-
-ErrorNumber ErrorOf(const std::function<void()>& steps)
-{
-    try {
-        steps();
-    } catch (const RuntimeError& error) {
-        return error.Number();
-    }
-    return ErrorNumber::UserInterrupt;
 }
 
 TEST(Factors, AZeroOnTheDiagonalIsADivisionByZero)

@@ -14,6 +14,7 @@
 #include "qt/savepicture.h"
 #include "shell/module.h"
 #include "shell/session.h"
+#include "support/impatient_screen.h"
 #include "support/random_problems.h"
 
 namespace {
@@ -101,16 +102,6 @@ int PaintAll(const std::vector<std::string>& arguments)
     }
     return 0;
 }
-
-// How often the program asks whether the user has pressed Escape before he does.
-class ImpatientScreen : public FakeScreen {
-public:
-    bool Interrupted() override { return ++asked_ > kMost; }
-
-private:
-    static constexpr int kMost = 300;
-    int asked_ = 0;
-};
 
 int ListAll(const std::vector<std::string>& arguments)
 {

@@ -13,6 +13,7 @@
 #include "qt/text.h"
 #include "shell/module.h"
 #include "shell/session.h"
+#include "support/impatient_screen.h"
 #include "support/random_problems.h"
 #include "support/sound_pictures.h"
 
@@ -24,16 +25,6 @@ int ProblemCount()
     const char* told = std::getenv("VANTREL_PROBLEMS");
     return told == nullptr ? kInEveryRun : std::atoi(told);
 }
-
-// Breaks a search off that goes on and on.
-class ImpatientScreen : public FakeScreen {
-public:
-    bool Interrupted() override { return ++asked_ > kMost; }
-
-private:
-    static constexpr int kMost = 300;
-    int asked_ = 0;
-};
 
 struct WrittenText {
     QString Text;
