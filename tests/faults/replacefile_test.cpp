@@ -55,7 +55,7 @@ protected:
     [[nodiscard]] std::string Prepare(const std::string& experiment) const
     {
         fs::create_directory(root / experiment);
-        const std::string path = (root / experiment / "a.TRN").string();
+        std::string path = (root / experiment / "a.TRN").string();
         if (GetParam()) std::ofstream(path, std::ios::binary) << OldText();
         return path;
     }
