@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <array>
 #include <cstdlib>
+#include <string>
 
 #include "picture/networks.h"
 #include "qt/pictureview.h"
@@ -23,7 +24,7 @@ int ProblemCount()
 {
     constexpr int kInEveryRun = 180;
     const char* told = std::getenv("VANTREL_PROBLEMS");
-    return told == nullptr ? kInEveryRun : std::atoi(told);
+    return told == nullptr ? kInEveryRun : std::stoi(told);
 }
 
 struct WrittenText {

@@ -20,12 +20,13 @@ constexpr std::size_t kMostBytes = 5'000'000;
 std::size_t BytesOf(const std::string& text)
 {
     const std::size_t inside = std::string().capacity();
-    return sizeof text + (text.capacity() > inside ? text.capacity() + 1 : 0);
+    return sizeof(std::string) + (text.capacity() > inside ? text.capacity() + 1 : 0);
 }
 
 std::size_t BytesOf(const std::vector<std::string>& lines)
 {
-    std::size_t bytes = sizeof lines + (lines.capacity() - lines.size()) * sizeof(std::string);
+    std::size_t bytes =
+        sizeof(std::vector<std::string>) + (lines.capacity() - lines.size()) * sizeof(std::string);
     for (const std::string& line : lines)
         bytes += BytesOf(line);
     return bytes;
