@@ -6,6 +6,9 @@ if(MSVC)
   target_compile_options(vantrel_options INTERFACE /W4 /fp:precise /utf-8)
 else()
   target_compile_options(vantrel_options INTERFACE -Wall -Wextra -Wconversion -Wshadow -ffp-contract=off)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
+    target_compile_options(vantrel_options INTERFACE -Wreserved-identifier)
+  endif()
   # GCC 12 sees overlapping and endless copies inside std::string's operator+, and reads beyond the local buffer
   # where a string is moved, where there are none (GCC bugs 105651, 105329 and 105762), the latter two in
   # optimised builds only.
@@ -37,6 +40,11 @@ if(NOT MSVC AND NOT VANTREL_SANITIZE)
   if(VANTREL_HAS_BIND_NOW)
     target_link_options(vantrel_options INTERFACE -Wl,-z,relro,-z,now)
   endif()
+endif()
+# A hundred tests are linked: by a quick linker where there is one.
+find_program(VANTREL_LLD ld.lld)
+if(VANTREL_LLD AND CMAKE_BUILD_TYPE STREQUAL Debug)
+  target_link_options(vantrel_options INTERFACE -fuse-ld=lld)
 endif()
 if(VANTREL_SANITIZE)
   target_compile_options(vantrel_options INTERFACE -fsanitize=${VANTREL_SANITIZE} -fno-sanitize-recover=all

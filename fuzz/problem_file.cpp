@@ -28,8 +28,8 @@ void ReadAndShow(const ModuleRoutines& routines, const std::string& text)
     DisplayProblem();
 }
 
-// The work on a network grows with the cube of its nodes, of which a file may give any number. Inputs with many
-// would take all the time; those with more than the matrices have room for are refused at once.
+// The work on a network grows with the cube of its nodes, of which a file may give any number. Inputs with
+// many would take all the time; those with more than the matrices have room for are refused at once.
 bool TakesLong()
 {
     constexpr int kManyNodes = 30;

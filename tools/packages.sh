@@ -18,7 +18,7 @@ TEST_PACKAGES=(
 DISPLAY_PACKAGES=("${RUN_PACKAGES[@]}" xvfb openbox xdotool)
 CHECK_PACKAGES=(
     "${TEST_PACKAGES[@]}"
-    git clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev
+    git clang clang-format clang-tidy lld libclang-rt-14-dev libbenchmark-dev
 )
 BENCH_PACKAGES=(
     "${RUN_PACKAGES[@]}"

@@ -31,7 +31,8 @@ public:
     // `mayLeave` answers false when the focus must stay, and has told the user why.
     void Guard(QWidget* widget, Leaving kind, std::function<bool()> mayLeave);
 
-    // The check of what has the focus, for what leaves it in another way. False: it must stay, and has been told.
+    // The check of what has the focus, for what leaves it in another way. False: it must stay, and has been
+    // told.
     bool LeavesTyped();
 
 private:

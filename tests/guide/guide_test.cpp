@@ -332,8 +332,8 @@ TEST(Guide, MarksOnlyFiguresOfTheTour)
     EXPECT_GT(checked, 200U);
 }
 
-// The running text behind each block of a report, as far as the next block or heading, without what it quotes:
-// {block, text}.
+// The running text behind each block of a report, as far as the next block or heading, without what it
+// quotes: {block, text}.
 std::vector<std::pair<std::string, std::string>> TextsBehindReports(const std::string& page)
 {
     std::vector<std::pair<std::string, std::string>> texts;
