@@ -348,6 +348,8 @@ def main():
     titles = {page.name: page.title for page in pages}
 
     (arguments.out / "developers").mkdir(parents=True, exist_ok=True)
+    for page in arguments.out.rglob("*.html"):  # of texts that have moved since
+        page.unlink()
     for page in pages:
         (arguments.out / (page.name + ".html")).write_text(document(page, titles), "utf-8")
     entries = [[section.page.name + ".html#" + section.anchor, section.page.title, section.heading, section.text]
