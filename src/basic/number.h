@@ -18,7 +18,7 @@ std::int32_t ToInt32(double value);
 
 // Arithmetic that fails instead of giving an infinity: "Division by zero" (0 / 0: "Overflow"), "Invalid
 // procedure call or argument" for the root of a negative number.
-[[noreturn]] void RaiseQuotient(double dividend, double divisor);
+[[noreturn]] void RaiseQuotient(double dividend, double divisor);  // what Divide fails with
 inline double Divide(double dividend, double divisor)
 {
     const double quotient = dividend / divisor;  // not finite by a divisor of 0

@@ -15,6 +15,8 @@
 #include <utility>
 #include <vector>
 
+#include "support/matches.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -63,16 +65,6 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 std::string RunningText()
 {
     return std::regex_replace(TextOfAll(FilesBelow(kGuide, {".md"})), std::regex("\n *"), " ");
-}
-
-// All that the first group of the pattern matches.
-std::vector<std::string> Matches(const std::string& text, const std::string& pattern)
-{
-    const std::regex regex(pattern);
-    std::vector<std::string> found;
-    for (std::sregex_iterator it(text.begin(), text.end(), regex), end; it != end; ++it)
-        found.push_back((*it)[1]);
-    return found;
 }
 
 std::string WithoutBlocks(const std::string& page)

@@ -15,6 +15,8 @@
 #include <string>
 #include <vector>
 
+#include "support/matches.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -35,16 +37,6 @@ std::vector<fs::path> FilesBelow(const fs::path& folder, const std::string& exte
         if (entry.path().extension() == extension) files.push_back(entry.path());
     std::sort(files.begin(), files.end());
     return files;
-}
-
-// All that the first group of the pattern matches.
-std::vector<std::string> Matches(const std::string& text, const std::string& pattern)
-{
-    const std::regex regex(pattern);
-    std::vector<std::string> found;
-    for (std::sregex_iterator it(text.begin(), text.end(), regex), end; it != end; ++it)
-        found.push_back((*it)[1]);
-    return found;
 }
 
 std::string Replaced(std::string text, const std::string& from, const std::string& to)
