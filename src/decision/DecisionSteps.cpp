@@ -251,8 +251,7 @@ private:
         Add("Outcome " + LabelOf(k) + ": Bayes' rule", Table(cells),
             CanHappen(r_, k)
                 ? "Joint is prior times conditional; divided by their sum, the chance of the outcome, it "
-                  "gives "
-                  "the posterior."
+                  "gives the posterior."
                 : "The outcome cannot happen, so that there is nothing to divide by: the posteriors stay 0.",
             {OutcomeId(k)});
     }

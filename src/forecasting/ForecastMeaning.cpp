@@ -157,8 +157,7 @@ void Sayer::SayComparison()
     if (IsTrendMethod(result_))
         Say(SentenceKind::Caution,
             "The errors are those of a line fitted to the same values; the mean square error of a method "
-            "that "
-            "forecasts each period from those before it cannot be compared with theirs as it stands.");
+            "that forecasts each period from those before it cannot be compared with theirs as it stands.");
     else
         Say(SentenceKind::Caution,
             "The mean square error is over " +

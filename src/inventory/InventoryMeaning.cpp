@@ -43,8 +43,7 @@ constexpr const char* kLongCycle =
     "One {order} lasts longer than a year: demand and costs have to stay that long.";
 constexpr const char* kCertainPeriod =
     "The demand is certain: the report's chances of 0.0000 and 1.0000 mean nothing, an order of {units} "
-    "meets "
-    "the demand exactly.";
+    "meets the demand exactly.";
 constexpr const char* kPeriodTableEnds =
     "The table of normal areas ends before a critical ratio of {ratio}; the order is put 4 standard "
     "deviations from the mean.";

@@ -184,8 +184,7 @@ private:
                         "root of (2 x " + D() + " x " + Co() + " / " + Ch() + ")", Q()),
                 IsModel(p_, kReorderPoint)
                     ? "The quantity is that of a steady demand; the spread of the demand goes into the "
-                      "safety "
-                      "stock."
+                      "safety stock."
                     : "At this quantity holding and ordering cost the same; any other one costs more.",
                 "Costs", best);
         }

@@ -33,17 +33,14 @@ constexpr const char* kPassedBy = "A plan that is better by 1 or less may have b
 constexpr const char* kNoPrices = "Prices and ranges are not given: they do not hold for whole-number plans.";
 constexpr const char* kFarValue =
     " stands at a number that only the largest one of the method explains: in truth nothing limits it, and "
-    "prices "
-    "and ranges mean nothing.";
+    "prices and ranges mean nothing.";
 constexpr const char* kFarValues =
     " stand at numbers that only the largest one of the method explains: in truth nothing limits them, and "
-    "prices "
-    "and ranges mean nothing.";
+    "prices and ranges mean nothing.";
 constexpr const char* kCutFigures = "Some figures are longer than their fields and are cut at their end.";
 constexpr const char* kNoWholePlan =
     "Every node of the search was closed and none gave a whole-number plan: the search went on without end "
-    "until "
-    "it was broken off.";
+    "until it was broken off.";
 constexpr const char* kBrokenOff = "The solve was broken off; nothing is said about the best plan.";
 constexpr const char* kFullTable =
     "The search ran out of room after 49 branchings and ended without a report.";
@@ -59,8 +56,7 @@ constexpr const char* kUnboundedRelaxation =
     "whole-number condition.";
 constexpr const char* kPhaseOneNode =
     "A node whose limits exclude each other was counted as a whole-number plan, and other nodes may have "
-    "been given "
-    "up for it.";
+    "been given up for it.";
 
 // A node that the search took for one without a plan.
 std::string GivenUp(int nodes, bool planFound)

@@ -236,8 +236,7 @@ Picture RangesPicture(const LpResult& result, const Figures& figures)
     Picture picture{.Title = "Ranges", .Body = std::move(chart)};
     picture.Notes.emplace_back(
         "Within its range a coefficient leaves the plan, a right side the prices as they are, as long as "
-        "nothing "
-        "else changes.");
+        "nothing else changes.");
     if (narrow > 0)
         picture.Notes.push_back(picture::Counted(narrow, "range ends", "ranges end") +
                                 " at the present value.");

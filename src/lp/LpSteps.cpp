@@ -25,8 +25,7 @@ constexpr int kMostColumns = 12;            // of a table that is shown whole
 constexpr std::size_t kMostCandidates = 6;  // reduced costs that are shown of a larger one
 constexpr const char* kLost =
     "The method finds no column that would bring its basis back within these bounds and gives the node up, "
-    "although "
-    "a plan keeps to them.";
+    "although a plan keeps to them.";
 constexpr std::size_t kMostTold = 1100;  // more than are kept; a cycle has no end
 
 // Columns under each other, flush right but the first.
@@ -454,8 +453,7 @@ private:
         step.Figures = Aligned(table);
         step.Why =
             "A coefficient may move until the reduced cost of a column outside of the basis reaches 0 and "
-            "another "
-            "plan becomes best.";
+            "another plan becomes best.";
         return step;
     }
 
@@ -620,8 +618,7 @@ private:
             case Fate::Branched:
                 return Name(node.BranchingColumn) + " stands at " + words_.Number(node.BranchingValue) +
                        ", which has the largest fraction of all that must be whole; the upper branch is "
-                       "searched "
-                       "first.";
+                       "searched first.";
             case Fate::Whole:
                 return node.TookOver
                            ? "All that must be whole is whole, and the plan is the best so far: open nodes "

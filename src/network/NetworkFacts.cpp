@@ -199,6 +199,15 @@ std::vector<TreeArc> JoinedArcs(const NetworkProblem& problem, const NetworkResu
     return arcs;
 }
 
+std::vector<int> NotJoined(const NetworkProblem& problem, const std::vector<TreeArc>& joined)
+{
+    std::vector<int> nodes;
+    for (int n = 2; n <= problem.NumNodes; ++n)
+        if (std::none_of(joined.begin(), joined.end(), [n](const TreeArc& arc) { return arc.End == n; }))
+            nodes.push_back(n);
+    return nodes;
+}
+
 bool HasNetwork(const NetworkProblem& problem, const NetworkResult& result)
 {
     return result.Solved && problem.NumNodes > 0;

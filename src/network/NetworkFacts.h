@@ -55,6 +55,9 @@ std::vector<Substitute> SubstitutesOf(const NetworkProblem& problem, const Netwo
 // The arcs of the tree as far as it grew, in the order of joining; a node that joined itself is left out.
 std::vector<TreeArc> JoinedArcs(const NetworkProblem& problem, const NetworkResult& result);
 
+// The nodes but the first to which none of these arcs leads, ascending.
+std::vector<int> NotJoined(const NetworkProblem& problem, const std::vector<TreeArc>& joined);
+
 // Whether there is anything to show.
 bool HasNetwork(const NetworkProblem& problem, const NetworkResult& result);
 

@@ -182,15 +182,6 @@ void AddNoRoute(const NetworkProblem& problem, const NetworkResult& result, Sent
 
 // ---- the tree ----
 
-std::vector<int> NotJoined(const NetworkProblem& problem, const std::vector<TreeArc>& joined)
-{
-    std::vector<int> nodes;
-    for (int n = 2; n <= problem.NumNodes; ++n)
-        if (std::none_of(joined.begin(), joined.end(), [n](const TreeArc& arc) { return arc.End == n; }))
-            nodes.push_back(n);
-    return nodes;
-}
-
 // Whether an arc outside of the tree joins the two parts into which the tree falls without one of its arcs.
 bool HasOtherWay(const NetworkProblem& problem, const std::vector<TreeArc>& joined, const TreeArc& without)
 {

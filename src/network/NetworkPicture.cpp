@@ -237,15 +237,6 @@ std::string SubstituteNote(const std::vector<Substitute>& others)
            " would serve as well, in place of " + (arcs.size() == 1 ? "one" : "some") + " as long.";
 }
 
-std::vector<int> NotJoined(const NetworkProblem& problem, const std::vector<TreeArc>& joined)
-{
-    std::vector<int> nodes;
-    for (int n = 2; n <= problem.NumNodes; ++n)
-        if (std::none_of(joined.begin(), joined.end(), [n](const TreeArc& arc) { return arc.End == n; }))
-            nodes.push_back(n);
-    return nodes;
-}
-
 std::string TreeNote(const NetworkProblem& problem, const NetworkResult& result,
                      const std::vector<TreeArc>& joined)
 {

@@ -93,7 +93,7 @@ public:
 
     // The widget of a form that is loaded, else null.
     [[nodiscard]] QWidget* Find(std::string_view form) const;
-    // Of all forms in the table.
+    // Of all forms in the table, for a walk that must miss none.
     [[nodiscard]] std::vector<std::string> Names() const;
     // The form of place Main, null before it is loaded.
     [[nodiscard]] QWidget* MainWindow() const;

@@ -30,8 +30,7 @@ const std::string kFiveDecimals =
     "Figures are compared to five decimals; what stands behind them does not decide.";
 const std::string kDemandListFails =
     "The full report of this problem ends in an error: its list of more than 24 demands goes by the number "
-    "of "
-    "origins.";
+    "of origins.";
 const std::string kListOfBothSides =
     "With every figure 0 the report's list of those left over also holds the other side.";
 constexpr int kFieldWidth = 7;  // of a figure in the printed table

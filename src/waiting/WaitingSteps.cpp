@@ -256,8 +256,7 @@ void Teller::TellPopulation()
         {"Pw = sum of Pn for n from " + Num(k_) + " on = " + ChanceText(result_.ProbabilityWait),
          "of the arrivals: " + ChanceText(WaitOnArrival(problem_, result_))},
         "The report gives the share of time with all channels busy; a unit that arrives is not itself among "
-        "the "
-        "others and finds that less often.");
+        "the others and finds that less often.");
 }
 
 // ---- chances, cost, proof ----

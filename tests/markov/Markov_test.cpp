@@ -45,8 +45,7 @@ TEST_F(MarkovEntry, ANewProblemShowsAnEmptyTable)
     EXPECT_EQ(Form().Text("lblTitle"), "Transition Matrix");
     EXPECT_EQ(Form().Text("lblInfo"),
               "Enter/Edit data:  Transition probabilities in rows 1-3 and columns 1-3  NOTE:  Probabilities "
-              "must sum "
-              "to 1 for each row.");
+              "must sum to 1 for each row.");
     EXPECT_EQ(Form().Text("lblgridcaption"), "To State");
     EXPECT_THAT(Grid().RowTexts(0), ElementsAre("From State", "1", "2", "3"));
     EXPECT_THAT(Grid().RowTexts(3), ElementsAre("3", "", "", ""));

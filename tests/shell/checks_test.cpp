@@ -20,8 +20,7 @@ ShownMessage RowSumWarning(std::string_view sum)
 {
     return {
         "The sum of the probabilities for the states must equal 1!!!  The probabilities that you have input "
-        "sum "
-        "to " +
+        "sum to " +
             std::string(sum) + ".  PLEASE REENTER THE PROBABILITIES.",
         "WARNING", Icon::Critical, Buttons::OK};
 }
