@@ -65,8 +65,8 @@ Picture SeriesPicture(const ForecastProblem& problem, const ForecastResult& resu
     const std::vector<double> forecasts = ForecastsOf(result);
     const int last = n + static_cast<int>(forecasts.size());
     Series past{.As = Role::Past, .Name = "time series", .Id = "time series"};
-    Series fitted{.As = Role::Chosen, .Name = "fitted", .Id = "fitted"};
-    Series forecast{.As = Role::Forecast, .Name = "forecast", .Id = "forecast"};
+    Series fitted{.As = Role::Second, .Name = "fitted", .Id = "fitted"};
+    Series forecast{.As = Role::Forecast, .Name = "forecast", .Id = "forecast", .Strong = true};
     Axis y{.Title = "Value", .From = result.Series(1), .To = result.Series(1)};
     for (int t = 1; t <= n; ++t) {
         Put(past, t, result.Series(t), SeriesText(problem, result.Series(t)));
@@ -79,6 +79,7 @@ Picture SeriesPicture(const ForecastProblem& problem, const ForecastResult& resu
     int period = n;
     for (const double value : forecasts) {
         Put(forecast, ++period, value, "forecast " + ForecastText(value));
+        forecast.Texts.push_back(period == n + 1 || period == last ? ForecastText(value) : "");
         Hold(y, value);
     }
     Open(y);

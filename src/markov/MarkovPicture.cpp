@@ -206,13 +206,13 @@ Picture MatrixPicture(const ChainShape& shape)
 
 // ---- absorption ----
 
-// Of the units that start in the k-th nonabsorbing state.
-double NotAbsorbed(const MarkovResult& result, int k)
+// Added up, not taken from 1: rows may add up to a little less or more, step by step.
+double NotAbsorbed(const MarkovResult& result, const Course& course)
 {
-    double rest = 1;
-    for (int a = 1; a <= result.AbsorptionTable.UpperColumn(); ++a)
-        rest -= result.AbsorptionTable(k, a);
-    return std::max(rest, 0.0);
+    double rest = 0;
+    for (const int state : result.NonAbsorbingList)
+        rest += course.Rows.back()(state);
+    return rest;
 }
 
 Mark AbsorptionCell(int column, int row, double chance, const std::string& tip, bool largest)
@@ -225,7 +225,7 @@ Mark AbsorptionCell(int column, int row, double chance, const std::string& tip, 
             .Shade = std::clamp(chance, 0.0, 1.0)};
 }
 
-Picture AbsorptionPicture(const MarkovResult& result)
+Picture AbsorptionPicture(const MarkovResult& result, const std::vector<Course>& courses)
 {
     const int columns = static_cast<int>(result.AbsorbingList.size());
     Chart table{.X = StateAxis("Ends in state", result.AbsorbingList),
@@ -233,8 +233,8 @@ Picture AbsorptionPicture(const MarkovResult& result)
                 .Cells = true};
     const int rows = static_cast<int>(result.NonAbsorbingList.size());
     double most = 0;
-    for (int k = 1; k <= rows; ++k)
-        most = std::max(most, NotAbsorbed(result, k));
+    for (const Course& course : courses)
+        most = std::max(most, NotAbsorbed(result, course));
     const bool tellsRest = ShareText(most) != ShareText(0);
     for (int k = 1; k <= rows; ++k) {
         const int start = result.NonAbsorbingList[static_cast<std::size_t>(k) - 1];
@@ -249,7 +249,7 @@ Picture AbsorptionPicture(const MarkovResult& result)
         }
         if (tellsRest)
             table.Marks.push_back(
-                AbsorptionCell(columns + 1, k, NotAbsorbed(result, k),
+                AbsorptionCell(columns + 1, k, NotAbsorbed(result, courses[static_cast<std::size_t>(k) - 1]),
                                "From state " + std::to_string(start) + ", not yet absorbed: ", false));
     }
     Picture absorption{.Title = "Absorption",
@@ -374,7 +374,7 @@ std::vector<Picture> Pictures(const MarkovProblem& problem, const MarkovResult& 
         pictures.push_back(SteadyCourse(result, courses.front()));
         return pictures;
     }
-    pictures.push_back(AbsorptionPicture(result));
+    pictures.push_back(AbsorptionPicture(result, courses));
     pictures.push_back(AbsorptionCourse(result, courses));
     return pictures;
 }

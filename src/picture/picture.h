@@ -68,11 +68,12 @@ struct Series {
     std::vector<Interval> Intervals =
         {};                              // of kind Interval: along x where the y axis has names, else along y
     std::vector<std::string> Tips = {};  // one a point or interval, or none
-    std::vector<std::string> Texts = {};  // one a bar, written at its end, or none
+    std::vector<std::string> Texts = {};  // one a bar or a point of a line, written there, or none
     std::string Id = {};
     Side Forbidden = Side::None;  // short strokes on this side
     bool Arrow = false;           // a head at the last point
     bool Thin = false;            // a line that bounds nothing
+    bool Strong = false;          // a line as heavy as a chosen one: the answer in another role
     bool Hatched = false;
 };
 

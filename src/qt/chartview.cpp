@@ -183,6 +183,13 @@ private:
             x_ = picture::RoundedOut(x_.From, x_.To, chart_.X.Counts);
     }
 
+    // Of a single point with its figure.
+    static QString NameOf(const Series& series)
+    {
+        if (series.Points.size() != 1 || series.Texts.empty()) return ToQt(series.Name);
+        return ToQt(series.Name + " " + series.Texts.front());
+    }
+
     // The widest name at the end of a line that runs to the right edge.
     [[nodiscard]] double EndNames() const
     {
@@ -192,7 +199,7 @@ private:
                 series.Points.empty() || series.Forbidden != Side::None)
                 continue;
             if (series.Points.back().X < x_.From + 0.9 * (x_.To - x_.From)) continue;
-            widest = std::max(widest, SizeOf(ToQt(series.Name), look_.FontOf(series.As)).width());
+            widest = std::max(widest, SizeOf(NameOf(series), look_.FontOf(series.As)).width());
         }
         for (const Mark& mark : chart_.Marks)
             if (RowsAcross() && !chart_.OwnScales && mark.At.X >= x_.From + 0.85 * (x_.To - x_.From))
@@ -819,7 +826,7 @@ private:
         RoleLook drawn = look;
         if (series.Thin) drawn.Dashes = {4, 4};
         const double width = series.Thin                       ? 1
-                             : look.Bold                       ? 3
+                             : look.Bold || series.Strong      ? 3
                              : series.Kind == SeriesKind::Line ? look.Width
                                                                : 2;
         const QPen pen = look_.Pen(drawn, width);
@@ -837,6 +844,7 @@ private:
             painter_.fillPath(Arrowhead(At(corners[corners.size() - 2]), At(corners.back()), width),
                               look.Stroke);
         labels_.AvoidLine(path);
+        WriteAtPoints(series);
         lines_.push_back({&series, path});
         AddLineItems(series, path);
     }
@@ -846,8 +854,20 @@ private:
         for (const Point& point : series.Points) {
             const QPointF at = At(point);
             if (!plot_.adjusted(-1, -1, 1, 1).contains(at)) continue;
-            DrawMark(at, series.As);
+            DrawMark(at, series.As, series.Strong);
             labels_.Avoid(QRectF(at - QPointF(4, 4), QSizeF(8, 8)));
+        }
+    }
+
+    void WriteAtPoints(const Series& series)
+    {
+        if (series.Points.size() == 1) return;  // its figure stands behind its name
+        for (std::size_t i = 0; i < series.Texts.size(); ++i) {
+            if (series.Texts[i].empty()) continue;
+            const QString text = ToQt(series.Texts[i]);
+            labels_.Add({.Text = text,
+                         .As = series.As,
+                         .Candidates = labels_.AroundPoint(text, series.As, At(series.Points[i]))});
         }
     }
 
@@ -881,14 +901,14 @@ private:
         AddItem(wide.createStroke(path), TipOf(series, 0), series.Id);
     }
 
-    void DrawMark(const QPointF& at, Role role)
+    void DrawMark(const QPointF& at, Role role, bool strong = false)
     {
         const RoleLook look = look_.Of(role);
-        const QPainterPath path = MarkPath(at, look.Mark, look.Bold ? kMarkSize + 2 : kMarkSize);
+        const QPainterPath path = MarkPath(at, look.Mark, look.Bold || strong ? kMarkSize + 2 : kMarkSize);
         painter_.strokePath(path, QPen(look_.Ground, 5));  // a ring about it, also on a bar of its own colour
         painter_.fillPath(path, look.Mark == MarkForm::Filled ? look.Stroke : look_.Ground);
         if (look.Mark == MarkForm::Round) painter_.fillPath(path, look.Fill);
-        painter_.strokePath(path, QPen(look.Stroke, 1.5));
+        painter_.strokePath(path, QPen(look.Stroke, strong ? 2.5 : 1.5));
         if (look.Crossed) {
             painter_.setPen(QPen(look.Stroke, 1.5));
             painter_.drawLine(at + QPointF(-5, -5), at + QPointF(5, 5));
@@ -1037,7 +1057,7 @@ private:
     {
         for (const auto& [series, path] : lines_) {
             if (series->Name.empty() || series->Points.empty()) continue;
-            const QString text = ToQt(series->Name);
+            const QString text = NameOf(*series);
             if (series->Points.size() == 1 && plot_.contains(At(series->Points.front()))) {
                 labels_.Add(
                     {.Text = text,

@@ -92,6 +92,19 @@ TEST(ForecastPicture, MovingAveragesBeginBehindTheFirstAverage)
                 ElementsAre("The forecast for period 6 is 20.00.", "Fitted from period 4 on."));
 }
 
+// What is seen first is the answer: the forecast is strong and has its figures beside it, the fit is neither.
+TEST(ForecastPicture, TheForecastStandsOutBeforeTheFit)
+{
+    Given({5, 3, 1, -1});
+    const auto pictures = Drawn(kTrendProjection, "", "3");
+    const Chart& series = ChartOf(pictures, "Series");
+    EXPECT_EQ(series.Curves[1].As, Role::Second);
+    EXPECT_FALSE(series.Curves[1].Strong);
+    EXPECT_EQ(series.Curves[2].As, Role::Forecast);
+    EXPECT_TRUE(series.Curves[2].Strong);
+    EXPECT_THAT(series.Curves[2].Texts, ElementsAre("-3.00", "", "-7.00"));
+}
+
 // Errors 4 and -3: the root of 25 / 2.
 TEST(ForecastPicture, ErrorsStandBetweenTheRootsOfTheirMeanSquare)
 {

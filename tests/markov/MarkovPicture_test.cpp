@@ -236,6 +236,17 @@ TEST(MarkovPicture, UnitsThatAreNotAbsorbedHaveAColumnOfTheirOwn)
               "Still changing at step 150, the last that is made: from state 1.");
 }
 
+// A row that adds up to 0.9991 loses a little in each step: 0.0991 / 0.1 end in state 2, and nobody is left.
+TEST(MarkovPicture, WhatARowLosesIsNotAUnitStillUnderWay)
+{
+    const auto pictures = Drawn({{0.9, 0.0991}, {0, 1}});
+    const Chart& table = ChartOf(pictures, "Absorption");
+    EXPECT_THAT(table.X.Names, ElementsAre("2"));
+    ASSERT_EQ(table.Marks.size(), 1U);
+    EXPECT_EQ(table.Marks[0].Text, "0.991");
+    EXPECT_EQ(Titled(pictures, "Absorption").Notes.size(), 1U);
+}
+
 TEST(MarkovPicture, EveryChainIsDrawnInsideItsAxesAndAlongItsPowers)
 {
     std::mt19937 random(1201);

@@ -204,6 +204,44 @@ TEST(PictureView, NoNameCoversALineOfOnePoint)
     EXPECT_GT(drawn, 0);
 }
 
+namespace {
+
+// How much of the picture has the colour of forecasts.
+int ForecastInk(bool strong, const std::vector<std::string>& texts)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "Period", .From = 0.5, .To = 6.5};
+    chart.Y = {.Title = "Value", .From = 0, .To = 100};
+    chart.Curves = {{.As = Role::Forecast, .Points = {{1, 20}, {3, 60}, {6, 40}}, .Strong = strong}};
+    chart.Curves.front().Texts = texts;
+    const QImage image =
+        qt::ImageOf({.Title = "Series", .Body = chart}).convertToFormat(QImage::Format_RGB32);
+    const QColor stroke = qt::Look::OnPaper().Of(Role::Forecast).Stroke;
+    const QColor text = qt::Look::OnPaper().Of(Role::Forecast).Text;
+    int ink = 0;
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y) {
+            const QColor color = image.pixelColor(x, y);
+            if (color == stroke || color == text) ++ink;
+        }
+    return ink;
+}
+
+}  // namespace
+
+TEST(PictureView, AStrongLineIsHeavier)
+{
+    EXPECT_GT(ForecastInk(true, {}), 1.3 * ForecastInk(false, {}));
+}
+
+TEST(PictureView, FiguresStandBesideThePointsOfALine)
+{
+    const int none = ForecastInk(true, {});
+    const int one = ForecastInk(true, {"", "60.00", ""});
+    EXPECT_GT(one, none);
+    EXPECT_GT(ForecastInk(true, {"20.00", "60.00", "40.00"}), one);
+}
+
 TEST(PictureView, AScreenReaderHearsTitleDescriptionAndItems)
 {
     const picture::Picture picture = ThreeMarks();
