@@ -9,6 +9,17 @@ need_packages "${RUN_PACKAGES[@]}"
 cmake --preset dev >/dev/null
 cmake --build --preset dev --target screens >/dev/null
 rm -rf build/screens
+
+# sheets FOLDER: six pictures at a time, so that the largest fit into the memory that montage may take.
+sheets() {
+    command -v montage >/dev/null || return 0
+    local pictures=("$1"/*.png) first
+    for ((first = 0; first < ${#pictures[@]}; first += 6)); do
+        montage "${pictures[@]:first:6}" -tile 3x2 -geometry 800x600+6+6 \
+            "$(printf '%s-sheet-%02d.png' "$1" $((first / 6)))"
+    done
+}
+
 for width in 640 1024 1600; do
     for scale in 1 2; do
         for colors in light dark; do
@@ -16,11 +27,9 @@ for width in 640 1024 1600; do
             mkdir -p "$folder"
             cp -r Problems "$folder/"
             QT_SCALE_FACTOR=$scale build/dev/bin/screens $((width * scale)) "$colors" "$folder" tools/screens.play \
-                >"$folder/transcript" || echo "The screens stopped: see $folder/transcript." >&2
+                >"$folder/transcript" 2>"$folder/messages" || echo "The screens stopped: see $folder/transcript." >&2
             rm -r "$folder/Problems"
-            if command -v montage >/dev/null; then
-                montage "$folder"/*.png -tile 3x2 -geometry 800x600+6+6 "$folder-sheet-%02d.png"
-            fi
+            sheets "$folder"
         done
     done
 done
