@@ -10,12 +10,14 @@ namespace {
 constexpr double kColumnGap = 24;
 constexpr double kLeafGap = 6;
 constexpr double kFamilyGap = 14;
-constexpr double kSlant = 24;  // the part of a branch that is not level
+constexpr double kSlant = 24;      // the part of a branch that is not level
+constexpr double kLeastSlant = 8;  // where the room is too narrow for more
 
 class TreePlacer {
 public:
-    explicit TreePlacer(const Sized& sized)
+    TreePlacer(const Sized& sized, double room)
         : sized_(sized),
+          room_(room),
           children_(sized.Count()),
           parentArc_(sized.Count(), kNobody),
           depth_(sized.Count(), 0)
@@ -71,12 +73,25 @@ private:
         for (std::size_t node = 0; node < sized_.Count(); ++node)
             if (parentArc_[node] != kNobody)
                 labels[depth_[node]] = std::max(labels[depth_[node]], sized_.Labels[parentArc_[node]].Width);
+        const double slant = SlantFor(labels);
         double left = kMargin;
         for (std::size_t depth = 0; depth < widths_.size(); ++depth) {
-            if (depth > 0) left += kColumnGap + labels[depth] + (labels[depth] > 0 ? kSlant : 0);
+            if (depth > 0) left += kColumnGap + labels[depth] + (labels[depth] > 0 ? slant : 0);
             columns_.push_back(left);
             left += widths_[depth];
         }
+    }
+
+    // As much as the room leaves beside the columns and the texts between them.
+    [[nodiscard]] double SlantFor(const std::vector<double>& labels) const
+    {
+        double level = 2 * kMargin;
+        int slanted = 0;
+        for (std::size_t depth = 0; depth < widths_.size(); ++depth) {
+            level += widths_[depth] + labels[depth] + (depth > 0 ? kColumnGap : 0);
+            if (labels[depth] > 0) ++slanted;
+        }
+        return slanted == 0 ? kSlant : std::clamp((room_ - level) / slanted, kLeastSlant, kSlant);
     }
 
     [[nodiscard]] bool IsLeaf(std::size_t node) const { return children_[node].empty(); }
@@ -133,6 +148,7 @@ private:
     }
 
     const Sized& sized_;
+    double room_;
     Placement placement_;
     std::vector<std::vector<std::size_t>> children_;
     std::vector<std::size_t> parentArc_;
@@ -143,9 +159,9 @@ private:
 
 }  // namespace
 
-Placement Tree(const Sized& sized, const Extent& /*room*/)
+Placement Tree(const Sized& sized, const Extent& room)
 {
-    return TreePlacer(sized).Make();
+    return TreePlacer(sized, room.Width).Make();
 }
 
 }  // namespace picture::layouts

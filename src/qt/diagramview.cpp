@@ -87,6 +87,7 @@ public:
                 if (IsChosen(diagram_.Arcs[i].As) == strong) DrawArc(i);
         for (std::size_t i = 0; i < diagram_.Nodes.size(); ++i)
             DrawNode(i);
+        SetEndsAside();
         for (std::size_t i = 0; i < diagram_.Arcs.size(); ++i)
             if (placement_.Arcs[i].Label && IsShown(ToQt(*placement_.Arcs[i].Label)))
                 DrawOnPlate(painter_, ToQt(*placement_.Arcs[i].Label), ToQt(diagram_.Arcs[i].Text), look_,
@@ -145,6 +146,15 @@ private:
         if (placed.Label) arcItems_[i].Shape.addRect(ToQt(*placed.Label));
         if (IsShown(path.boundingRect().adjusted(-width, -width, width, width)))
             StrokeArc(arc, placed, width);
+    }
+
+    void SetEndsAside()
+    {
+        for (std::size_t i = 0; i < diagram_.Arcs.size(); ++i)
+            for (std::size_t node = 0; node < diagram_.Nodes.size(); ++node)
+                if (const std::string& id = diagram_.Nodes[node].Id;
+                    id == diagram_.Arcs[i].From || id == diagram_.Arcs[i].To)
+                    arcItems_[i].Aside.addPath(nodeItems_[node].Shape);
     }
 
     void StrokeArc(const Arc& arc, const PlacedArc& placed, double width)
@@ -234,6 +244,11 @@ private:
         const QPainterPath outline = OutlineOf(node.Form, place);
         QPainterPath shape = outline;
         if (placed.Text) shape.addRect(ToQt(*placed.Text));
+        if (!node.Badge.empty()) {
+            QPainterPath badge;
+            badge.addEllipse(BadgeOf(node, place));
+            shape = shape.united(badge);
+        }
         nodeItems_[i] = {shape, ToQt(node.Tip.empty() ? Joined(node) : node.Tip), ToQt(node.Id)};
         if (!IsShown(shape.boundingRect())) return;
         const RoleLook look = look_.Of(node.As);
@@ -331,12 +346,17 @@ private:
         }
     }
 
+    [[nodiscard]] QRectF BadgeOf(const Node& node, const QRectF& place) const
+    {
+        const QSizeF size = SizeOf(ToQt(node.Badge), look_.Plain);
+        return ToQt(picture::BadgeAt({place.x(), place.y(), place.width(), place.height()},
+                                     {size.width(), size.height()}));
+    }
+
     void DrawBadge(const Node& node, const QRectF& place, const RoleLook& look)
     {
         const QString text = ToQt(node.Badge);
-        const QSizeF size = SizeOf(text, look_.Plain);
-        const QRectF badge = ToQt(picture::BadgeAt({place.x(), place.y(), place.width(), place.height()},
-                                                   {size.width(), size.height()}));
+        const QRectF badge = BadgeOf(node, place);
         painter_.setPen(QPen(look.Stroke, 1.2));
         painter_.setBrush(look_.Ground);
         painter_.drawEllipse(badge);
@@ -400,8 +420,10 @@ std::vector<Item> DiagramView::Paint(QPainter& painter, const QRectF& room, cons
     painter.translate(corner);
     std::vector<Item> items = Sheet(diagram_, placement_, painter, look).Paint();
     painter.restore();
-    for (Item& item : items)
+    for (Item& item : items) {
         item.Shape.translate(corner);
+        item.Aside.translate(corner);
+    }
     return items;
 }
 

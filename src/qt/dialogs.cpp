@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QSplitter>
 #include <QStandardPaths>
 #include <QTreeView>
 #include <QUrl>
@@ -217,6 +218,7 @@ void MakeReadable(QFileDialog& dialog, bool saving)
 {
     constexpr int kTypeColumn = 2;
     constexpr QSize kSize(840, 520);
+    constexpr int kPlaces = 150;  // the folders at the left, with their names
     dialog.setViewMode(QFileDialog::Detail);
     if (saving) dialog.setLabelText(QFileDialog::LookIn, QStringLiteral("Save in:"));
     if (auto* table = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
@@ -226,6 +228,8 @@ void MakeReadable(QFileDialog& dialog, bool saving)
         table->setColumnHidden(kTypeColumn, true);
     }
     dialog.resize(kSize.boundedTo(dialog.screen()->availableSize()));
+    if (auto* parts = dialog.findChild<QSplitter*>(QStringLiteral("splitter")))
+        parts->setSizes({kPlaces, dialog.width() - kPlaces});
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ struct Item {
     QPainterPath Shape;
     QString Tip;
     QString Id;
+    QPainterPath Aside = {};  // what a frame around it leaves free: the nodes at the ends of an arc
 };
 
 class Drawing {

@@ -43,7 +43,7 @@ void CancelOrUnload(const QWidget& form)
 // The caption with room for what stands beside it in the title bar.
 int TitleWidth(const QWidget& window)
 {
-    constexpr int kBeside = 4;  // title bar heights: icon, buttons, margins
+    constexpr int kBeside = 6;  // title bar heights: icon, up to four buttons, margins
     const int height = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
     QFont font = window.font();
     font.setBold(true);  // as many window managers write it

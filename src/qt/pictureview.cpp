@@ -179,10 +179,23 @@ void PictureCanvas::paintEvent(QPaintEvent* event)
     page_->SetFocus(shown ? items_[*focus_].Id : QString());
     items_ = page_->Paint(painter, rect(), look);
     painter.restore();
-    if (page_->LeftOut() != leftOut && --repaints_ > 0) update();  // a note more, or one less
+    if (page_->LeftOut() != leftOut && --repaints_ > 0) TakeNote();
     for (const Item& item : items_)
         if (!item.Id.isEmpty() && marked_.contains(item.Id)) DrawFrame(painter, item, false);
     if (hasFocus() && focus_ && *focus_ < items_.size()) DrawFrame(painter, items_[*focus_], true);
+}
+
+// A note more, which may need more room, or one less. A painting cannot change the size at once.
+void PictureCanvas::TakeNote()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (page_ == nullptr) return;
+            resize(size().expandedTo(page_->Least(ScreenLook(), width()).toSize()));
+            update();
+        },
+        Qt::QueuedConnection);
 }
 
 // What a step marks has a frame of its own; what has the focus a dotted one.
@@ -196,7 +209,9 @@ void PictureCanvas::DrawFrame(QPainter& painter, const Item& item, bool focus) c
     painter.setBrush(Qt::NoBrush);
     QPainterPathStroker wide;
     wide.setWidth(focus ? 7 : 5);
-    painter.drawPath(wide.createStroke(item.Shape).united(item.Shape).simplified());
+    QPainterPath frame = wide.createStroke(item.Shape).united(item.Shape).simplified();
+    if (!item.Aside.isEmpty()) frame = frame.subtracted(wide.createStroke(item.Aside).united(item.Aside));
+    painter.drawPath(frame);
 }
 
 // The smallest item at the place: a corner before the region that it belongs to.
@@ -230,7 +245,19 @@ bool PictureCanvas::event(QEvent* event)
 void PictureCanvas::mousePressEvent(QMouseEvent* event)
 {
     if (const auto item = ItemAt(event->position())) SetFocusItem(*item);
+    drag_ = event->globalPosition().toPoint();
     QWidget::mousePressEvent(event);
+}
+
+// A picture larger than its window is moved with the mouse as well.
+void PictureCanvas::mouseMoveEvent(QMouseEvent* event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton)) {
+        const QPoint at = event->globalPosition().toPoint();
+        emit Dragged(at - drag_);
+        drag_ = at;
+    }
+    QWidget::mouseMoveEvent(event);
 }
 
 void PictureCanvas::contextMenuEvent(QContextMenuEvent* event)
@@ -331,6 +358,10 @@ PictureView::PictureView(QWidget* parent) : QScrollArea(parent), canvas_(new Pic
     setWidget(canvas_);
     connect(canvas_, &PictureCanvas::FocusMoved, this, [this](const QRect& area) {
         ensureVisible(area.center().x(), area.center().y(), area.width() / 2 + 10, area.height() / 2 + 10);
+    });
+    connect(canvas_, &PictureCanvas::Dragged, this, [this](const QPoint& by) {
+        horizontalScrollBar()->setValue(horizontalScrollBar()->value() - by.x());
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - by.y());
     });
 }
 

@@ -58,6 +58,7 @@ public:
 
 signals:
     void FocusMoved(const QRect& area);
+    void Dragged(const QPoint& by);
     void MenuWanted(const QPoint& screenPoint);
 
 protected:
@@ -67,18 +68,21 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void MoveFocus(int by);
     void TellFocus();
     [[nodiscard]] std::optional<std::size_t> StartItem() const;
+    void TakeNote();
     void DrawFrame(QPainter& painter, const Item& item, bool focus) const;
 
     std::unique_ptr<PicturePage> page_;
     std::vector<Item> items_;
     std::set<QString> marked_;
     std::optional<std::size_t> focus_;
+    QPoint drag_;       // where the mouse was last, on the screen
     int repaints_ = 0;  // that may still follow from a change of the notes
 };
 

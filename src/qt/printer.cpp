@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontMetricsF>
+#include <QLineEdit>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPainter>
@@ -140,10 +141,13 @@ QtPrinter::~QtPrinter() = default;
 
 bool QtPrinter::Ask()
 {
+    constexpr int kNameOfFile = 280;  // pixels: a folder and a name can be read
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     QPrintDialog dialog(printer.get(), QApplication::activeWindow());
     dialog.setObjectName(QStringLiteral("DialogPrinter"));
     dialog.setOptions(QAbstractPrintDialog::PrintToFile);
+    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
+        name->setMinimumWidth(kNameOfFile);
     if (dialog.exec() != QDialog::Accepted) return false;
     if (printer->outputFormat() == QPrinter::PdfFormat) {
         PrintToFile(printer->outputFileName(), printer->pageLayout());

@@ -222,6 +222,7 @@ QWidget* SidePane::MakeStepsPage()
     stepParts_ = new QSplitter(Qt::Vertical);
     auto* parts = stepParts_;
     parts->setChildrenCollapsible(false);
+    connect(parts, &QSplitter::splitterMoved, this, [this] { partedByHand_ = true; });
     list_ = new QListWidget;
     list_->setFocusPolicy(Qt::ClickFocus);
     list_->setAccessibleName(tr("Steps"));
@@ -430,8 +431,23 @@ void SidePane::FillSteps()
     int number = 0;
     for (const picture::Step& step : Steps())
         list_->addItem(QString::number(++number) + QLatin1String(". ") + ToQt(step.Heading));
+    stepView_->hide();
+    ShareHeight();
     if (number > 0) list_->setCurrentRow(0);
     if (number == 0) ShowStep(-1);
+}
+
+// The list has no more than its steps need, a picture about half; as the user parts them, so they stay.
+void SidePane::ShareHeight()
+{
+    if (partedByHand_) return;
+    constexpr int kFrame = 4;
+    const bool pictured = !stepView_->isHidden();
+    const int part = stepParts_->height() / 10;
+    const int rows = list_->count() * list_->sizeHintForRow(0) + kFrame;
+    const int list = std::min(rows, (pictured ? 2 : 4) * part);
+    const int details = pictured ? 3 * part : stepParts_->height() - list;
+    stepParts_->setSizes({list, details, stepParts_->height() - list - details});
 }
 
 void SidePane::ShowStep(int row)
@@ -464,12 +480,10 @@ void SidePane::ShowStepPicture(const picture::Step& step)
     if (!step.Picture.empty())
         for (const picture::Picture& picture : Pictures())
             if (picture.Title == step.Picture) shown = &picture;
-    if (shown != nullptr && stepView_->isHidden()) {
-        const int part = stepParts_->height() / 10;
-        stepView_->show();
-        stepParts_->setSizes({2 * part, 3 * part, 5 * part});
+    if (stepView_->isHidden() != (shown == nullptr)) {
+        stepView_->setVisible(shown != nullptr);
+        ShareHeight();
     }
-    stepView_->setVisible(shown != nullptr);
     if (shown == nullptr) return;
     stepView_->SetPicture(shown);
     stepView_->SetMarked(step.Marks);

@@ -92,6 +92,7 @@ private:
     void FillTab();  // now
     void FillPictures();
     void FillSteps();
+    void ShareHeight();
     void FillMeaning();
     void ShowMeaning();
     void AskOpinion();   // once
@@ -126,6 +127,7 @@ private:
     QButtonGroup* group_ = nullptr;
     PictureView* view_ = nullptr;
     QSplitter* stepParts_ = nullptr;
+    bool partedByHand_ = false;
     QListWidget* list_ = nullptr;
     QLabel* why_ = nullptr;
     QPlainTextEdit* figures_ = nullptr;

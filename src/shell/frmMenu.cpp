@@ -79,6 +79,8 @@ QString TipOf(std::string_view name)
     return {};
 }
 
+constexpr int kStripGap = 8;  // between the parts of the strip
+
 // The number in "mnudispeditsubs(3)".
 int IndexIn(const std::string& name)
 {
@@ -153,11 +155,11 @@ frmMenu::frmMenu(QWidget* parent) : QMainWindow(parent)
     area->setObjectName("mdiArea");
     area->setFocusPolicy(Qt::NoFocus);
 
-    auto* indicator = new QLabel;
-    indicator->setObjectName("lblmoduleindicator");
-    indicator->setAccessibleName("Current module");
-    indicator->setContentsMargins(kStripMargin, 0, 0, 0);
-    statusBar()->addWidget(indicator, 1);
+    indicator_ = new QLabel;
+    indicator_->setObjectName("lblmoduleindicator");
+    indicator_->setAccessibleName("Current module");
+    indicator_->setContentsMargins(kStripMargin, 0, 0, 0);
+    statusBar()->addWidget(indicator_, 1);
     hint_ = new QLabel("Select 'File' and click 'New' or 'Open' to work with a problem.");
     hint_->setObjectName("statusHint");
     hint_->setContentsMargins(0, 0, kStripMargin, 0);
@@ -272,8 +274,20 @@ bool frmMenu::event(QEvent* event)
     if (event->type() != QEvent::StatusTip) return QMainWindow::event(event);
     const QString tip = static_cast<const QStatusTipEvent&>(*event).tip();
     tip_->setText(tip);
-    tip_->setVisible(!tip.isEmpty() && !AProblemIsMissing());
+    const bool shown = !tip.isEmpty() && !AProblemIsMissing();
+    tip_->setVisible(shown);
+    indicator_->setVisible(!shown || HasRoomForTip());
     return true;
+}
+
+// Beside the module's text, which gives way to a tip in a narrow window.
+bool frmMenu::HasRoomForTip() const
+{
+    int needed = 0;
+    const auto labels = statusBar()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (const QWidget* part : labels)
+        if (part == indicator_ || part->isVisible()) needed += part->sizeHint().width() + kStripGap;
+    return needed <= statusBar()->width();
 }
 
 // Closing the window is Exit: no question, no saving.

@@ -30,7 +30,8 @@ protected:
 
 private:
     void MakeMenus();
-    void ShowMenus();   // brings the actions up to the menu table
+    void ShowMenus();  // brings the actions up to the menu table
+    [[nodiscard]] bool HasRoomForTip() const;
     void SolveEnded();  // brings the side pane, or takes it away
     QMenu* MenuFor(const std::string& name, const std::string& parent);
     QAction* ActionFor(const std::string& name, bool separator);
@@ -39,6 +40,7 @@ private:
     std::map<std::string, QMenu*> menus_;
     std::vector<std::string> shownItems_;
     qt::BesideSplitter* beside_ = nullptr;
+    QLabel* indicator_ = nullptr;
     QLabel* hint_ = nullptr;  // how to begin, while there is no problem
     QLabel* tip_ = nullptr;   // what the item under the mouse does
 };

@@ -122,6 +122,7 @@ QWidget* frmSolution::MakeFindBar()
     findText_->setAccessibleName("Find");
     findText_->setPlaceholderText("Find in the report");
     row->addWidget(findText_, 1);
+    connect(findText_, &QLineEdit::textEdited, this, [this] { FindTyped(); });
     connect(
         AddFindButton(row, "cmdFindPrevious", QStringLiteral("\u2191"), "Find the one before (Shift+Enter)"),
         &QToolButton::clicked, this, [this] { Find(true); });
@@ -222,6 +223,15 @@ void frmSolution::CloseFindBar()
 {
     findBar_->hide();
     desktop::TheForms().FocusMenu();
+}
+
+// While the text is being typed, what has been found grows with it.
+void frmSolution::FindTyped()
+{
+    QTextCursor at = gridSolution->textCursor();
+    at.setPosition(at.selectionStart());
+    gridSolution->setTextCursor(at);
+    Find(false);
 }
 
 // Around the ends of the page. A text that is not there is marked.

@@ -31,6 +31,7 @@ private:
     bool Scroll(QKeyEvent& key);
     void OpenFindBar();
     void CloseFindBar();
+    void FindTyped();
     void Find(bool backward);
 
     QPlainTextEdit* gridSolution;

@@ -130,6 +130,22 @@ TEST(TreeLayout, SetsAParentAtTheMiddleOfItsChildren)
     EXPECT_DOUBLE_EQ(placement.Nodes[2].Place.Y - placement.Nodes[1].Place.Bottom(), 6);  // between leaves
 }
 
+// Across 24 pixels where there is room, and 8 at least.
+TEST(TreeLayout, BranchesAreSteeperWhereTheRoomIsNarrow)
+{
+    Diagram tree{.Kind = Layout::Tree};
+    tree.Nodes = {Named("root"), Named("child1"), Named("child2")};
+    tree.Arcs = {{.From = "root", .To = "child1", .Text = "first"},
+                 {.From = "root", .To = "child2", .Text = "other"}};
+    const auto width = [&tree](double room) { return Place(tree, {room, 0}, LetterSize).Size.Width; };
+    const double wide = width(1000);
+    const double least = width(0);
+    EXPECT_DOUBLE_EQ(wide - least, 24 - 8);
+    EXPECT_DOUBLE_EQ(width(wide - 10), wide - 10);
+    EXPECT_DOUBLE_EQ(width(least - 10), least);
+    EXPECT_DOUBLE_EQ(LeastRoom(tree, LetterSize).Width, least);
+}
+
 TEST(TreeLayout, AnArcBackToAnAncestorMakesNoFamily)
 {
     Diagram tree{.Kind = Layout::Tree};

@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -466,6 +467,8 @@ TEST(QtDialogs, AFileDialogShowsNamesSizesAndDates)
         const auto* table = dialog.findChild<QTreeView*>("treeView");
         for (const auto& [column, hidden] : {std::pair{0, false}, {1, false}, {2, true}, {3, false}})
             EXPECT_EQ(table->isColumnHidden(column), hidden) << column;
+        const auto* places = dialog.findChild<QAbstractItemView*>("sidebar");
+        EXPECT_GE(places->width(), places->fontMetrics().horizontalAdvance("/home/Documents"));
         dialog.reject();
     });
     EXPECT_FALSE(dialogs.AskFile(Question(folder.path(), true)).has_value());

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QFile>
+#include <QMouseEvent>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
@@ -272,6 +275,87 @@ TEST(PictureView, ScrollsWhereItIsSmallerThanThePicture)
     view.resize(300, 300);
     view.SetPicture(&picture);
     EXPECT_GT(view.Canvas().width(), 1000);
+}
+
+TEST(PictureView, IsMovedWithTheMouse)
+{
+    picture::Diagram ranks{.Kind = picture::Layout::Ranks};
+    for (int i = 0; i < 10; ++i)
+        ranks.Nodes.push_back({.Id = std::to_string(i), .Lines = {"0.000\t5.000\t5.000"}, .Rank = i});
+    const picture::Picture picture{.Title = "Network", .Body = ranks};
+    qt::PictureView view(nullptr);
+    view.resize(300, 300);
+    view.SetPicture(&picture);
+    view.show();
+    const auto send = [&view](QEvent::Type type, const QPoint& at, Qt::MouseButtons held) {
+        const QPoint on = view.Canvas().mapFromGlobal(at);
+        QMouseEvent event(type, on, at, Qt::LeftButton, held, Qt::NoModifier);
+        QApplication::sendEvent(&view.Canvas(), &event);
+    };
+    const QPoint from = view.mapToGlobal(QPoint(250, 280));
+    send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+    send(QEvent::MouseMove, from - QPoint(100, 0), Qt::LeftButton);
+    send(QEvent::MouseMove, from - QPoint(160, 0), Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, from - QPoint(160, 0), Qt::NoButton);
+    EXPECT_EQ(view.horizontalScrollBar()->value(), 160);
+    send(QEvent::MouseMove, from, Qt::NoButton);
+    EXPECT_EQ(view.horizontalScrollBar()->value(), 160);
+}
+
+// A frame around an arc ends where its nodes begin, and one around a node holds its badge.
+TEST(PictureView, AFrameLeavesTheNumbersOfNodesFree)
+{
+    picture::Diagram net{.Kind = picture::Layout::Free};
+    net.Nodes = {{.Id = "1", .Lines = {"1"}, .Form = picture::Shape::Circle},
+                 {.Id = "2", .Lines = {"2"}, .Form = picture::Shape::Circle, .Badge = "7"},
+                 {.Id = "3", .Lines = {"3"}, .Form = picture::Shape::Circle}};
+    net.Arcs = {{.From = "1", .To = "2", .Text = "5", .Id = "a"}, {.From = "2", .To = "3", .Id = "b"}};
+    const picture::Picture picture{.Title = "Network", .Body = net};
+    qt::PictureCanvas canvas(nullptr);
+    canvas.SetPicture(&picture);
+    canvas.FitTo({400, 300});
+    const auto shot = [&canvas](const std::vector<std::string>& marked) {
+        canvas.SetMarked(marked);
+        QImage image(canvas.size(), QImage::Format_RGB32);
+        canvas.render(&image);
+        return image;
+    };
+    const QImage bare = shot({});
+    EXPECT_NE(bare, shot({"a"}));
+    for (const std::vector<std::string>& marked :
+         {std::vector<std::string>{"a"}, {"a", "2"}, {"b", "1", "2"}}) {
+        const QImage framed = shot(marked);
+        for (const qt::Item& item : canvas.Items()) {
+            if (item.Id != "1" && item.Id != "2" && item.Id != "3") continue;
+            const QRect around = item.Shape.boundingRect().toAlignedRect();
+            for (int y = around.top(); y <= around.bottom(); ++y)
+                for (int x = around.left(); x <= around.right(); ++x)
+                    if (item.Shape.contains(QRectF(x - 1, y - 1, 3, 3))) {
+                        ASSERT_EQ(framed.pixelColor(x, y), bare.pixelColor(x, y))
+                            << item.Id.toStdString() << " " << x << "," << y;
+                    }
+        }
+    }
+}
+
+// The note on labels without a place is told only once they have been drawn.
+TEST(PictureView, ANoteThatComesLaterHasItsRoom)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "x", .From = 0, .To = 10};
+    chart.Y = {.Title = "y", .From = 0, .To = 10};
+    for (int i = 0; i < 40; ++i)
+        chart.Marks.push_back({.At = {5, 5}, .Text = "a name that is rather long", .Id = std::to_string(i)});
+    const picture::Picture picture{.Title = "Marks", .Body = chart, .Notes = {"One.", "Two.", "Three."}};
+    qt::PictureView view(nullptr);
+    view.resize(240, 120);
+    view.SetPicture(&picture);
+    const int before = view.Canvas().height();
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    QTest::qWait(50);
+    EXPECT_GT(view.Canvas().Page()->LeftOut(), 0);
+    EXPECT_GT(view.Canvas().height(), before);
 }
 
 // The figures of the palette: marks 3:1, texts 4.5:1, whatever the ground.

@@ -261,6 +261,33 @@ TEST_F(Beside, AStepShowsItsFiguresItsReasonAndItsPicture)
     EXPECT_FALSE((*shown)->Canvas().MarkedArea().isEmpty());
 }
 
+// The rest of the height is for the figures and the picture; as the user parts them, so they stay.
+TEST_F(Beside, TheListOfStepsIsAsHighAsItsSteps)
+{
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    Tabs()->setCurrentIndex(1);
+    LetItWork();
+    auto* list = Pane().findChild<QListWidget*>();
+    auto* parts = qobject_cast<QSplitter*>(list->parentWidget());
+    ASSERT_NE(parts, nullptr);
+    const int rows = 2 * list->sizeHintForRow(0);
+    EXPECT_GE(list->viewport()->height(), rows);
+    EXPECT_LE(list->height(), std::max(rows + 10, list->minimumSizeHint().height()));
+    QTest::keyClick(list, Qt::Key_Down);  // its step has a picture
+    EXPECT_GE(parts->sizes().at(2), parts->height() / 3);
+
+    auto* handle = parts->handle(1);
+    const QPoint middle = handle->rect().center();
+    QTest::mousePress(handle, Qt::LeftButton, {}, middle);
+    QTest::mouseMove(handle, middle + QPoint(0, 30));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, middle + QPoint(0, 30));
+    const int chosen = list->height();
+    QTest::keyClick(list, Qt::Key_Up);
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(list->height(), chosen);
+}
+
 TEST_F(Beside, MeaningIsPlainTextAndTellsCautions)
 {
     splitter_.ShowBesideReport(Counted(), 400);

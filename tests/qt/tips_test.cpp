@@ -155,6 +155,30 @@ TEST_F(TipsTest, AMenuItemTellsWhatItDoesBesideTheNameOfTheModule)
     EXPECT_FALSE(Tip()->isVisible());
 }
 
+// A tip is never cut: the name of the module gives way where there is no room for both.
+TEST_F(TipsTest, AMenuItemHasTheRoomThatItNeedsInTheSmallestWindow)
+{
+    Choose(8);
+    Open("Tires.INV");
+    auto* window = desktop.forms.MainWindow();
+    auto* indicator = window->findChild<QLabel*>("lblmoduleindicator");
+    window->resize(window->minimumSize());
+    for (const char* name : {"mnuFileExit", "mnuSolutionPrinttoText", "mnuFileNew"}) {
+        QStatusTipEvent tip(Item(name)->statusTip());
+        QApplication::sendEvent(window, &tip);
+        QTest::qWait(1);
+        EXPECT_TRUE(Tip()->isVisible());
+        EXPECT_GE(Tip()->width(), Tip()->sizeHint().width()) << name;
+        EXPECT_TRUE(window->rect().contains(QRect(Tip()->mapTo(window, QPoint()), Tip()->size()))) << name;
+        if (indicator->isVisible()) {
+            EXPECT_GE(indicator->width(), indicator->sizeHint().width()) << name;
+        }
+    }
+    QStatusTipEvent none("");
+    QApplication::sendEvent(window, &none);
+    EXPECT_TRUE(indicator->isVisible());
+}
+
 TEST_F(TipsTest, TheHintHowToBeginStaysAlone)
 {
     Choose(12);
