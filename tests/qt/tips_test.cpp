@@ -158,10 +158,11 @@ TEST_F(TipsTest, AMenuItemTellsWhatItDoesBesideTheNameOfTheModule)
 // A tip is never cut: the name of the module gives way where there is no room for both.
 TEST_F(TipsTest, AMenuItemHasTheRoomThatItNeedsInTheSmallestWindow)
 {
-    Choose(8);
-    Open("Tires.INV");
+    Choose(12);
+    Open("Newspapers.MRK");
     auto* window = desktop.forms.MainWindow();
     auto* indicator = window->findChild<QLabel*>("lblmoduleindicator");
+    indicator->setText("Inventory Model:  Economic Order Quantity with Planned Shortages");
     window->resize(window->minimumSize());
     for (const char* name : {"mnuFileExit", "mnuSolutionPrinttoText", "mnuFileNew"}) {
         QStatusTipEvent tip(Item(name)->statusTip());
