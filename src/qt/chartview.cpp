@@ -32,6 +32,7 @@ constexpr double kRowHeight = 22;  // of a named row
 constexpr double kBar = 12;
 constexpr double kThinBar = 4;
 constexpr double kMarkSize = 7;
+constexpr double kDiamond = 7;      // from its middle to a corner
 constexpr double kLeastPlot = 120;  // the smallest height and width of a chart's inside
 constexpr double kMostOfWidth = 0.4;
 
@@ -183,6 +184,14 @@ private:
             x_ = picture::RoundedOut(x_.From, x_.To, chart_.X.Counts);
     }
 
+    // They leave no place for the text of a rule across them but behind its end.
+    [[nodiscard]] bool HasUprightBars() const
+    {
+        return !RowsAcross() &&
+               std::any_of(chart_.Curves.begin(), chart_.Curves.end(),
+                           [](const Series& series) { return series.Kind == SeriesKind::Bars; });
+    }
+
     // Of a single point with its figure.
     static QString NameOf(const Series& series)
     {
@@ -201,6 +210,10 @@ private:
             if (series.Points.back().X < x_.From + 0.9 * (x_.To - x_.From)) continue;
             widest = std::max(widest, SizeOf(NameOf(series), look_.FontOf(series.As)).width());
         }
+        if (HasUprightBars())
+            for (const picture::Rule& rule : chart_.Rules)
+                if (rule.Across == Direction::Y)
+                    widest = std::max(widest, SizeOf(ToQt(rule.Text), look_.FontOf(rule.As)).width());
         for (const Mark& mark : chart_.Marks)
             if (RowsAcross() && !chart_.OwnScales && mark.At.X >= x_.From + 0.85 * (x_.To - x_.From))
                 widest = std::max(widest, SizeOf(ToQt(mark.Text), look_.FontOf(mark.As)).width());
@@ -278,11 +291,18 @@ private:
         if (!chart_.Y.Names.empty()) {
             for (const std::string& name : chart_.Y.Names)
                 widest = std::max(widest, SizeOf(ToQt(name), look_.Plain).width());
-            return std::min(widest, kMostOfWidth * room_.width());
+            return std::min(widest, kMostOfWidth * room_.width()) + (HasDiamondAtEdge() ? kDiamond : 0);
         }
         for (auto i = yTicks_.First; i <= yTicks_.Last; ++i)
             widest = std::max(widest, metrics_.horizontalAdvance(ToQt(yTicks_.Text(i))));
         return widest;
+    }
+
+    // It would cover the end of its row's name.
+    [[nodiscard]] bool HasDiamondAtEdge() const
+    {
+        return std::any_of(chart_.Marks.begin(), chart_.Marks.end(),
+                           [this](const Mark& mark) { return mark.Diamond && mark.At.X <= x_.From; });
     }
 
     [[nodiscard]] double AtX(double x) const
@@ -467,11 +487,12 @@ private:
         const double half = metrics_.ascent() / 2 - 1;
         painter_.setPen(look_.Quiet);
         if (RowsAcross()) {
-            const double wide = plot_.left() - room_.left() - kGap;
+            const double gap = kGap + (HasDiamondAtEdge() ? kDiamond : 0);
+            const double wide = plot_.left() - room_.left() - gap;
             painter_.setPen(look_.Text);
             for (std::size_t i = 0; i < chart_.Y.Names.size(); ++i) {
                 const QString name = metrics_.elidedText(ToQt(chart_.Y.Names[i]), Qt::ElideRight, wide);
-                painter_.drawText(QPointF(plot_.left() - kGap - metrics_.horizontalAdvance(name),
+                painter_.drawText(QPointF(plot_.left() - gap - metrics_.horizontalAdvance(name),
                                           AtY(static_cast<double>(i) + 1) + half),
                                   name);
             }
@@ -854,7 +875,7 @@ private:
         for (const Point& point : series.Points) {
             const QPointF at = At(point);
             if (!plot_.adjusted(-1, -1, 1, 1).contains(at)) continue;
-            DrawMark(at, series.As, series.Strong);
+            DrawMark(at, series.As, series.Strong ? StrongSize(series) : 0);
             labels_.Avoid(QRectF(at - QPointF(4, 4), QSizeF(8, 8)));
         }
     }
@@ -876,8 +897,19 @@ private:
     {
         if (series.Arrow || look_.Of(series.As).Mark != MarkForm::Open || series.Points.size() < 2)
             return false;
-        const double apart = std::abs(AtX(series.Points[1].X) - AtX(series.Points[0].X));
-        return apart > 1.5 * kMarkSize;
+        return Apart(series) > (series.Strong ? 7 : 1.5 * kMarkSize);
+    }
+
+    [[nodiscard]] double Apart(const Series& series) const
+    {
+        return std::abs(AtX(series.Points[1].X) - AtX(series.Points[0].X));
+    }
+
+    // Larger than others, but never touching the next one.
+    [[nodiscard]] double StrongSize(const Series& series) const
+    {
+        constexpr double kLargest = kMarkSize + 2;
+        return series.Points.size() < 2 ? kLargest : std::min(kLargest, Apart(series) - 2.5);
     }
 
     void Cross(const QPainterPath& path, const QColor& color)
@@ -901,14 +933,19 @@ private:
         AddItem(wide.createStroke(path), TipOf(series, 0), series.Id);
     }
 
-    void DrawMark(const QPointF& at, Role role, bool strong = false)
+    // Of its role's size where none is given; one that is given is drawn heavily.
+    void DrawMark(const QPointF& at, Role role, double size = 0)
     {
         const RoleLook look = look_.Of(role);
-        const QPainterPath path = MarkPath(at, look.Mark, look.Bold || strong ? kMarkSize + 2 : kMarkSize);
-        painter_.strokePath(path, QPen(look_.Ground, 5));  // a ring about it, also on a bar of its own colour
+        const QPainterPath path = MarkPath(at, look.Mark,
+                                           size > 0    ? size
+                                           : look.Bold ? kMarkSize + 2
+                                                       : kMarkSize);
+        painter_.strokePath(
+            path, QPen(look_.Ground, size > 0 ? 3 : 5));  // a ring about it, also on a bar of its own colour
         painter_.fillPath(path, look.Mark == MarkForm::Filled ? look.Stroke : look_.Ground);
         if (look.Mark == MarkForm::Round) painter_.fillPath(path, look.Fill);
-        painter_.strokePath(path, QPen(look.Stroke, strong ? 2.5 : 1.5));
+        painter_.strokePath(path, QPen(look.Stroke, size > 0 ? std::min(2.5, size / 3) : 1.5));
         if (look.Crossed) {
             painter_.setPen(QPen(look.Stroke, 1.5));
             painter_.drawLine(at + QPointF(-5, -5), at + QPointF(5, 5));
@@ -980,6 +1017,15 @@ private:
                 QRectF(QPointF(at.x() - kTick - size.width(), top - kBar), size)};
     }
 
+    // In its own row where nothing follows it there.
+    [[nodiscard]] std::vector<QRectF> BehindDiamond(const QString& text, Role role, const QPointF& at) const
+    {
+        const QSizeF size = SizeOf(text, look_.FontOf(role));
+        std::vector<QRectF> places = labels_.AroundPoint(text, role, at);
+        places.insert(places.begin(), QRectF(at + QPointF(kDiamond + 2, -size.height() / 2), size));
+        return places;
+    }
+
     // The strong ones last: a corner that is best and on the way of the method is seen as the best.
     void DrawMarks()
     {
@@ -1030,10 +1076,9 @@ private:
 
     void DrawDiamond(const QPointF& at, Role role)
     {
-        constexpr double kHalf = 7;
         const RoleLook look = look_.Of(role);
-        const QPolygonF diamond({at + QPointF(0, -kHalf), at + QPointF(kHalf, 0), at + QPointF(0, kHalf),
-                                 at + QPointF(-kHalf, 0)});
+        const QPolygonF diamond({at + QPointF(0, -kDiamond), at + QPointF(kDiamond, 0),
+                                 at + QPointF(0, kDiamond), at + QPointF(-kDiamond, 0)});
         painter_.setPen(QPen(look.Stroke, 1.5));
         painter_.setBrush(look.Bold ? look.Stroke : look.Fill);
         painter_.drawPolygon(diamond);
@@ -1049,8 +1094,9 @@ private:
                 mark.Id);
         labels_.Add({.Text = text,
                      .As = mark.As,
-                     .Candidates = EndsABar(mark) ? BehindBar(text, mark.As, at)
-                                                  : labels_.AroundPoint(text, mark.As, at)});
+                     .Candidates = mark.Diamond     ? BehindDiamond(text, mark.As, at)
+                                   : EndsABar(mark) ? BehindBar(text, mark.As, at)
+                                                    : labels_.AroundPoint(text, mark.As, at)});
     }
 
     void PlaceNames()

@@ -81,14 +81,17 @@ std::vector<QRectF> Labels::AtRule(const QString& text, picture::Role role, cons
     const QSizeF size = Size(text, role);
     std::vector<QRectF> places;
     if (line.dx() == 0) {
-        double y = line.y1() + 1;
-        while (y + size.height() < line.y2()) {
-            places.emplace_back(QPointF(line.x1() + kAway, y), size);
-            places.emplace_back(QPointF(line.x1() - kAway - size.width(), y), size);
-            y += size.height() + 2;
+        for (const double away : {kAway, 7 * kAway}) {  // the second beside a bar that stands on the line
+            double y = line.y1() + 1;
+            while (y + size.height() < line.y2()) {
+                places.emplace_back(QPointF(line.x1() + away, y), size);
+                places.emplace_back(QPointF(line.x1() - away - size.width(), y), size);
+                y += size.height() + 2;
+            }
         }
         return places;
     }
+    places.emplace_back(QPointF(line.x2() + kAway, line.y1() - size.height() / 2), size);
     constexpr double kOverMarks = 7;  // of a label that stands above or below the marks on the line
     for (const double away : {2.0, kOverMarks}) {
         double x = line.x2() - size.width() - 1;

@@ -6,14 +6,18 @@
 #include <QApplication>
 #include <QFile>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
+
 #include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
 #include <array>
+#include <memory>
 
 #include "picture/random_pictures.h"
 #include "qt/colors.h"
+#include "qt/drawing.h"
 #include "qt/savepicture.h"
 
 namespace {
@@ -231,6 +235,61 @@ int ForecastInk(bool strong, const std::vector<std::string>& texts)
 }
 
 }  // namespace
+
+namespace {
+
+int LabelsLeftOut(const picture::Chart& chart)
+{
+    const picture::Picture picture{.Title = "Bars", .Body = chart};
+    const std::unique_ptr<qt::Drawing> drawing = qt::DrawingOf(picture);
+    QImage image(400, 300, QImage::Format_RGB32);
+    QPainter painter(&image);
+    drawing->Paint(painter, QRectF(0, 0, 400, 300), qt::Look::OnPaper());
+    return drawing->LeftOut();
+}
+
+// The names of rows have the colour of texts, and nothing else has where the mark is chosen.
+int TextInk(double diamondAt)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "Time", .From = 0, .To = 1};
+    chart.Y = {.Title = "Activity", .Names = {"A", "W", "C"}};
+    for (const double row : {1.0, 2.0, 3.0})
+        chart.Marks.push_back({.As = Role::Critical, .At = {diamondAt, row}, .Text = "0", .Diamond = true});
+    const QImage image = qt::ImageOf({.Title = "", .Body = chart}).convertToFormat(QImage::Format_RGB32);
+    int ink = 0;
+    for (int x = 0; x < image.width(); ++x)
+        for (int y = 0; y < image.height(); ++y)
+            if (image.pixelColor(x, y) == qt::Look::OnPaper().Text) ++ink;
+    return ink;
+}
+
+}  // namespace
+
+TEST(PictureView, RulesAcrossBarsAndAlongThemHaveTheirTexts)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "Period", .From = 0.5, .To = 40.5};
+    chart.Y = {.Title = "Error", .From = -50, .To = 50};
+    picture::Series bars{.Kind = picture::SeriesKind::Bars, .Name = "error"};
+    for (int t = 1; t <= 40; ++t)
+        bars.Points.push_back({static_cast<double>(t), t % 2 == 0 ? 50.0 : -50.0});
+    chart.Curves = {bars};
+    chart.Rules = {{.Across = picture::Direction::Y, .As = Role::Limit, .Value = 40.95, .Text = "+40.95"},
+                   {.Across = picture::Direction::Y, .As = Role::Limit, .Value = -40.95, .Text = "-40.95"}};
+    EXPECT_EQ(LabelsLeftOut(chart), 0);
+
+    chart.X = {.Title = "Demand", .From = 9, .To = 11};
+    chart.Y = {.Title = "Chance", .From = 0, .To = 1};
+    chart.Curves.front().Points = {{10, 1}};
+    chart.Rules = {{.As = Role::Chosen, .Value = 10, .Text = "order quantity 10.00"}};
+    EXPECT_EQ(LabelsLeftOut(chart), 0);
+}
+
+TEST(PictureView, ADiamondAtTheEdgeLeavesTheNamesOfRows)
+{
+    EXPECT_EQ(TextInk(0), TextInk(0.5));
+}
 
 TEST(PictureView, AStrongLineIsHeavier)
 {
