@@ -259,7 +259,11 @@ private:
             std::string text = "Knowing the state beforehand is worth " +
                                (told == ValueText(0) ? "less than 0.01" : "at most " + told);
             if (r_.HasStrategy && !IsRounding(r_.SampleInformationValue))
-                text += "; this sample brings " + ValueText(r_.SampleInformationValue) + " of it";
+                text += "; this sample brings " +
+                        (ValueText(r_.SampleInformationValue) == ValueText(0)
+                             ? "less than 0.01"
+                             : ValueText(r_.SampleInformationValue)) +
+                        " of it";
             Say(SentenceKind::Limit, text + ".");
         }
         if (!r_.HasStrategy) return;

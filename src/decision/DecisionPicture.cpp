@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "decision/DecisionFigures.h"
+#include "picture/words.h"
 
 namespace Decision {
 namespace {
@@ -121,19 +122,23 @@ private:
              .Tip = "payoff " + payoff + ", chance to get there " + ProbabilityText(reached)});
     }
 
+    // One branch for all of them, with a value below the other.
     void Fold(int outcome, const std::string& from, const std::vector<int>& alternatives)
     {
-        std::string values;
+        std::vector<std::string> values;
+        values.reserve(alternatives.size());
         for (const int i : alternatives)
-            values += (values.empty() ? "" : ", ") + LabelOf(i) + ": " + ValueText(ValueOf(outcome, i));
+            values.push_back(LabelOf(i) + ": " + ValueText(ValueOf(outcome, i)));
         const std::string id = (outcome > 0 ? OutcomeId(outcome) : "") + "others";
-        Branch(from, id, Role::NotTaken, Called("alternative", alternatives), 1);
+        const bool one = alternatives.size() == 1;
+        Branch(from, id, Role::NotTaken, one ? Called("alternative", alternatives) : "the others", 1);
         Add({.Id = id,
-             .Lines = {values},
-             .Form = Shape::Circle,
+             .Lines = values,
+             .Form = Shape::Box,
              .As = Role::NotTaken,
              .Folded = true,
-             .Tip = Called("alternative", alternatives) + ", expected values " + values});
+             .Tip = Called("alternative", alternatives) + ", expected value" + (one ? " " : "s ") +
+                    picture::Listed(values)});
     }
 
     void Add(Node node) { tree_.Nodes.push_back(std::move(node)); }
@@ -158,10 +163,11 @@ private:
         std::vector<std::string> notes{r_.HasStrategy ? StrategyNote() : BestNote()};
         if (r_.HasStrategy) OutcomeNotes(notes);
         if (folds_)
-            notes.push_back(
-                "Only the best " +
-                std::string(r_.HasStrategy ? "alternative of each outcome is" : "alternatives are") +
-                " open; the others are folded into one line with their expected values.");
+            notes.push_back("Only the best " +
+                            std::string(r_.HasStrategy                  ? "alternative of each outcome is"
+                                        : RecommendedOf(r_).size() == 1 ? "alternative is"
+                                                                        : "alternatives are") +
+                            " open; the others are folded into one line with their expected values.");
         return notes;
     }
 
@@ -453,8 +459,9 @@ private:
     {
         std::vector<std::string> notes;
         if (stretches_.size() == 1)
-            return {"For every chance of state 1 the best is " + Called("alternative", stretches_[0].Best) +
-                    "."};
+            return {"For every chance of state 1 the best " +
+                    std::string(stretches_[0].Best.size() == 1 ? "is " : "are ") +
+                    Called("alternative", stretches_[0].Best) + "."};
         std::string note = "Best by the chance of state 1:";
         for (const Stretch& stretch : stretches_)
             note += std::string(stretch.From > 0 ? ", from " : " from ") + ProbabilityText(stretch.From) +

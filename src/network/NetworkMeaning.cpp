@@ -147,7 +147,8 @@ std::string RouteSentence(const NetworkProblem& problem, const NetworkResult& re
                           const std::vector<int>& route)
 {
     if (problem.StartNode == problem.EndNode)
-        return "Start and end are the same node, " + std::to_string(problem.StartNode) + ": the length is 0.";
+        return "Start and end are the same node, " + std::to_string(problem.StartNode) + ": the length is " +
+               LengthOf(problem, 0) + ".";
     std::string nodes;
     for (const int node : route)
         nodes += (nodes.empty() ? "" : ", ") + std::to_string(node);
@@ -203,7 +204,8 @@ void AddTree(const NetworkProblem& problem, const NetworkResult& result, const s
              Sentences& sentences)
 {
     if (problem.NumNodes == 1) {
-        sentences.push_back({SentenceKind::Result, "One node needs no arc; the length is 0."});
+        sentences.push_back(
+            {SentenceKind::Result, "One node needs no arc; the length is " + LengthOf(problem, 0) + "."});
         return;
     }
     const int arcs = problem.NumNodes - 1;

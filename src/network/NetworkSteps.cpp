@@ -85,7 +85,8 @@ std::vector<std::string> Through(const NetworkProblem& problem, const NetworkRes
 
 Step FirstLabels(const NetworkProblem& problem, const LabelStep& step)
 {
-    return {.Heading = "Node " + std::to_string(step.Node) + " starts with 0",
+    return {.Heading = "Node " + std::to_string(step.Node) + " starts with " +
+                       LabelText(problem, step.NodeLabel, step.Node),
             .Figures = LabelTable(problem, step.NodeLabel, nullptr),
             .Why = "The start is 0 away from itself, and each neighbour gets the length of its arc.",
             .Picture = kTitle,

@@ -39,6 +39,7 @@ struct Link {
     std::size_t From;
     std::size_t To;
     double Label;  // width
+    double Head;   // length of the arrowhead
 };
 
 // Nodes that are laid out together.
@@ -82,7 +83,8 @@ public:
             if (!sized.HasEnds(arc) || sized.From[arc] == sized.To[arc]) continue;
             const std::size_t from = local[sized.From[arc]];
             const std::size_t to = local[sized.To[arc]];
-            if (from != kNobody && to != kNobody) links_.push_back({from, to, sized.Labels[arc].Width});
+            if (from != kNobody && to != kNobody)
+                links_.push_back({from, to, sized.Labels[arc].Width, HeadOf(sized.Of.Arcs[arc])});
         }
         MeasureHops();
     }
@@ -135,6 +137,12 @@ public:
     }
 
 private:
+    static double HeadOf(const Arc& arc)
+    {
+        constexpr double kHead = 14;
+        return arc.Directed && arc.Head ? kHead : 0;
+    }
+
     // The number of arcs between each two nodes; between pieces that do not hang together a little more than
     // the longest way.
     void MeasureHops()
@@ -324,7 +332,7 @@ private:
         return moved;
     }
 
-    // A line has room for its label.
+    // A line has room for its label and its head.
     bool StretchLinks(std::vector<Point>& moves) const
     {
         bool moved = false;
@@ -332,8 +340,8 @@ private:
             const Point way = Way(place_[link.From], place_[link.To], link.From);
             const double label =
                 link.Label == 0 ? 0 : std::abs(way.X) * link.Label + std::abs(way.Y) * 16 + 8;
-            const double missing =
-                Radius(link.From) + Radius(link.To) + label - Distance(place_[link.From], place_[link.To]);
+            const double missing = Radius(link.From) + Radius(link.To) + label + link.Head -
+                                   Distance(place_[link.From], place_[link.To]);
             if (missing <= 0) continue;
             Move(moves[link.From], way, -0.25 * missing);
             Move(moves[link.To], way, 0.25 * missing);

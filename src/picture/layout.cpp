@@ -266,7 +266,36 @@ public:
     }
 
 private:
+    // Off its own arrowhead, or over it where there is no other place.
     void PlaceOne(std::size_t arc)
+    {
+        const std::optional<Box> head = HeadOf(arc);
+        std::optional<Box> best = BestPlace(arc, head);
+        if (!best && head) best = BestPlace(arc, {});
+        placement_.Arcs[arc].Label = best;
+        if (best)
+            placed_.push_back(*best);
+        else
+            ++placement_.LeftOut;
+    }
+
+    // Around the end of an arc that is drawn with a head; a strong one reaches so far.
+    [[nodiscard]] std::optional<Box> HeadOf(std::size_t arc) const
+    {
+        constexpr double kHead = 14;
+        constexpr double kHalf = 4;  // of its width
+        const Arc& of = sized_.Of.Arcs[arc];
+        const PlacedArc& placed = placement_.Arcs[arc];
+        if (!of.Directed || !of.Head || placed.Width > 0) return {};
+        const double length = std::max(1e-9, LengthOf(placed.Path));
+        const Point from = PointAlong(placed.Path, std::max(0.0, 1 - kHead / length)).At;
+        const Point& tip = placed.Path.back();
+        return Box{std::min(from.X, tip.X), std::min(from.Y, tip.Y), std::abs(from.X - tip.X),
+                   std::abs(from.Y - tip.Y)}
+            .Grown(kHalf);
+    }
+
+    [[nodiscard]] std::optional<Box> BestPlace(std::size_t arc, const std::optional<Box>& head) const
     {
         std::optional<Box> best;
         int least = 0;
@@ -279,7 +308,7 @@ private:
                                              std::abs(along.Direction.X) * size.Height / 2 + 3);
                 const Box label = Around(
                     {along.At.X + off * along.Direction.Y, along.At.Y - off * along.Direction.X}, size);
-                if (!IsFree(label)) continue;
+                if (!IsFree(label) || (head && Overlap(label, *head))) continue;
                 const int crossed = beside == 0 ? LinesCut(label, arc) : LinesCut(label, arc) + 1;
                 if (best && crossed >= least) continue;
                 best = label;
@@ -288,11 +317,7 @@ private:
             }
             if (best) break;
         }
-        placement_.Arcs[arc].Label = best;
-        if (best)
-            placed_.push_back(*best);
-        else
-            ++placement_.LeftOut;
+        return best;
     }
 
     [[nodiscard]] bool IsFree(const Box& label) const

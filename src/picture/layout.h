@@ -30,6 +30,7 @@ struct Placement {
     std::vector<PlacedArc> Arcs = {};
     std::vector<Box> Frames = {};
     int LeftOut = 0;  // labels without a place
+    int TooThin = 0;  // ribbons that would be thinner than a pixel in proportion
 };
 
 // The size may be larger than the room.

@@ -156,7 +156,10 @@ private:
             PlacedArc& placed = placement_.Arcs[arc];
             placed.Path = Bow({rightwards ? from.Right() : from.X, starts[arc]},
                               {rightwards ? to.X : to.Right(), ends[arc]});
-            if (hasAmounts_) placed.Width = std::max(kLeastWidth, scale_ * sized_.Of.Arcs[arc].Weight);
+            if (!hasAmounts_) continue;
+            const double width = scale_ * sized_.Of.Arcs[arc].Weight;
+            placed.Width = std::max(kLeastWidth, width);
+            placement_.TooThin += width < kLeastWidth ? 1 : 0;
         }
     }
 

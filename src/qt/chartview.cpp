@@ -376,12 +376,21 @@ private:
         if (band.To) painter_.drawLine(area.topRight(), across ? area.bottomRight() : area.topLeft());
     }
 
+    // What cannot be has strokes through which the rest is still seen.
+    void HatchLightly(const QRectF& area, Role role)
+    {
+        QColor stroke = look_.Of(role).Stroke;
+        stroke.setAlphaF(0.45F);
+        painter_.fillRect(area, QBrush(stroke, Qt::BDiagPattern));
+    }
+
     void DrawBands()
     {
         for (const picture::Band& band : chart_.Bands) {
             const QRectF area = AreaOf(band);
             painter_.fillRect(area, look_.Of(band.As).Fill);
             if (look_.Of(band.As).Hatched) painter_.fillRect(area, look_.Brush(band.As));
+            if (look_.Of(band.As).Crossed) HatchLightly(area, band.As);
             DrawEdges(band, area);
             AddItem(RectPath(area), BandTip(band), {});
             labels_.Add({.Text = ToQt(band.Text),

@@ -168,7 +168,9 @@ private:
         } else {
             const bool headed = arc.Directed && arc.Head && diagram_.Kind != Layout::Tree;
             if (headed) path = Shortened(placed.Path, 3 * width + 4);
-            painter_.strokePath(path, look_.Pen(look, width));
+            QPen pen = look_.Pen(look, width);
+            if (arc.As == Role::Second) pen.setDashPattern({3, 2});  // dots are lost beside the others
+            painter_.strokePath(path, pen);
             if (headed) painter_.fillPath(Arrowhead(path.currentPosition(), tip, width), look.Stroke);
             if (arc.As == Role::NotTaken) {
                 painter_.setPen(QPen(look.Stroke, 1.5));
@@ -385,7 +387,11 @@ DiagramView::DiagramView(picture::Diagram diagram) : diagram_(std::move(diagram)
 QSizeF DiagramView::Least(const Look& look)
 {
     if (!least_ || leastIn_ != look.Bold) {
-        const picture::Extent least = picture::LeastRoom(diagram_, MeasureIn(look.Bold));
+        const bool ribbons = diagram_.Kind == Layout::TwoSides;
+        const Placement smallest = ribbons ? Place(diagram_, {}, MeasureIn(look.Bold)) : Placement{};
+        mostTooThin_ = smallest.TooThin;
+        const picture::Extent least =
+            ribbons ? smallest.Size : picture::LeastRoom(diagram_, MeasureIn(look.Bold));
         least_ = QSizeF(least.Width, least.Height);
         leastIn_ = look.Bold;
     }

@@ -16,6 +16,8 @@ public:
     [[nodiscard]] double HeightIn(const QSizeF& room, const Look& look) override;
     std::vector<Item> Paint(QPainter& painter, const QRectF& room, const Look& look) override;
     [[nodiscard]] int LeftOut() const override { return placement_.LeftOut; }
+    [[nodiscard]] int TooThin() const override { return placement_.TooThin; }
+    [[nodiscard]] int MostTooThin() const override { return mostTooThin_; }
     [[nodiscard]] QPointF Start() const override;
 
 private:
@@ -27,6 +29,7 @@ private:
     QFont placedIn_;
     std::optional<QSizeF> least_;  // in the font below
     QFont leastIn_;
+    int mostTooThin_ = 0;
 };
 
 }  // namespace qt

@@ -37,6 +37,9 @@ public:
     virtual void SetFocus(const QString& /*id*/) {}
     // What the last Paint had no place for.
     [[nodiscard]] virtual int LeftOut() const { return 0; }
+    // Lines that it draws dashed, as they would be thinner than a pixel in proportion to their amounts.
+    [[nodiscard]] virtual int TooThin() const { return 0; }
+    [[nodiscard]] virtual int MostTooThin() const { return 0; }  // at the smallest size, once that is known
     // Where to begin when the picture is larger than its window.
     [[nodiscard]] virtual QPointF Start() const { return {}; }
 };

@@ -45,11 +45,14 @@ std::vector<QRectF> Labels::AroundPoint(const QString& text, picture::Role role,
     const double w = size.width();
     const double h = size.height();
     std::vector<QRectF> places;
-    for (const double away : {kAway, 3 * kAway, 6 * kAway})
+    for (const double away : {kAway, 3 * kAway, 6 * kAway, 10 * kAway})
         for (const QPointF& corner :
              {QPointF(away, -h - away / 2), QPointF(away, away / 2), QPointF(-w - away, -h - away / 2),
               QPointF(-w - away, away / 2), QPointF(-w / 2, -h - away - 1), QPointF(-w / 2, away + 1),
-              QPointF(away + 3, -h / 2), QPointF(-w - away - 3, -h / 2)})
+              QPointF(away + 3, -h / 2), QPointF(-w - away - 3, -h / 2),
+              // Flush with the point, above or below it: beside an axis, or where others stand to both sides.
+              QPointF(-kAway, -h - away - 1), QPointF(kAway - w, -h - away - 1), QPointF(-kAway, away + 1),
+              QPointF(kAway - w, away + 1)})
             places.emplace_back(at + corner, size);
     return places;
 }

@@ -42,6 +42,10 @@ QStringList PicturePage::Notes() const
         notes.append(ToQt(
             picture::Counted(leftOut_, "label") + std::string(picture::OneOrMany(leftOut_, " has", " have")) +
             " no place in a picture of this size; pointing or the keys tell what is left out."));
+    if (tooThin_ > 0)
+        notes.append(ToQt(picture::Counted(tooThin_, "line") +
+                          std::string(picture::OneOrMany(tooThin_, " is dashed: it", " are dashed: they")) +
+                          " would be thinner than a pixel in proportion."));
     return notes;
 }
 
@@ -66,6 +70,7 @@ double PicturePage::TitleHeight(const Look& look, double width) const
 QSizeF PicturePage::Least(const Look& look, double width)
 {
     const QSizeF body = drawing_->Least(look);
+    tooThin_ = std::max(tooThin_, drawing_->MostTooThin());  // the note has its room at every size
     const double inside = std::max(width - 2 * kMargin, body.width());
     return {body.width() + 2 * kMargin,
             body.height() + TitleHeight(look, inside) + NotesHeight(look, inside) + 2 * kMargin};
@@ -86,6 +91,7 @@ std::vector<Item> PicturePage::Paint(QPainter& painter, const QRectF& page, cons
     painter.setClipRect(page, Qt::IntersectClip);
     std::vector<Item> items = drawing_->Paint(painter, body, look);
     leftOut_ = drawing_->LeftOut();
+    tooThin_ = drawing_->TooThin();
     painter.setFont(look.Plain);
     painter.setPen(look.Quiet);
     double top = body.bottom() + kGap;
@@ -174,12 +180,12 @@ void PictureCanvas::paintEvent(QPaintEvent* event)
     painter.fillRect(event->rect(), look.Ground);
     if (page_ == nullptr) return;
     painter.save();
-    const int leftOut = page_->LeftOut();
+    const auto added = page_->AddedNotes();
     const bool shown = hasFocus() && focus_ && *focus_ < items_.size();
     page_->SetFocus(shown ? items_[*focus_].Id : QString());
     items_ = page_->Paint(painter, rect(), look);
     painter.restore();
-    if (page_->LeftOut() != leftOut && --repaints_ > 0) TakeNote();
+    if (page_->AddedNotes() != added && --repaints_ > 0) TakeNote();
     for (const Item& item : items_)
         if (!item.Id.isEmpty() && marked_.contains(item.Id)) DrawFrame(painter, item, false);
     if (hasFocus() && focus_ && *focus_ < items_.size()) DrawFrame(painter, items_[*focus_], true);

@@ -23,6 +23,7 @@ public:
     void SetFocus(const QString& id) { drawing_->SetFocus(id); }
     [[nodiscard]] QPointF Start() const;
     [[nodiscard]] int LeftOut() const { return leftOut_; }
+    [[nodiscard]] std::pair<int, int> AddedNotes() const { return {leftOut_, tooThin_}; }
     [[nodiscard]] const picture::Picture& Shown() const { return picture_; }
 
 private:
@@ -36,6 +37,7 @@ private:
     QPointF body_;
     double textWidth_ = 0;  // 0: that of the page
     int leftOut_ = 0;       // labels, of the last painting; the notes tell of them
+    int tooThin_ = 0;       // lines, likewise
 };
 
 // What is painted, inside of the scroll area.

@@ -1,9 +1,12 @@
 #include "waiting/LineFacts.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "basic/format.h"
 #include "basic/number.h"
+#include "picture/words.h"
 
 namespace VtWait {
 
@@ -89,12 +92,20 @@ std::vector<ChannelCost> CostsByChannels(const WaitingProblem& problem)
     return costs;
 }
 
-const ChannelCost* Cheapest(const std::vector<ChannelCost>& costs)
+const ChannelCost* Cheapest(const WaitingProblem& problem, const std::vector<ChannelCost>& costs)
 {
+    const int most =
+        problem.WaitingModel == kFinitePopulation ? PopulationOf(problem) : std::numeric_limits<int>::max();
     const ChannelCost* cheapest = nullptr;
     for (const ChannelCost& cost : costs)
-        if (cost.Cost && (cheapest == nullptr || *cost.Cost < *cheapest->Cost)) cheapest = &cost;
+        if (cost.Channels <= most && cost.Cost && (cheapest == nullptr || *cost.Cost < *cheapest->Cost))
+            cheapest = &cost;
     return cheapest;
+}
+
+bool IsCheaper(double cost, double than)
+{
+    return cost < than && CostText(cost) != CostText(than);
 }
 
 double WaitOnArrival(const WaitingProblem& problem, const WaitingResult& result)
@@ -134,6 +145,33 @@ std::string AverageText(double average)
 std::string CostText(double cost)
 {
     return (cost < 0 ? "-$" : "$") + Format(cost < 0 ? -cost : cost, "###,###,##0.00");
+}
+
+std::string AverageTold(double average)
+{
+    const std::string text = AverageText(average);
+    return average > 0 && text == AverageText(0) ? "less than 0.0001" : text;
+}
+
+namespace {
+
+// Sums of chances that rounding took to 0 or 1.
+double Inside(const WaitingProblem& problem, double share)
+{
+    if (problem.WaitingModel != kFinitePopulation) return share;
+    return std::clamp(share, std::numeric_limits<double>::min(), std::nextafter(1.0, 0.0));
+}
+
+}  // namespace
+
+std::string AllBusyTold(const WaitingProblem& problem, const WaitingResult& result)
+{
+    return picture::Chance(Inside(problem, result.ProbabilityWait), 4);
+}
+
+std::string ShareBusyTold(const WaitingProblem& problem, const WaitingResult& result)
+{
+    return picture::PercentOf(Inside(problem, Utilisation(problem, result)), 4);
 }
 
 }  // namespace VtWait

@@ -33,7 +33,10 @@ struct ChannelCost {
     std::optional<double> Cost;
 };
 std::vector<ChannelCost> CostsByChannels(const WaitingProblem& problem);
-const ChannelCost* Cheapest(const std::vector<ChannelCost>& costs);  // null where none can cope
+// Among the counts that are worth choosing, no more than a population has members; null where none can cope.
+const ChannelCost* Cheapest(const WaitingProblem& problem, const std::vector<ChannelCost>& costs);
+
+bool IsCheaper(double cost, double than);  // to the cent
 
 // The chance that a member of the population that arrives finds all channels busy: it sees the others only.
 double WaitOnArrival(const WaitingProblem& problem, const WaitingResult& result);
@@ -45,5 +48,12 @@ double VariationOf(const WaitingProblem& problem);  // standard deviation of the
 std::string ChanceText(double chance);  // with the report's decimals, without its blanks
 std::string AverageText(double average);
 std::string CostText(double cost);  // "$1,234.50"
+
+// In sentences: an average that is printed as 0 and is not is told to be small, and in a finite population
+// the chance that all channels are busy and the share of time that one is are neither 0 nor 1 but for
+// rounding.
+std::string AverageTold(double average);
+std::string AllBusyTold(const WaitingProblem& problem, const WaitingResult& result);
+std::string ShareBusyTold(const WaitingProblem& problem, const WaitingResult& result);
 
 }  // namespace VtWait

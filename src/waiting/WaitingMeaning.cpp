@@ -23,22 +23,15 @@ std::string Num(int number)
     return std::to_string(number);
 }
 
-// An average that is printed as 0 and is not is told to be small.
-std::string Average(double average)
-{
-    const std::string text = AverageText(average);
-    return average > 0 && text == AverageText(0) ? "less than 0.0001" : text;
-}
-
 // "1.0000 units": averages are decimals and take the plural.
 std::string Units(double average)
 {
-    return Average(average) + " units";
+    return AverageTold(average) + " units";
 }
 
 std::string Periods(double time)
 {
-    return Average(time) + " time periods";
+    return AverageTold(time) + " time periods";
 }
 
 class Sayer {
@@ -103,13 +96,13 @@ void Sayer::SayLost()
     Say(SentenceKind::Result, "The chance that an arriving unit finds all channels busy and is lost is " +
                                   picture::Chance(result_.ProbabilityWait, 4) + ".");
     Say(SentenceKind::Result, "Of " + problem_.ArrivalRate.Text() + " arrivals per time period " +
-                                  Average(problem_.ArrivalRate.Value() * result_.ProbabilityWait) +
+                                  AverageTold(problem_.ArrivalRate.Value() * result_.ProbabilityWait) +
                                   " are lost on average.");
 }
 
 void Sayer::SayBusy()
 {
-    const std::string share = picture::PercentOf(busy_, 4);
+    const std::string share = ShareBusyTold(problem_, result_);
     Say(SentenceKind::Limit,
         k_ == 1 ? "The channel is busy " + share + " of the time."
                 : "Each of the " + Channels() + " is busy " + share + " of the time on average.");
@@ -125,6 +118,8 @@ void Sayer::SayOneMore()
     if (model_ == kNoWaiting && ChanceText(result_.ProbabilityWait) != ChanceText(more->ProbabilityWait))
         Say(SentenceKind::Change, "With one channel more the chance to be lost would be " +
                                       picture::Chance(more->ProbabilityWait, 4) + ".");
+    else if (model_ != kNoWaiting && more->UnitsInLine == 0)
+        Say(SentenceKind::Change, "With one channel more no unit would ever wait.");
     else if (model_ != kNoWaiting && AverageText(more->TimeInLine) != AverageText(result_.TimeInLine))
         Say(SentenceKind::Change, "With one channel more a unit would wait " + Periods(more->TimeInLine) +
                                       " on average, not " + AverageText(result_.TimeInLine) + ".");
@@ -146,9 +141,9 @@ void Sayer::SayCost()
     Say(SentenceKind::Result,
         "Channels and units in the system cost " + CostText(given) + " per time period.");
     const std::vector<ChannelCost> costs = CostsByChannels(problem_);
-    const ChannelCost* cheapest = Cheapest(costs);
+    const ChannelCost* cheapest = Cheapest(problem_, costs);
     if (cheapest == nullptr) return;
-    if (CostText(*cheapest->Cost) == CostText(given))
+    if (!IsCheaper(*cheapest->Cost, given))
         Say(SentenceKind::Change, "No other number of channels from 1 to " + Num(costs.back().Channels) +
                                       " would be cheaper than " + Num(k_) + ".");
     else
@@ -178,10 +173,10 @@ void Sayer::SayOnArrival()
     const std::string what = k_ == 1 ? "finds it busy" : "finds all channels busy";
     if (k_ > 1)
         Say(SentenceKind::Result,
-            "The chance that all channels are busy is " + picture::Chance(result_.ProbabilityWait, 4) + ".");
+            "The chance that all channels are busy is " + AllBusyTold(problem_, result_) + ".");
     if (ChanceText(arriving) != ChanceText(result_.ProbabilityWait))
         Say(SentenceKind::Caution, "A unit that arrives " + what + " less often, in " +
-                                       picture::Percent(ChanceText(arriving)) +
+                                       picture::PercentOf(arriving, 4) +
                                        " of the cases, as it is not itself among the others.");
 }
 

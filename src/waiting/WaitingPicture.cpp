@@ -30,15 +30,28 @@ double Top(double highest)
     return highest > 0 ? highest * kRoom : 1;
 }
 
+// Room above the highest chance, but none above 1.
+double TopOfChances(double highest)
+{
+    return highest > 1 ? Top(highest) : std::min(1.0, Top(highest));
+}
+
+// "a chance of 0.5000", "a chance below 0.0001"
+std::string AChance(double chance)
+{
+    const std::string told = picture::Chance(chance, 4);
+    return "a chance " + std::string(told.front() == 'b' ? "" : "of ") + told;
+}
+
 // ---- chance of n units ----
 
 std::string UnitsNote(const WaitingProblem& problem, const WaitingResult& result)
 {
     if (problem.WaitingModel == kNoWaiting)
-        return "All channels are busy, and an arriving unit is lost, with a chance of " +
-               ChanceText(result.ProbabilityWait) + ".";
-    return "The system is empty with a chance of " + ChanceText(result.ProbabilityNone) + " and holds " +
-           AverageText(result.UnitsInSystem) + " units on average.";
+        return "All channels are busy, and an arriving unit is lost, with " +
+               AChance(result.ProbabilityWait) + ".";
+    return "The system is empty with " + AChance(result.ProbabilityNone) + " and holds " +
+           AverageTold(result.UnitsInSystem) + " units on average.";
 }
 
 Series Bar(Role role, std::string name)
@@ -83,11 +96,11 @@ Picture UnitsPicture(const WaitingProblem& problem, const WaitingResult& result)
     }
     if (!lost && k <= last)
         chart.Rules.push_back({.As = Role::Limit, .Value = k - kHalf, .Text = "all channels busy"});
-    chart.Y.To = Top(highest);
+    chart.Y.To = TopOfChances(highest);
     Picture units{.Title = "Chance of n units", .Notes = {UnitsNote(problem, result)}};
     if (tail && last > 0)
         units.Notes.push_back("Chance of " + std::to_string(last + 1) +
-                              " or more units: " + ChanceText(result.TailProbability) + ".");
+                              " or more units: " + picture::Chance(result.TailProbability, 4) + ".");
     units.Body = std::move(chart);
     return units;
 }
@@ -135,8 +148,8 @@ Picture WaitPicture(const WaitingProblem& problem, const WaitingResult& result)
                            .Tip = "Load " + ChanceText(load) + ": " + figures,
                            .Id = "present"});
     Picture wait{.Title = "Wait"};
-    wait.Notes = {"At the present load of " + ChanceText(load) + " the line holds " +
-                  AverageText(result.UnitsInLine) +
+    wait.Notes = {"At the present load of " + picture::Chance(load, 4) + " the line holds " +
+                  AverageTold(result.UnitsInLine) +
                   " units on average; towards full load it grows without limit."};
     wait.Body = std::move(chart);
     return wait;
@@ -172,7 +185,7 @@ Picture CostPicture(const WaitingProblem& problem, const WaitingResult& result,
 {
     const int k = ChannelsOf(problem);
     const double given = TotalCost(problem, result);
-    const ChannelCost* cheapest = Cheapest(costs);
+    const ChannelCost* cheapest = Cheapest(problem, costs);
     Chart chart{.X = CountAxis("Channels", 1, costs.back().Channels),
                 .Y = {.Title = "Total cost per time period ($)"}};
     Series points{.Kind = SeriesKind::Points, .Name = "total cost"};
@@ -186,17 +199,22 @@ Picture CostPicture(const WaitingProblem& problem, const WaitingResult& result,
     if (chart.Y.To > 0) chart.Y.To = Top(chart.Y.To);
     chart.Curves = {points};
     Picture picture{.Title = "Cost"};
-    if (cheapest != nullptr && cheapest->Channels != k) {
+    const bool same = cheapest == nullptr || !IsCheaper(*cheapest->Cost, given);
+    if (!same) {
         picture.Notes.push_back("Cheapest: " + picture::Counted(cheapest->Channels, "channel") + ", " +
                                 CostText(*cheapest->Cost) + " per time period instead of " + CostText(given) +
                                 " with " + std::to_string(k) + ".");
         MarkCount(chart, Role::Best, cheapest->Channels, *cheapest->Cost,
                   "cheapest " + CostText(*cheapest->Cost), "cheapest");
+    } else if (cheapest != nullptr && cheapest->Channels != k) {
+        picture.Notes.push_back("No number of channels is cheaper than the given " + std::to_string(k) +
+                                ": " + CostText(given) + " per time period.");
     } else {
         picture.Notes.push_back("The given number of channels, " + std::to_string(k) +
                                 ", is the cheapest: " + CostText(given) + " per time period.");
     }
-    MarkCount(chart, Role::Chosen, k, given, "given " + CostText(given), "given");
+    MarkCount(chart, Role::Chosen, k, given, (same ? "given and cheapest " : "given ") + CostText(given),
+              "given");
     BandOfTooFew(chart, costs, picture.Notes);
     picture.Body = std::move(chart);
     return picture;
@@ -218,7 +236,7 @@ Picture LostPicture(const WaitingProblem& problem, const WaitingResult& result)
                               picture::Chance(other->ProbabilityWait, 4));
         highest = std::max(highest, other->ProbabilityWait);
     }
-    chart.Y.To = Top(highest);
+    chart.Y.To = TopOfChances(highest);
     chart.Curves = {points};
     MarkCount(chart, Role::Chosen, k, result.ProbabilityWait, "given " + ChanceText(result.ProbabilityWait),
               "given");

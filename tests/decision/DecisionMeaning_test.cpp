@@ -86,6 +86,15 @@ TEST(DecisionMeaning, OfASample)
                     "Above a chance of 0.429 for state 1 alternative 1 becomes best."));
 }
 
+// After either outcome the better alternative has 0.502 instead of 0.5.
+TEST(DecisionMeaning, OfASampleThatBringsLessThanIsPrinted)
+{
+    GivenChances({{1, 0}, {0, 1}}, {0.5, 0.5});
+    GivenSample({{0.502, 0.498}, {0.498, 0.502}});
+    EXPECT_THAT(Solved(), Contains("Knowing the state beforehand is worth at most 0.50; this sample brings "
+                                   "less than 0.01 of it."));
+}
+
 TEST(DecisionMeaning, OfASampleThatBringsNothing)
 {
     GivenChances({{100, -50}, {20, 10}}, {0.4, 0.6});

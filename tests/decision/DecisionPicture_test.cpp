@@ -184,8 +184,12 @@ TEST(DecisionPictures, MoreThanSixtyLeavesAreFolded)
     const Diagram& tree = TreeOf(pictures);
     EXPECT_EQ(tree.Nodes.size(), 1U + 1 + 9 + 1);
     EXPECT_TRUE(NodeOf(tree, "others").Folded);
-    EXPECT_THAT(NodeOf(tree, "others").Lines[0], HasSubstr("1: 0.00, 2: 0.11"));
-    EXPECT_THAT(pictures[0].Notes.back(), HasSubstr("folded into one line"));
+    EXPECT_THAT(NodeOf(tree, "others").Lines,
+                ElementsAre("1: 0.00", "2: 0.11", "3: 0.22", "4: 0.33", "5: 0.44", "6: 0.56"));
+    EXPECT_EQ(ArcTo(tree, "others").Text, "the others");
+    EXPECT_EQ(pictures[0].Notes.back(),
+              "Only the best alternative is open; the others are folded into one line with their expected "
+              "values.");
 }
 
 TEST(DecisionPictures, OptimismAndCautionPickAnEndOfEachLine)
@@ -251,6 +255,10 @@ TEST(DecisionPictures, OneAlternativeMayBeBestForEveryChance)
     GivenPayoffs({{3, 3}, {1, 2}}, true, Decision::kOptimistic);
     GivenStateProbabilities({0.5, 0.5});
     EXPECT_THAT(Solved()[1].Notes, ElementsAre("For every chance of state 1 the best is alternative 1."));
+    GivenPayoffs({{3, 3}, {3, 3}}, true, Decision::kOptimistic);
+    GivenStateProbabilities({0.5, 0.5});
+    EXPECT_THAT(Solved()[1].Notes,
+                ElementsAre("For every chance of state 1 the best are alternatives 1 and 2."));
 }
 
 // ---- at random ----

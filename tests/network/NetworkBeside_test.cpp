@@ -314,6 +314,9 @@ TEST(RouteMeaning, TellsTheRoute)
                             "Another route is as short: it reaches 5 from 6."));
     Route(2, {{1, 2, 5}}, 2, 2);
     EXPECT_THAT(RouteTexts(), ElementsAre("Start and end are the same node, 2: the length is 0."));
+    Problem.DecimalPlaces = 1;
+    EXPECT_THAT(RouteTexts(), ElementsAre("Start and end are the same node, 2: the length is 0.0."));
+    EXPECT_EQ(Network::RouteSteps(Problem, Result)[0].Heading, "Node 2 starts with 0.0");
 }
 
 TEST(RouteMeaning, TellsWhyThereIsNone)

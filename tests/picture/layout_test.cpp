@@ -60,6 +60,28 @@ TEST(FreeLayout, OfTheLargestNetworksIsClean)
     EXPECT_GE(clean, kNetworks - 1);
 }
 
+// The head of an arrow is 14 pixels long: no label covers it where there is room beside the line.
+TEST(FreeLayout, LabelsLeaveTheHeadsOfArrowsFree)
+{
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        Diagram diagram = networks::Random(seed, 12, 16);
+        for (picture::Arc& arc : diagram.Arcs)
+            arc.Directed = true;
+        const Placement placement = Place(diagram, {560, 480}, LetterSize);
+        int covered = 0;
+        for (const picture::PlacedArc& arc : placement.Arcs) {
+            ASSERT_TRUE(arc.Label);
+            const picture::Point& tip = arc.Path.back();
+            const picture::Point& from = arc.Path.front();
+            const double length = std::hypot(tip.X - from.X, tip.Y - from.Y);
+            for (const double back : {1.0, 5.0, 9.0, 13.0})
+                covered += arc.Label->Holds(picture::Point{tip.X - (tip.X - from.X) * back / length,
+                                                           tip.Y - (tip.Y - from.Y) * back / length});
+        }
+        EXPECT_EQ(covered, 0) << seed;
+    }
+}
+
 TEST(FreeLayout, IsTheSameEachTime)
 {
     const Diagram diagram = networks::Random(5, 12, 20);
@@ -166,6 +188,13 @@ TEST(TwoSides, BlocksAreAsHighAsTheirAmounts)
     EXPECT_NEAR(placement.Nodes[0].Place.Height, 3 * placement.Nodes[1].Place.Height, 1e-9);
     EXPECT_NEAR(placement.Arcs[0].Width, placement.Nodes[1].Place.Height, 1e-9);
     EXPECT_NEAR(placement.Nodes[0].Used, 2.0 / 3, 1e-12);
+    EXPECT_EQ(placement.TooThin, 0);
+    sides.Nodes[0].Amount = 100000;
+    sides.Nodes[1].Amount = 99900;
+    sides.Arcs[0].Weight = 99900;
+    const Placement thin = Place(sides, {400, 340}, LetterSize);
+    EXPECT_EQ(thin.TooThin, 1);
+    EXPECT_EQ(thin.Arcs[1].Width, 1);
 }
 
 // Two lines of one node leave it in the order in which they arrive.

@@ -184,6 +184,51 @@ TEST(PictureView, ALineOfOnePointHasItsName)
     EXPECT_NE(qt::ImageOf(named), qt::ImageOf(nameless));
 }
 
+// Costs that fall steeply to the two strong marks near the axis and rise slowly behind them.
+TEST(PictureView, ALabelStandsAboveItsMarkWhereThereIsNoRoomBeside)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "Channels", .From = 0.5, .To = 30.5, .Counts = true};
+    chart.Y = {.Title = "Cost", .From = 0, .To = 1100};
+    picture::Series costs{.Kind = picture::SeriesKind::Points};
+    for (int k = 1; k <= 30; ++k)
+        costs.Points.push_back({static_cast<double>(k), 135.0 + 20 * k + 880.0 / (k * k * k)});
+    chart.Curves = {costs};
+    for (const std::size_t k : {3U, 4U})
+        chart.Marks.push_back({.As = Role::Best, .At = costs.Points[k - 1], .Text = "cheapest $239.79"});
+    const picture::Picture picture{.Title = "Cost", .Body = chart};
+    qt::PictureCanvas canvas(nullptr);
+    canvas.SetPicture(&picture);
+    canvas.FitTo({560, 480});
+    canvas.grab();
+    EXPECT_EQ(canvas.Page()->LeftOut(), 0);
+}
+
+// 200 pixels for 1,000 units: 1 unit is thinner than a pixel, and it is told below the picture.
+TEST(PictureView, AThinLineIsTold)
+{
+    picture::Diagram sides{.Kind = picture::Layout::TwoSides};
+    sides.Nodes = {{.Id = "o", .Lines = {"o"}, .Rank = 0, .Amount = 1000, .Used = 1000},
+                   {.Id = "d", .Lines = {"d"}, .Rank = 1, .Amount = 999, .Used = 999},
+                   {.Id = "e", .Lines = {"e"}, .Rank = 1, .Amount = 1, .Used = 1}};
+    sides.Arcs = {{.From = "o", .To = "d", .Weight = 999}, {.From = "o", .To = "e", .Weight = 1}};
+    const auto heightOf = [](const picture::Diagram& diagram) {
+        const picture::Picture picture{.Title = "Shipments", .Body = diagram};
+        qt::PictureCanvas canvas(nullptr);
+        canvas.SetPicture(&picture);
+        canvas.FitTo({400, 260});
+        canvas.grab();
+        return std::pair(canvas.Page()->AddedNotes().second,
+                         canvas.Page()->Least(canvas.ScreenLook(), 400).height());
+    };
+    const auto thin = heightOf(sides);
+    EXPECT_EQ(thin.first, 1);
+    sides.Arcs[1].Weight = 500;
+    const auto thick = heightOf(sides);
+    EXPECT_EQ(thick.first, 0);
+    EXPECT_GT(thin.second, thick.second);  // by the line of the note
+}
+
 // Beside the end of another line, whose name would stand there.
 TEST(PictureView, NoNameCoversALineOfOnePoint)
 {

@@ -167,6 +167,26 @@ TEST(WaitingMeaning, AChannelForEachMemberLeavesNobodyWaiting)
     EXPECT_THAT(Said(), Contains("2 channels are never needed: the population has 1 member only."));
 }
 
+// One channel for 30 members that come as fast as they are served is free in one of 30! e periods only; and 3
+// members that hardly ever come are hardly ever all there.
+TEST(WaitingMeaning, InAPopulationNoShareIsWhole)
+{
+    GivenPopulation(1, 1, 1, 30);
+    EXPECT_THAT(Said(), Contains("The channel is busy more than 99.99 % of the time."));
+    GivenPopulation(2, 1, 1, 30);
+    EXPECT_THAT(Said(), Contains("The chance that all channels are busy is more than 0.9999."));
+    GivenPopulation(2, 1e-9, 1, 3);
+    EXPECT_THAT(Said(), Contains("The chance that all channels are busy is below 0.0001."));
+}
+
+TEST(WaitingMeaning, ALastChannelThatEndsAllWaitingIsTold)
+{
+    GivenPopulation(2, 1, 2, 3);
+    EXPECT_THAT(Said(), Contains("With one channel more no unit would ever wait."));
+    GivenPopulation(1, 1, 2, 3);
+    EXPECT_THAT(Said(), Not(Contains(HasSubstr("no unit would ever wait"))));
+}
+
 // ---- costs ----
 
 TEST(WaitingMeaning, ACheaperNumberOfChannelsIsTold)

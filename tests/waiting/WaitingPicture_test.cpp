@@ -202,7 +202,52 @@ TEST(WaitingPicture, CostMarksTheGivenAndTheCheapestCount)
     EXPECT_EQ(pictures[1].Notes[1], "1 channel cannot cope with the arrivals.");
     GivenExponential(cheapest, 3.5, 2);
     GivenCosts(10, 1);
-    EXPECT_EQ(ChartOf(Drawn(), "Cost").Marks.size(), 1U);
+    const Chart best = ChartOf(Drawn(), "Cost");
+    ASSERT_EQ(best.Marks.size(), 1U);
+    EXPECT_EQ(best.Marks[0].Text, "given and cheapest " + VtWait::CostText(least));
+}
+
+// With free channels each further one up to the size of the population is cheaper by its part of the wait,
+// and beyond it only rounding differs; to the cent many counts cost the same.
+TEST(WaitingPicture, CountsThatCostTheSameAreNotTakenForCheaper)
+{
+    GivenPopulation(5, 1, 3, 2);
+    GivenCosts(10, 0);
+    const auto pictures = Drawn();
+    EXPECT_THAT(pictures[1].Notes, ElementsAre("No number of channels is cheaper than the given 5: $5.00 "
+                                               "per time period."));  // 2 members, each out 1/4 of the time
+    EXPECT_EQ(ChartOf(pictures, "Cost").Marks.size(), 1U);
+    GivenPopulation(2, 1, 3, 4);
+    GivenCosts(10, 0);
+    EXPECT_EQ(ChartOf(Drawn(), "Cost").Marks[0].At.X, 4);
+    GivenPopulation(25, 1, 3, 4);
+    GivenCosts(10, -1);  // each channel brings something: more than there are members bring most
+    EXPECT_EQ(ChartOf(Drawn(), "Cost").Marks[0].Text, "given and cheapest -$15.00");
+}
+
+TEST(WaitingPicture, AChanceThatIsPrintedAsZeroIsSmall)
+{
+    GivenExponential(25, 240, 10);
+    EXPECT_THAT(Drawn()[0].Notes[0],
+                testing::StartsWith("The system is empty with a chance below 0.0001 and holds "));
+    GivenNoWaiting(12, 1, 1);
+    EXPECT_EQ(Drawn()[0].Notes[0],
+              "All channels are busy, and an arriving unit is lost, with a chance below 0.0001.");
+    GivenExponential(2, 0.001, 1);
+    EXPECT_EQ(Drawn()[0].Notes[1], "Chance of 2 or more units: below 0.0001.");
+    GivenDeterministic(0.001, 1);
+    EXPECT_EQ(Drawn()[0].Notes[0],
+              "At the present load of 0.0010 the line holds less than 0.0001 units on "
+              "average; towards full load it grows without limit.");
+}
+
+// 1 / 1.001 of the time nobody is there.
+TEST(WaitingPicture, AnAxisOfChancesEndsAtOne)
+{
+    GivenExponential(2, 0.001, 1);
+    EXPECT_EQ(ChartOf(Drawn(), "Chance of n units").Y.To, 1);
+    GivenNoWaiting(25, 20, 1);
+    EXPECT_EQ(ChartOf(Drawn(), "Lost").Y.To, 1);
 }
 
 TEST(WaitingPicture, CostsOfAPopulationGoToItsSize)
