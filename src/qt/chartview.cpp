@@ -33,6 +33,7 @@ constexpr double kBar = 12;
 constexpr double kThinBar = 4;
 constexpr double kMarkSize = 7;
 constexpr double kDiamond = 7;      // from its middle to a corner
+constexpr double kRing = 8;         // about a mark, its radius
 constexpr double kLeastPlot = 120;  // the smallest height and width of a chart's inside
 constexpr double kMostOfWidth = 0.4;
 
@@ -1080,7 +1081,25 @@ private:
             DrawDiamond(at, mark.As);
         else
             DrawMark(at, mark.As);
-        labels_.Avoid(QRectF(at - QPointF(5, 5), QSizeF(10, 10)));
+        const double half = IsPicked(mark) ? kRing : 5;
+        if (IsPicked(mark)) DrawRing(at, mark.As);
+        labels_.Avoid(QRectF(at - QPointF(half, half), QSizeF(2 * half, 2 * half)));
+    }
+
+    // Of the marks on rows that share a scale the strong one is the figure that counts.
+    [[nodiscard]] bool IsPicked(const Mark& mark) const
+    {
+        return look_.Of(mark.As).Bold && !mark.Diamond && RowsAcross() && !chart_.OwnScales &&
+               std::any_of(chart_.Curves.begin(), chart_.Curves.end(),
+                           [](const Series& series) { return series.Kind == SeriesKind::Interval; });
+    }
+
+    void DrawRing(const QPointF& at, Role role)
+    {
+        QPainterPath ring;
+        ring.addEllipse(at, kRing - 1, kRing - 1);
+        painter_.strokePath(ring, QPen(look_.Ground, 4));
+        painter_.strokePath(ring, QPen(look_.Of(role).Stroke, 2));
     }
 
     void DrawDiamond(const QPointF& at, Role role)
@@ -1101,11 +1120,14 @@ private:
         const QString text = ToQt(mark.Text);
         AddItem(MarkPath(at, MarkForm::Round, 2 * kMarkSize), mark.Tip.empty() ? mark.Text : mark.Tip,
                 mark.Id);
-        labels_.Add({.Text = text,
-                     .As = mark.As,
-                     .Candidates = mark.Diamond     ? BehindDiamond(text, mark.As, at)
-                                   : EndsABar(mark) ? BehindBar(text, mark.As, at)
-                                                    : labels_.AroundPoint(text, mark.As, at)});
+        const bool dot = !mark.Diamond && !EndsABar(mark);
+        Label label{.Text = text,
+                    .As = mark.As,
+                    .Candidates = dot            ? labels_.AroundPoint(text, mark.As, at)
+                                  : mark.Diamond ? BehindDiamond(text, mark.As, at)
+                                                 : BehindBar(text, mark.As, at)};
+        if (dot) label.Anchor = at;
+        labels_.Add(std::move(label));
     }
 
     void PlaceNames()

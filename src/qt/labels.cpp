@@ -139,6 +139,22 @@ int Labels::LinesCut(const QRectF& place) const
     return cut;
 }
 
+// From the edge of a label that stands far from its mark to the mark's own edge.
+void Labels::DrawLeader(QPainter& painter, const QRectF& place, const Label& label) const
+{
+    constexpr double kFar = 20;
+    constexpr double kMark = 6;
+    if (!label.Anchor) return;
+    const QPointF mark = *label.Anchor;
+    const QPointF edge(std::clamp(mark.x(), place.left(), place.right()),
+                       std::clamp(mark.y(), place.top(), place.bottom()));
+    QLineF line(edge, mark);
+    if (line.length() < kFar) return;
+    line.setLength(line.length() - kMark);
+    painter.setPen(QPen(look_.Of(label.As).Stroke, 1));
+    painter.drawLine(line);
+}
+
 void Labels::Draw(QPainter& painter)
 {
     std::stable_sort(labels_.begin(), labels_.end(), [this](const Label& a, const Label& b) {
@@ -161,6 +177,7 @@ void Labels::Draw(QPainter& painter)
         }
         constexpr double kBetween = 3;  // labels beside each other are told apart
         taken_.push_back(best->adjusted(-kBetween, 0, kBetween, 0));
+        DrawLeader(painter, *best, label);
         DrawOnPlate(painter, *best, label.Text, look_, label.As);
     }
 }

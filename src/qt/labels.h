@@ -6,6 +6,7 @@
 #include <QPainterPath>
 #include <QRectF>
 #include <QString>
+#include <optional>
 #include <vector>
 
 #include "qt/look.h"
@@ -18,7 +19,8 @@ struct Label {
     QString Text;
     picture::Role As = picture::Role::Plain;
     std::vector<QRectF> Candidates;
-    bool Quiet = false;  // a figure: plain type whatever its role
+    bool Quiet = false;                  // a figure: plain type whatever its role
+    std::optional<QPointF> Anchor = {};  // the mark that it names: a line leads to it from afar
 };
 
 class Labels {
@@ -43,6 +45,7 @@ public:
                                              const QRectF& area) const;
 
 private:
+    void DrawLeader(QPainter& painter, const QRectF& place, const Label& label) const;
     [[nodiscard]] bool IsFree(const QRectF& place) const;
     [[nodiscard]] int LinesCut(const QRectF& place) const;
     [[nodiscard]] QSizeF Size(const QString& text, picture::Role role) const;

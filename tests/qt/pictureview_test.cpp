@@ -204,6 +204,39 @@ TEST(PictureView, ALabelStandsAboveItsMarkWhereThereIsNoRoomBeside)
     EXPECT_EQ(canvas.Page()->LeftOut(), 0);
 }
 
+// A ring of its own colour stands about it, a gap of the ground between; a plain mark of the row has none.
+TEST(PictureView, TheFigureThatCountsOnARowIsRinged)
+{
+    picture::Chart chart;
+    chart.X = {.Title = "Payoff", .From = 0, .To = 100};
+    chart.Y = {.Title = "Alternative", .From = 0.5, .To = 1.5, .Names = {"1"}};
+    chart.Curves = {{.Kind = picture::SeriesKind::Interval,
+                     .As = Role::Plain,
+                     .Intervals = {{.At = 1, .From = 20, .To = 80}}}};
+    chart.Marks = {{.As = Role::Plain, .At = {20, 1}, .Text = "1", .Id = "plain"},
+                   {.As = Role::Chosen, .At = {80, 1}, .Text = "2: 80", .Id = "picked"}};
+    const picture::Picture picture{.Title = "Criteria", .Body = chart};
+    qt::PictureCanvas canvas(nullptr);
+    canvas.setPalette(Ground(Qt::white, Qt::black));
+    canvas.SetPicture(&picture);
+    canvas.FitTo({560, 300});
+    const QImage image = canvas.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QColor stroke = qt::Look::OnScreen(canvas.palette(), 96).Of(Role::Chosen).Stroke;
+    const auto ringed = [&](const char* id) {
+        const auto& items = canvas.Items();
+        const auto item =
+            std::find_if(items.begin(), items.end(), [id](const qt::Item& one) { return one.Id == id; });
+        const QPoint middle = item->Shape.boundingRect().center().toPoint();
+        int found = 0;  // above and below, where no bar and no label stands
+        for (int y = 6; y <= 9; ++y)
+            found += (image.pixelColor(middle + QPoint(0, y)) == stroke ? 1 : 0) +
+                     (image.pixelColor(middle - QPoint(0, y)) == stroke ? 1 : 0);
+        return found >= 2;
+    };
+    EXPECT_TRUE(ringed("picked"));
+    EXPECT_FALSE(ringed("plain"));
+}
+
 // 200 pixels for 1,000 units: 1 unit is thinner than a pixel, and it is told below the picture.
 TEST(PictureView, AThinLineIsTold)
 {
