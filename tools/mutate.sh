@@ -1,29 +1,21 @@
 #!/usr/bin/env bash
-# Makes small changes to the engines, entry rules and reports of a folder of src/, one by one, and lists those
-# that no test notices: a comparison, a constant by one, a dropped statement, an operator.
+# Makes small changes to the engines, entry rules and reports of src/FOLDER (or of all folders), one at a time, and
+# lists those that no test notices: a comparison's boundary, + for -, * for /, && for ||, a constant by one, a
+# statement left out.
 #
-#   tools/mutate.sh FOLDER [SHARE [FILES]]
+#   tools/mutate.sh [--again] FOLDER|all [FILES]
 #
-#   SHARE   try every SHARE-th change only (default 1: all)
-#   FILES   only in files whose names match this regular expression
+#   --again   only the changes that the last run with this FOLDER has listed: after new tests
+#   FILES     only in files whose names match this regular expression; else in all but pictures, steps and meanings
 #
-# A change that does not compile does not count. The tests of tests/FOLDER run first, then the sessions that
-# choose one of its modules.
+# A copy of the project in build/mutate holds all changes at once, and a run is told which of them is active, so that
+# it is built only once (tools/mutation/). A change is tried against the tests that come by its place: first those of
+# tests/FOLDER, then all others. A test that crashes or goes on for ten times its time has noticed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 . tools/packages.sh
 
-folder=${1:?"which folder of src/?"}
-share=${2:-1}
-files=${3:-}
-[ -d "src/$folder" ] || { echo "there is no src/$folder" >&2; exit 2; }
-
-need_packages "${TEST_PACKAGES[@]}" python3-minimal git
-copy=build/mutate/$folder
-rm -rf "$copy/src" "$copy/tests" "$copy/docs"
-mkdir -p "$copy"
-git ls-files -z | xargs -0 cp --parents -t "$copy"
-cd "$copy"
-cmake --preset dev -DVANTREL_WERROR=OFF -DCMAKE_CXX_FLAGS_DEBUG=-O0 >/dev/null
-cmake --build --preset dev >build/first.log
-exec python3 tools/mutate.py "$folder" "$share" "$files"
+[ $# -gt 0 ] || { sed -n '2,/^set/{/^#/s/^# \{0,1\}//p}' "$0" >&2; exit 2; }
+need_packages "${TEST_PACKAGES[@]}" git python3 python3-clang-14
+mkdir -p build/mutate
+exec /usr/bin/python3 tools/mutation/mutate.py build/mutate "$@"

@@ -51,7 +51,7 @@ void LabelFromStart(NetworkResult& result, int start, int nodes)
     result.NodeLabel(kPermanent, start) = 1;
     result.NodeLabel(kDistance, start) = 0;
     for (int n = 1; n <= nodes; ++n) {
-        if (n == start || result.NodeDistance(n, start) == kNoArc) continue;
+        if (result.NodeDistance(n, start) == kNoArc) continue;
         result.NodeLabel(kDistance, n) = result.NodeDistance(n, start);
         result.NodeLabel(kPredecessor, n) = start;
     }

@@ -158,6 +158,21 @@ TEST(SpanningTree, ALoopAtTheFirstNodeCountsAsAnArc)
     EXPECT_EQ(Result.TreeLength, 5000);
 }
 
+// Node 1 joins itself and stands among the tree nodes twice; its arcs are compared once.
+TEST(SpanningTree, ComparesTheArcsOfEachTreeNodeOnce)
+{
+    GiveTree(3, {{1, 1, 1}, {1, 2, 2}, {2, 3, 3}});
+    std::vector<Network::JoinStep> steps;
+    Network::FindSpanningTree(Network::Problem, &steps);
+    std::vector<std::vector<int>> compared;
+    for (const Network::JoinStep& step : steps) {
+        compared.emplace_back();
+        for (const Network::TreeArc& arc : step.Compared)
+            compared.back().insert(compared.back().end(), {arc.Start, arc.End, arc.Length});
+    }
+    EXPECT_EQ(compared, (std::vector<std::vector<int>>{{1, 1, 1000, 1, 2, 2000}, {1, 2, 2000}}));
+}
+
 TEST(ShortestRoute, ThroughThePublishedParkIs13Miles)
 {
     GiveRoute(7, ParkRoads(), 1, 7);
@@ -220,6 +235,17 @@ TEST(ShortestRoute, TiesKeepTheEarlierPredecessor)
     GiveRoute(4, {{3, 4, 1}, {1, 3, 1}, {2, 4, 1}, {1, 2, 1}}, 1, 4);
     FindRoute();
     EXPECT_EQ(RouteNodes(), (std::vector<int>{1, 2, 4}));
+}
+
+// Only a file holds a length below zero. Node 2 is permanent with 1 when node 3 comes to 1 - 5 = -4, from
+// where it would be -9.
+TEST(ShortestRoute, APermanentNodeKeepsItsLabel)
+{
+    GiveRoute(4, {{1, 2, 1}, {2, 3, -5}, {1, 4, 9}}, 1, 3);
+    FindRoute();
+    EXPECT_EQ(Result.NodeLabel(Network::kDistance, 2), 1000);
+    EXPECT_EQ(Result.NodeLabel(Network::kDistance, 3), -4000);
+    EXPECT_EQ(RouteNodes(), (std::vector<int>{1, 2, 3}));
 }
 
 TEST(ShortestRoute, AnArcAsLongAsNoArcIsNone)

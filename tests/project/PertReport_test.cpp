@@ -219,6 +219,23 @@ TEST_F(PertReport, EightPredecessorsStandInFullInTheList)
     EXPECT_THAT(Printed(), Contains("                I           A, B, C, D, E, F, G, H   12"));
 }
 
+// The list of predecessors ends at column 37, the optimistic times at 39: the least gap is two blanks.
+TEST_F(PertReport, EightPredecessorsMoveTheEstimates)
+{
+    std::vector<Activity> project(8, {"", {1, 1, 1}});
+    project.push_back({"ABCDEFGH", {2, 3, 4}});
+    Solved(project);
+    EXPECT_THAT(Printed(), Contains("      I        A, B, C, D, E, F, G, H  2            3              4"));
+}
+
+TEST_F(PertReport, TimesHaveAtMostTwoDecimals)
+{
+    Problem.TimeDecimals = 3.0;
+    EXPECT_EQ(TimePlaces(Problem), 2);
+    Problem.TimeDecimals = 2.0;
+    EXPECT_EQ(TimePlaces(Problem), 2);
+}
+
 TEST_F(PertReport, WithoutASolveNothingIsPrinted)
 {
     Given(kHouse);

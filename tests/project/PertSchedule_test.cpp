@@ -154,12 +154,16 @@ TEST(PertSchedule, SlackCountsFromAHundredThousandth)
     Given({{"", {1}}, {"", {1 - 0.000009}}, {"", {1 - 0.000011}}});
     Calculate();
     EXPECT_EQ(Letters(Result.CriticalFlag), "AB");
+    Given({{"", {0.00001}}, {"", {0}}});
+    Calculate();
+    EXPECT_EQ(Letters(Result.CriticalFlag), "A");
 }
 
 TEST(PertSchedule, DecimalsOfTheReportFollowTheExpectedTimes)
 {
-    const std::vector<std::pair<double, int>> cases = {
-        {5, 0}, {5.00009, 0}, {5.00011, 2}, {5.5, 1}, {5.5000009, 1}, {5.500002, 2}, {5.25, 2}, {4.9999, 2}};
+    const std::vector<std::pair<double, int>> cases = {{5, 0},        {5.00009, 0}, {5.00011, 2},
+                                                       {0.0001, 0},   {5.5, 1},     {5.5000009, 1},
+                                                       {5.500002, 2}, {5.25, 2},    {4.9999, 2}};
     for (const auto& [time, decimals] : cases) {
         Given({{"", {time, time, time}}});
         Calculate();

@@ -88,6 +88,8 @@ TEST_F(PertEntry, ANewTableHoldsZeroes)
     Given(kHouseEstimated);
     Calculate();
     Problem.CurrentActivity = 3;
+    Problem.TimeDecimals = 2.0;
+    Problem.DecimalPlaces = 2.0;
     MakeTable();
     EXPECT_EQ(Problem.CurrentActivity, 1);
     EXPECT_EQ(Problem.NumActivities, 14);
@@ -215,6 +217,16 @@ TEST_F(PertEntry, PredecessorsFillTheTableFromTheTop)
     TakePredecessors({});
     EXPECT_EQ(PredecessorText(5), "");
     EXPECT_EQ(Problem.PredTable(1, 5).Value(), 0);
+}
+
+TEST_F(PertEntry, FewerPredecessorsLeaveNothingOfTheEight)
+{
+    Given(std::vector<Activity>(9, {"", {0}}));
+    Problem.CurrentActivity = 9;
+    TakePredecessors({1, 2, 3, 4, 5, 6, 7, 8});
+    EXPECT_EQ(Problem.PredTable(8, 9).Value(), 8);
+    TakePredecessors({1});
+    EXPECT_EQ(Problem.PredTable(8, 9).Value(), 0);
 }
 
 TEST_F(PertEntry, ANinthPredecessorIsBeyondTheTable)
