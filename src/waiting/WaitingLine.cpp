@@ -170,7 +170,6 @@ void Line::FinitePopulation()
     result_.ProbabilityNone = Divide(1, Sum(weight, 0, k - 1) + Sum(weight, k, population));
     for (int n = 0; n <= population; ++n)
         probability(n) = result_.ProbabilityNone * weight(n);
-    result_.UnitsInLine = 0;
     for (int n = k; n <= population; ++n)
         result_.UnitsInLine += probability(n) * (n - k);
     double unitsInService = 0;  // while a channel is free

@@ -93,6 +93,16 @@ TEST_F(DecisionReport, SetsRowsCloseFromFiveAlternativesOn)
                                   "          5                  0            YES"));
 }
 
+TEST_F(DecisionReport, SetsFourAlternativesApart)
+{
+    GivenPayoffs(Zeros(4, 1), true, Decision::kOptimistic);
+    const Lines rows = After(ScreenText(), "    ***********       *********       ***********");
+    EXPECT_THAT(rows, ElementsAre("", "          1                  0            YES", "",
+                                  "          2                  0            YES", "",
+                                  "          3                  0            YES", "",
+                                  "          4                  0            YES", ""));
+}
+
 TEST_F(DecisionReport, NamesEveryCriterion)
 {
     const std::vector<std::pair<int, std::string>> names = {{1, "USING THE OPTIMISTIC CRITERION"},
@@ -207,6 +217,39 @@ TEST_F(DecisionReport, SetsTheStrategyCloserFromFourOutcomesOn)
     EXPECT_EQ(rows[3], "            2              1               1.00         0.250");
 }
 
+TEST_F(DecisionReport, SetsTheStrategyOfThreeOutcomesApart)
+{
+    GivenPayoffs({{1}}, true, Decision::kOptimistic);
+    GivenStateProbabilities({1});
+    GivenSample({{0.5, 0.25, 0.25}});
+    const Lines rows = After(ScreenText(), kStrategyHeading[5]);
+    EXPECT_THAT(Lines(rows.begin() + 1, rows.begin() + 5),
+                ElementsAre("            1              1               1.00         0.500", "", "",
+                            "            2              1               1.00         0.250"));
+}
+
+TEST_F(DecisionReport, OneOutcomeHasAStrategyToo)
+{
+    GivenPayoffs({{1}}, true, Decision::kOptimistic);
+    GivenStateProbabilities({1});
+    GivenSample({{1}});
+    EXPECT_EQ(After(ScreenText(), kStrategyHeading[5])[1],
+              "            1              1               1.00         1.000");
+}
+
+// A file may ask for a strategy without an outcome.
+TEST_F(DecisionReport, WithoutOutcomesTheStrategyHasNoHeading)
+{
+    GivenPayoffs({{1}}, true, Decision::kOptimistic);
+    GivenStateProbabilities({1});
+    Decision::Problem.ComputeStrategy = "YES";
+    EXPECT_THAT(ScreenText(), testing::Not(testing::Contains(kStrategyHeading[1])));
+    Lines full;
+    ASSERT_NO_THROW(full = FullReport());
+    EXPECT_EQ(After(full, "******************************************************************")[1],
+              "  STATE  ");
+}
+
 TEST_F(DecisionReport, HasNoEfficiencyWithoutAValueOfPerfectInformation)
 {
     GivenPayoffs({{1}}, true, Decision::kOptimistic);
@@ -264,6 +307,15 @@ TEST_F(DecisionReport, SetsPayoffsCloseFromFiveAlternativesOn)
     EXPECT_THAT(Lines(rows.begin(), rows.begin() + 8),
                 ElementsAre("", "", "    1           0.00", "    2           0.00", "    3           0.00",
                             "    4           0.00", "    5           0.00", ""));
+}
+
+TEST_F(DecisionReport, SetsThePayoffsOfFourAlternativesApart)
+{
+    GivenPayoffs(Zeros(4, 1), true, Decision::kOptimistic);
+    Decision::Problem.PayoffDecimals = 2;
+    const Lines rows = After(FullReport(), "********      ******   ");
+    EXPECT_THAT(Lines(rows.begin(), rows.begin() + 6),
+                ElementsAre("", "", "    1           0.00", "", "    2           0.00", ""));
 }
 
 TEST_F(DecisionReport, ListsTheStateProbabilitiesInFull)

@@ -198,6 +198,8 @@ TEST_F(ForecastReport, FieldsFollowTheDecimalPlaces)
         EXPECT_THAT(Solved(kMovingAverages, "1"), Contains(rows[static_cast<std::size_t>(places)]));
         EXPECT_THAT(Printed(), Contains(rows[static_cast<std::size_t>(places)]));
     }
+    Problem.DecimalPlaces = 3.0;
+    EXPECT_THAT(Printed(), Contains(rows[2]));
 }
 
 TEST_F(ForecastReport, TheGapMakesUpForTheDigitsOfThePeriod)
@@ -212,6 +214,21 @@ TEST_F(ForecastReport, TheGapMakesUpForTheDigitsOfThePeriod)
     EXPECT_EQ(lastOf(8, 3, "1"), "     THE FORECAST FOR PERIOD 9             7.00");
     EXPECT_EQ(lastOf(8, 3, "2"), "     THE FORECAST FOR PERIOD 10            7.00");
     EXPECT_EQ(lastOf(100, 3, "12"), "     THE FORECAST FOR PERIOD 112           7.00");
+}
+
+// The field of a trend has 11 columns, that of an average 13.
+TEST_F(ForecastReport, ALongForecastIsCutLaterInAnAverage)
+{
+    Given({123456789012.0, 123456789012.0, 123456789012.0, 123456789012.0});
+    EXPECT_EQ(Solved(kMovingAverages, "1").back(), "     THE FORECAST FOR PERIOD 5    123456789012.");
+    EXPECT_EQ(Solved(kTrendProjection, "1").back(), "     THE FORECAST FOR PERIOD 5      12345678901");
+    EXPECT_EQ(Solved(kTrendAndSeasonal, "1", "1").back(), "     THE FORECAST FOR PERIOD 5      12345678901");
+}
+
+TEST_F(ForecastReport, ALevelTrendHasAPlus)
+{
+    Given({5, 5, 5});
+    EXPECT_THAT(Solved(kTrendProjection, "1"), Contains("                 T  = 5 + 0 t"));
 }
 
 TEST_F(ForecastReport, LongNumbersLoseTheirLastDigits)

@@ -106,6 +106,8 @@ TEST(ForecastSteps, TheLineIsRoundedInAStepOfItsOwn)
                 ElementsAre("Sums for the line", "Slope and intercept", "Rounding to thousandths",
                             "Fitted values and errors", "Period 4", "Mean square error", "Proof"));
     EXPECT_THAT(Figures(steps[0].Figures.back()), ElementsAre(6, 2, 14, 4.67));
+    EXPECT_THAT(steps[1].Figures[0], EndsWith("= 0.67"));  // Sxy = 14/3 - 6 x 2/3
+    EXPECT_THAT(steps[1].Figures[1], EndsWith("= 2.00"));  // Sxx = 14 - 6 x 6/3
     EXPECT_THAT(steps[1].Figures[2], EndsWith("= 0.33333"));
     EXPECT_THAT(steps[2].Figures, ElementsAre("b0 = 0.00000 becomes 0", "b1 = 0.33333 becomes 0.333"));
     EXPECT_THAT(steps[4].Figures, ElementsAre("forecast = (0 + 0.333 x 4) = 1.33"));

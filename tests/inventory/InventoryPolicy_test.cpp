@@ -443,6 +443,7 @@ TEST(SafetyFactor, EndsWhereTheTableEnds)
 TEST(SafetyFactor, IsAHundredthAtAnEvenChance)
 {
     EXPECT_DOUBLE_EQ(SafetyFactor(0.5), 0.01);
+    EXPECT_EQ(VtInvent::SafetyFactor(0.5).Row, 1);
 }
 
 // Row 166 (z = 1.65) holds .4505, row 165 holds .4495.

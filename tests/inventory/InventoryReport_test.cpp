@@ -200,6 +200,21 @@ TEST_F(InventoryReports, ANegativeReorderPointThatIsNotAskedForHasNoNote)
     EXPECT_EQ(LineWith(page, "REORDER"), kNone);
 }
 
+TEST_F(InventoryReports, AReorderPointOfZeroHasNoStar)
+{
+    GivenShortages(0);
+    VtInvent::SolveProblem();
+    for (const double point : {0.0, 0.5}) {
+        Result.ReorderPoint = point;
+        EXPECT_EQ(LineWith(File(), "REORDER POINT"),
+                  point == 0 ? "    REORDER POINT                                   .00"
+                             : "    REORDER POINT                                   .50");
+        EXPECT_EQ(LineWith(File(), "NEGATIVE REORDER POINT"), kNone);
+    }
+    Result.ReorderPoint = -0.01;
+    EXPECT_EQ(LineWith(File(), "REORDER POINT *"), "    REORDER POINT *                                -.01");
+}
+
 TEST_F(InventoryReports, DiscountsEchoTheirCategories)
 {
     GivenDiscounts({400, 25, 0, 200}, 20, {{40, 0}, {38.5, 99.5}, {12345678.905, 12345678}});
@@ -299,6 +314,18 @@ TEST_F(InventoryReports, CertainDemandHasNoSafetyStockAndNoStockouts)
                             "    PROBABILITY OF A STOCKOUT PER CYCLE          0.0000"));
     EXPECT_EQ(LinesFrom(File(), "PER CYCLE").front(),
               "    PROBABILITY OF A STOCKOUT PER CYCLE           .0000");
+}
+
+// A tenth of a unit is a deviation too: 0.1 x 1.29 = 0.129.
+TEST_F(InventoryReports, DemandThatHardlyVariesHasASafetyStock)
+{
+    GivenService({400, 25, 8, 200}, 30, 0.1);
+    GivenStockoutProbability(0.1);
+    EXPECT_THAT(LinesFrom(Screen(), "SAFETY STOCK"),
+                ElementsAre("    SAFETY STOCK                                    .13",
+                            "    ANNUAL SAFETY STOCK COST                      $1.03",
+                            "    EXPECTED STOCKOUTS PER YEAR                     .80",
+                            "    PROBABILITY OF A STOCKOUT PER CYCLE          0.1000"));
 }
 
 TEST_F(InventoryReports, SinglePeriodProbabilitiesLoseTheirZeroOnScreenOnly)

@@ -199,6 +199,8 @@ TEST_F(WaitingEntry, AnArrivalRateOfAFileIsAboveZeroToo)
             EXPECT_FALSE(VtWait::CheckRates());
             EXPECT_EQ(desktop.dialogs.Last(), Refused(kMean));
         }
+        GivenChannels(model, 1, 0.5, 3);
+        EXPECT_TRUE(VtWait::CheckRates());
     }
 }
 

@@ -364,6 +364,15 @@ TEST(NoWaiting, FailsBeyondTheChannelsOfItsTable)
     EXPECT_EQ(FailureOfSolve(), ErrorNumber::SubscriptOutOfRange);
 }
 
+// 1e13 to the power 26 over 26! is 2.5e311 and beyond all numbers, 1e13 to the power 25 over 25! is 6.4e299.
+TEST(NoWaiting, FailsForALoadBeyondAllNumbers)
+{
+    GivenNoWaiting(26, 1e13, 1);
+    EXPECT_EQ(FailureOfSolve(), ErrorNumber::Overflow);
+    GivenNoWaiting(25, 1e13, 1);
+    EXPECT_EQ(FailureOfSolve(), ErrorNumber{0});
+}
+
 // ---- finite population ----
 
 // Printed answers of a repair shop: 6 machines, 0.05 failures and 0.5 repairs an hour.

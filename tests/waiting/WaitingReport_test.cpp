@@ -136,6 +136,12 @@ TEST_F(WaitingReports, AWaitThatIsShownAsZeroIsZero)
     EXPECT_EQ(LineWith(Screen(), "HAS TO WAIT"),
               "  THE PROBABILITY THAT AN ARRIVING UNIT HAS TO WAIT        0.0011");
     EXPECT_GT(VtWait::Result.ProbabilityWait, 0.001);
+    VtWait::Result.ProbabilityWait = 0.00005;
+    EXPECT_EQ(LineWith(File(), "HAS TO WAIT"),
+              "        THE PROBABILITY THAT AN ARRIVING UNIT HAS TO WAIT        0.0001");
+    VtWait::Result.ProbabilityWait = 0.0000499;
+    EXPECT_EQ(LineWith(File(), "HAS TO WAIT"),
+              "        THE PROBABILITY THAT AN ARRIVING UNIT HAS TO WAIT        0.0000");
 }
 
 TEST_F(WaitingReports, TotalCostStandsBetweenCharacteristicsAndStates)
