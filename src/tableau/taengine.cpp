@@ -69,9 +69,10 @@ void Add(Node& target, int amount)
     target = static_cast<Node>(target + amount);
 }
 
-int Sign(std::int32_t value)
+// Of an arc that joins a node to its parent: its number, and so never 0.
+int Sign(std::int32_t arc)
 {
-    return value > 0 ? 1 : (value < 0 ? -1 : 0);
+    return arc > 0 ? 1 : -1;
 }
 
 // ---- the start of a run ----
@@ -110,7 +111,6 @@ void AddUpTotals(Work& work)
     work.Result.TotalSupply = ToInt32(supply);
     work.Result.TotalDemand = ToInt32(demand);
     work.FlowBound = std::max(work.Result.TotalSupply, work.Result.TotalDemand);
-    work.NodeSupply(work.Root) = work.Result.TotalDemand - work.Result.TotalSupply;
 }
 
 // Dearer than any route through the table.
@@ -163,22 +163,19 @@ void HangNodesUnderRoot(Work& work)
     work.NodeRevThread(1) = root;
 }
 
+// All nodes hang under the root, whose potential is 0.
 void SetFirstPotentials(Work& work)
 {
     for (Node x = work.NodeThread(work.Root); x < work.Root; x = work.NodeThread(x)) {
         const std::int32_t arc = work.Result.BasicArc(x);
-        work.NodePotential(x) =
-            work.ScaledCost(std::abs(arc)) * Sign(arc) + work.NodePotential(work.NodeParent(x));
+        work.NodePotential(x) = work.ScaledCost(std::abs(arc)) * Sign(arc);
     }
 }
 
-// The root is left with 0; the entries of the other nodes stay as entered.
 void SetFirstFlows(Work& work)
 {
-    for (Node x = work.NodeRevThread(work.Root); x < work.Root; x = work.NodeRevThread(x)) {
+    for (Node x = work.NodeRevThread(work.Root); x < work.Root; x = work.NodeRevThread(x))
         work.Result.BasicFlow(x) = std::abs(work.NodeSupply(x));
-        work.NodeSupply(work.NodeParent(x)) += Sign(work.Result.BasicArc(x)) * work.Result.BasicFlow(x);
-    }
 }
 
 void BuildFirstTree(Work& work)
@@ -333,9 +330,7 @@ void ShiftDepths(Work& work, Node first, Node last, int shift)
 // U is Q itself: the part keeps its shape.
 void KeepShape(Work& work, const Leaving& leaving)
 {
-    const Node u = leaving.U;
-    work.NodeThread(work.NodeLast(u)) = u;
-    ShiftDepths(work, u, work.NodeLast(u), leaving.DepthShift);
+    ShiftDepths(work, leaving.U, work.NodeLast(leaving.U), leaving.DepthShift);
 }
 
 // The place on the stem while its thread is rebuilt from U to Q.

@@ -120,11 +120,11 @@ TEST_F(Cells, DecimalPlacesFollowTheCosts)
         double stored;
     };
     for (const Row& row :
-         {Row{"3", 0, 3}, Row{"3.009", 0, 3.009}, Row{"3.0096", 2, 3.0096}, Row{"2.5094", 1, 2.5094},
-          Row{"2.096", 2, 2.096}, Row{"2.5", 1, 2.5}, Row{"2.55", 2, 2.55}, Row{"2.01", 2, 2.01},
-          Row{"2.59", 2, 2.59}, Row{"2.509", 1, 2.509}, Row{"1234.5", 1, 1234.5}, Row{"1234.56", 2, 999.99},
-          Row{"-1234.56", 2, -999.99}, Row{"999.99", 2, 999.99}, Row{"-2.5", 1, -2.5},
-          Row{"999999.5", 1, 999999.5}}) {
+         {Row{"3", 0, 3}, Row{"0.0094", 0, 0.0094}, Row{"0.0095", 2, 0.0095}, Row{"3.009", 0, 3.009},
+          Row{"3.0096", 2, 3.0096}, Row{"2.5094", 1, 2.5094}, Row{"2.096", 2, 2.096}, Row{"2.5", 1, 2.5},
+          Row{"2.55", 2, 2.55}, Row{"2.01", 2, 2.01}, Row{"2.59", 2, 2.59}, Row{"2.509", 1, 2.509},
+          Row{"1234.5", 1, 1234.5}, Row{"1234.56", 2, 999.99}, Row{"-1234.56", 2, -999.99},
+          Row{"999.99", 2, 999.99}, Row{"-2.5", 1, -2.5}, Row{"999999.5", 1, 999999.5}}) {
         Problem.DecimalPlaces = 0.0;
         EXPECT_EQ(CostAfter(row.text), row.stored) << row.text;
         EXPECT_EQ(Problem.DecimalPlaces.Value(), row.places) << row.text;
@@ -257,6 +257,26 @@ TEST_F(Cells, SizesThatCannotBeAreErrors)
     EXPECT_EQ(ErrorOfAllocating(-1, 3), ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(ErrorOfAllocating(3, -1), ErrorNumber::SubscriptOutOfRange);
     EXPECT_EQ(ErrorOfAllocating(182, 181), ErrorNumber::Overflow);
+}
+
+TEST_F(Cells, SizesBelowZeroLeaveTheTableauAsItWas)
+{
+    const int origins = Problem.NumOrigins;
+    const int destinations = Problem.NumDestinations;
+    ErrorOfAllocating(-1, 7);
+    ErrorOfAllocating(7, -1);
+    EXPECT_EQ(Problem.NumOrigins, origins);
+    EXPECT_EQ(Problem.NumDestinations, destinations);
+}
+
+TEST_F(Cells, CostsAreShownWithAtMostTwoDecimals)
+{
+    for (const int places : {0, 1, 2}) {
+        Problem.DecimalPlaces = places;
+        EXPECT_EQ(Tableau::CostPlaces(Problem), places);
+    }
+    Problem.DecimalPlaces = 3.0;
+    EXPECT_EQ(Tableau::CostPlaces(Problem), 2);
 }
 
 TEST_F(Cells, SizesBeyondTheLimitsOfTheDialogAreTaken)

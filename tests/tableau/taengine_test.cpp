@@ -486,6 +486,60 @@ TEST(taengine, RevenuesAreFlooredBeforeTheirSign)
     EXPECT_EQ(Schedule().Shipment(1, 1), 1);
 }
 
+// Routes 2 and 3 save as much as each other, more than 1 and 4: the first of them ships.
+TEST(taengine, OfEqualRoutesTheFirstIsTaken)
+{
+    GiveTransportation({{5}, {1}, {1}, {5}}, {1, 1, 1, 1}, {1});
+    Solve();
+    EXPECT_EQ(Schedule().Shipment(2, 1), 1);
+    EXPECT_EQ(Schedule().Shipment(3, 1), 0);
+}
+
+// What a unit over the arc saves at these potentials.
+double SavingOver(int arc, const Array1<double>& potential)
+{
+    return potential(Tableau::TailOf(Problem, arc)) - potential(Tableau::HeadOf(Problem, arc)) -
+           static_cast<double>(CostOf(arc));
+}
+
+// Against all arcs but those from the root to destinations, which do not come back; costs of a few hundred
+// thousandths have savings of a single unit, and many that are equal.
+TEST(taengine, AWatchedRunTellsTheArcsThatWouldSaveToo)
+{
+    Draws draws(77);
+    int others = 0;
+    for (int round = 0; round < 300; ++round) {
+        const int rows = draws.From(1, 5);
+        const int columns = draws.From(1, 5);
+        GiveTransportation(draws.Costs(rows, columns, 0, 4, 1e-5), draws.Quantities(rows, 3),
+                           draws.Quantities(columns, 3));
+        Tableau::Trace trace;
+        Tableau::TaSolve(Problem, false, &trace);
+        const Tableau::TreeState* before = &trace.First;
+        for (const Tableau::Change& change : trace.Changes) {
+            int count = 0;
+            int best = 0;
+            double most = 0;
+            for (int arc = 1; arc <= Problem.NumArcs + Problem.NumNodes; ++arc) {
+                if (arc == change.EnteringArc || Tableau::TailOf(Problem, arc) > Problem.NumNodes) continue;
+                const double saving = SavingOver(arc, before->NodePotential);
+                if (saving > 0) ++count;
+                if (saving > most) {
+                    most = saving;
+                    best = arc;
+                }
+            }
+            EXPECT_EQ(change.OthersWithGain, count);
+            EXPECT_EQ(change.RunnerUp, best);
+            EXPECT_EQ(change.RunnerUpGain, most);
+            EXPECT_EQ(change.Gain, SavingOver(change.EnteringArc, before->NodePotential));
+            others += count;
+            before = &change.After;
+        }
+    }
+    EXPECT_GT(others, 500);
+}
+
 TEST(taengine, TheRootsArcsJoinEachNodeByItsSupply)
 {
     GiveTransportation({{1, 2}}, {9}, {3, 0});
