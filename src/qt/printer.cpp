@@ -1,18 +1,16 @@
 #include "qt/printer.h"
 
-#include <QApplication>
 #include <QFontMetricsF>
-#include <QLineEdit>
 #include <QMarginsF>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrintDialog>
 #include <QPrinter>
 #include <utility>
 
 #include "basic/error.h"
 #include "basic/files.h"
+#include "qt/printerdialog.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -141,14 +139,8 @@ QtPrinter::~QtPrinter() = default;
 
 bool QtPrinter::Ask()
 {
-    constexpr int kNameOfFile = 280;  // pixels: a folder and a name can be read
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    QPrintDialog dialog(printer.get(), QApplication::activeWindow());
-    dialog.setObjectName(QStringLiteral("DialogPrinter"));
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile);
-    if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
-        name->setMinimumWidth(kNameOfFile);
-    if (dialog.exec() != QDialog::Accepted) return false;
+    if (!AskPrinter(*printer)) return false;
     if (printer->outputFormat() == QPrinter::PdfFormat) {
         PrintToFile(printer->outputFileName(), printer->pageLayout());
         return true;

@@ -1,13 +1,11 @@
 #include "qt/savepicture.h"
 
-#include <QApplication>
 #include <QBuffer>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPicture>
-#include <QPrintDialog>
 #include <QPrinter>
 #ifdef VANTREL_WITH_SVG
 #include <QSvgGenerator>
@@ -18,6 +16,7 @@
 #include "basic/error.h"
 #include "basic/files.h"
 #include "qt/pictureview.h"
+#include "qt/printerdialog.h"
 #include "qt/text.h"
 
 namespace qt {
@@ -84,6 +83,28 @@ std::string Pdf(const picture::Picture& picture)
         QPageLayout(QPageSize(page.Millimetres(), QPageSize::Millimeter, {}, QPageSize::ExactMatch),
                     QPageLayout::Portrait, QMarginsF()));
     WritePage(writer, page, writer.width());
+    return buffer.data().toStdString();
+}
+
+// In the size that it is saved in, or smaller where the paper is.
+void PrintOn(QPagedPaintDevice& device, const picture::Picture& picture)
+{
+    PaperPage page(picture);
+    const double dots = device.logicalDpiX() / kMillimetresPerInch;
+    const QSizeF room = device.pageLayout().paintRectPixels(device.logicalDpiX()).size();
+    const QSizeF wanted = page.Millimetres() * dots;
+    const double scale = std::min({1.0, room.width() / wanted.width(), room.height() / wanted.height()});
+    WritePage(device, page, scale * wanted.width());
+}
+
+std::string PrintedPdf(const picture::Picture& picture, const QPageLayout& layout)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setTitle(ToQt(picture.Title));
+    writer.setPageLayout(layout);
+    PrintOn(writer, picture);
     return buffer.data().toStdString();
 }
 
@@ -162,16 +183,12 @@ void SavePicture(const picture::Picture& picture, const QString& path)
 void PrintPicture(const picture::Picture& picture)
 {
     QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    dialog.setObjectName(QStringLiteral("DialogPrinter"));
-    dialog.setOptions(QAbstractPrintDialog::PrintToFile);
-    if (dialog.exec() != QDialog::Accepted) return;
-    PaperPage page(picture);
-    const double dots = printer.resolution() / kMillimetresPerInch;
-    const QSizeF room = QSizeF(printer.pageLayout().paintRectPixels(printer.resolution()).size());
-    const QSizeF wanted = page.Millimetres() * dots;
-    const double scale = std::min({1.0, room.width() / wanted.width(), room.height() / wanted.height()});
-    WritePage(printer, page, scale * wanted.width());
+    if (!AskPrinter(printer)) return;
+    if (printer.outputFormat() == QPrinter::PdfFormat) {
+        ReplaceFile(FromQt(printer.outputFileName()), PrintedPdf(picture, printer.pageLayout()));
+        return;
+    }
+    PrintOn(printer, picture);
     if (printer.printerState() == QPrinter::Error) Raise(ErrorNumber::PathFileAccess);
 }
 

@@ -1,14 +1,23 @@
 #include "qt/printer.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QApplication>
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -194,4 +203,62 @@ TEST_F(PrinterTest, ACancelledDialogPrintsNothing)
         dialog->reject();
     });
     EXPECT_FALSE(printer.Ask());
+}
+
+// Presses OK in the dialog that comes up, for this PDF file. What it tells is closed, and the dialog
+// cancelled if it is still there.
+bool AskFor(qt::QtPrinter& printer, const QString& file, QString& told)
+{
+    QTimer::singleShot(0, [&told, file] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* printers = dialog->findChild<QComboBox*>("printers");
+        printers->setCurrentIndex(printers->findText("PDF", Qt::MatchContains));
+        dialog->findChild<QLineEdit*>("filename")->setText(file);
+        QTimer::singleShot(0, dialog, [&told] {
+            auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (message == nullptr) return;
+            told = message->text();
+            message->close();
+        });
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        if (dialog->isVisible()) dialog->reject();
+    });
+    return printer.Ask();
+}
+
+TEST_F(PrinterTest, TheDialogDoesNotWaitForAPipe)
+{
+    const QString pipe = folder.filePath("pipe.pdf");
+    ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
+    const int reader = open(qPrintable(pipe), O_RDONLY | O_NONBLOCK);  // so that a test that fails ends
+    QString told;
+    EXPECT_FALSE(AskFor(printer, pipe, told));
+    EXPECT_EQ(told.toStdString(),
+              "File " + pipe.toStdString() + " is not writable.\nPlease choose a different file name.");
+    char byte = 0;
+    EXPECT_EQ(read(reader, &byte, 1), 0);  // nobody has opened it
+    close(reader);
+    EXPECT_TRUE(AskFor(printer, path, told));
+}
+
+TEST_F(PrinterTest, ALinkToNothingStaysAndItsTargetIsMade)
+{
+    const QString link = folder.filePath("link.pdf");
+    ASSERT_TRUE(QFile::link("second.pdf", link));
+    ASSERT_TRUE(QFile::link("report.pdf", folder.filePath("second.pdf")));
+    QString told;
+    ASSERT_TRUE(AskFor(printer, link, told));
+    printer.Begin("Courier New", 12);
+    printer.Line("A line");
+    printer.EndDoc();
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(PagesOf(path), 1);
+}
+
+TEST_F(PrinterTest, ADeviceCanBeTheFile)
+{
+    QString told;
+    EXPECT_FALSE(AskFor(printer, "/dev/null", told));
+    EXPECT_TRUE(told.contains("overwrite")) << told.toStdString();
 }

@@ -1,6 +1,7 @@
 #include "qt/sidepane.h"
 
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -25,6 +26,7 @@
 #include <stop_token>
 #include <thread>
 
+#include "basic/files.h"
 #include "desktop/desktop.h"
 #include "qt/besidesplitter.h"
 #include "qt/pictureview.h"
@@ -368,14 +370,10 @@ TEST_F(Beside, APictureIsSavedAsItsEndingTells)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 2);
 }
 
-TEST_F(Beside, APictureIsPrinted)
+// What the printer dialog that comes up is answered with.
+void PrintTo(QTimer& answer, const QString& path)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("picture.pdf");
-    splitter_.ShowBesideReport(Counted(), 400);
-    LetItWork();
-    QTimer answer;
-    QObject::connect(&answer, &QTimer::timeout, [&] {
+    QObject::connect(&answer, &QTimer::timeout, &answer, [&answer, path] {
         auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
         if (dialog == nullptr) return;
         answer.stop();
@@ -384,10 +382,65 @@ TEST_F(Beside, APictureIsPrinted)
         dialog->done(QDialog::Accepted);
     });
     answer.start(5);
-    Choose("Print Picture...");
+}
+
+QByteArray Contents(const QString& path)
+{
     QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().startsWith("%PDF"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+TEST_F(Beside, APictureIsPrinted)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("picture.pdf");
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    QTimer answer;
+    PrintTo(answer, path);
+    Choose("Print Picture...");
+    const QByteArray printed = Contents(path);
+    EXPECT_TRUE(printed.startsWith("%PDF"));
+    EXPECT_EQ(printed.count("/Type /Page\n"), 1);
+}
+
+// A file may grow to this many bytes and no more.
+class SmallDisk {
+public:
+    explicit SmallDisk(rlim_t bytes)
+    {
+        TakeSizeLimitAsError();
+        getrlimit(RLIMIT_FSIZE, &limit_);
+        const rlimit small{bytes, limit_.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+    ~SmallDisk() { EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit_), 0); }
+
+private:
+    rlimit limit_{};
+};
+
+TEST_F(Beside, APictureThatCannotBePrintedLeavesTheOldFile)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("picture.pdf");
+    {
+        QFile old(path);
+        ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+        old.write("old");
+    }
+    splitter_.ShowBesideReport(Counted(), 400);
+    LetItWork();
+    QTimer answer;
+    PrintTo(answer, path);
+    {
+        const SmallDisk disk(1000);
+        Choose("Print Picture...");
+    }
+    EXPECT_EQ(Contents(path), "old");
+    EXPECT_EQ(desktop_.dialogs.Last().Text, "Disk full");
 }
 
 TEST_F(Beside, AResultThatCannotBeShownHasNoContents)
