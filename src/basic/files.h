@@ -2,6 +2,7 @@
 // disk are run-time errors.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,9 @@ void ReplaceFile(const std::string& path, std::string_view text);
 
 // Raises what opening the file for writing would: no such folder, no right to write. Changes nothing.
 void RequireWritable(const std::string& path);
+
+// The most bytes that the name of a file in this folder can have.
+std::size_t LongestName(const std::string& folder);
 
 // From now on a file that grows beyond the limit of the account is a full disk instead of the program's end.
 void TakeSizeLimitAsError();

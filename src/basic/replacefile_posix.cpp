@@ -408,6 +408,12 @@ void RequireWritable(const std::string& path)
     if (kind != Kind::Device) TemporaryFile(target).GiveUp();
 }
 
+std::size_t LongestName(const std::string& folder)
+{
+    const long longest = pathconf(folder.c_str(), _PC_NAME_MAX);
+    return longest > 0 ? static_cast<std::size_t>(longest) : NAME_MAX;
+}
+
 void TakeSizeLimitAsError()
 {
     static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));

@@ -20,6 +20,7 @@
 #include <QUrl>
 #include <array>
 
+#include "basic/files.h"
 #include "qt/fields.h"
 #include "qt/text.h"
 
@@ -168,13 +169,11 @@ public:
         setDefaultSuffix(whole ? QString() : extension_);
         if (whole) findChild<QAbstractItemView*>(QStringLiteral("listView"))->clearSelection();
         const QStringList files = selectedFiles();
-        const QString folder = files.isEmpty() ? QString() : QFileInfo(files.constFirst()).absolutePath();
-        if (acceptMode() != AcceptSave || folder.isEmpty() || QFileInfo(folder).isDir()) {
+        const QString why = files.isEmpty() ? QString() : WhyNot(QFileInfo(files.constFirst()));
+        if (acceptMode() != AcceptSave || why.isEmpty())
             QFileDialog::accept();
-            return;
-        }
-        Refuse(
-            tr("%1\nDirectory not found.\nPlease verify the correct directory name was given.").arg(folder));
+        else
+            Refuse(why);
     }
 
 private:
@@ -189,6 +188,19 @@ private:
         if (!TypedName().contains(QLatin1Char('"'))) return true;
         Refuse(QStringLiteral("A file name cannot hold a quotation mark."));
         return false;
+    }
+
+    // Why nothing can be saved there; empty when it can. Of a name that is too long the toolkit tells
+    // nothing.
+    [[nodiscard]] static QString WhyNot(const QFileInfo& file)
+    {
+        const QString folder = file.absolutePath();
+        if (!QFileInfo(folder).isDir())
+            return tr("%1\nDirectory not found.\nPlease verify the correct directory name was given.")
+                .arg(folder);
+        if (FromQt(file.fileName()).size() > LongestName(FromQt(folder)))
+            return QStringLiteral("This file name is too long.");
+        return {};
     }
 
     // A file without an extension, chosen among all files. With it, the list has marked another one.

@@ -265,6 +265,20 @@ TEST(QtDialogs, ANameWithAQuotationMarkIsRefusedAndNoOtherFileIsTaken)
         }
 }
 
+// 255 bytes are the longest name of the usual file systems; an umlaut is two of them.
+TEST(QtDialogs, ANameThatIsTooLongIsRefusedAndNotPassedOver)
+{
+    const QTemporaryDir folder;
+    for (const auto& [name, taken] :
+         {std::pair{QString(251, 'x'), true}, std::pair{QString(252, 'x'), false},
+          std::pair{QString(300, 'x'), false}, std::pair{QString(126, QChar(0xE4)), false}}) {
+        QString told;
+        const auto path = TypeName(folder.path(), true, name, false, told);
+        EXPECT_EQ(path.has_value(), taken) << name.size();
+        EXPECT_EQ(told.toStdString(), taken ? "" : "This file name is too long.") << name.size();
+    }
+}
+
 // A click on a name in the list, which puts it into the box.
 TEST(QtDialogs, AChosenNameWithAQuotationMarkIsRefusedToo)
 {
