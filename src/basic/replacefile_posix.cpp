@@ -20,7 +20,6 @@
 #include <cstdlib>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "basic/files.h"
 
@@ -175,7 +174,8 @@ bool ClearedAway(const std::string& path)
     const Descriptor left = Open(path, O_WRONLY | O_NOFOLLOW | O_NONBLOCK);
     if (!left.IsOpen()) return errno == ENOENT;
     const struct stat status = StatusOf(left);
-    if (!S_ISREG(status.st_mode) || status.st_nlink > 1 || status.st_uid != geteuid()) return false;
+    const bool own = status.st_uid == geteuid() || geteuid() == 0;  // who may have given it away already
+    if (!S_ISREG(status.st_mode) || status.st_nlink > 1 || !own) return false;
     return Lock(left) && IsStillNamed(left, path) && unlink(path.c_str()) == 0;
 }
 
@@ -235,14 +235,6 @@ private:
 
 // ---- what the old file had ----
 
-// The mask of the process can only be read by setting it.
-mode_t NewFileMode()
-{
-    const mode_t mask = umask(kGroupBits | kOtherBits);
-    umask(mask);
-    return (S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH) & ~mask;
-}
-
 // Whether the group could be kept. The owner can only be by the superuser.
 bool KeepOwner(const Descriptor& file, const struct stat& old)
 {
@@ -262,25 +254,96 @@ mode_t ModeFor(mode_t old, bool groupKept)
 #ifdef __linux__
 
 constexpr const char* kAccessList = "system.posix_acl_access";
-constexpr std::string_view kCapability = "security.capability";  // goes with set-user
+constexpr const char* kListForNewFiles = "system.posix_acl_default";  // of a folder
+constexpr std::string_view kCapability = "security.capability";       // goes with set-user
 
-void CopyAttribute(const Descriptor& from, const Descriptor& to, const char* name)
+// A list of rights beside the mode, as the system stores it: its version in 4 bytes, then entries of 8, which
+// begin with whom they speak of and with his rights, in 2 bytes each, the low one first.
+class AccessList {
+public:
+    // Most: what all but the owner and everybody can have at the most.
+    enum Whom : unsigned { Owner = 1, Group = 4, Most = 16, Everybody = 32 };
+
+    explicit AccessList(std::string bytes) : bytes_(std::move(bytes)) {}
+
+    [[nodiscard]] const std::string& Bytes() const { return bytes_; }
+    [[nodiscard]] bool IsThere() const { return bytes_.size() > kHead; }
+
+    [[nodiscard]] std::optional<mode_t> RightsOf(Whom whom) const
+    {
+        const std::size_t at = PlaceOf(whom);
+        if (at == std::string::npos) return std::nullopt;
+        return static_cast<unsigned char>(bytes_[at + kRights]) & kAllRights;
+    }
+    void Restrict(Whom whom, mode_t rights)
+    {
+        const std::size_t at = PlaceOf(whom);
+        if (at != std::string::npos)
+            bytes_[at + kRights] = static_cast<char>(bytes_[at + kRights] & static_cast<char>(rights));
+    }
+
+    // The mode that goes with it: its middle part is the most that groups and named users can have.
+    [[nodiscard]] mode_t Mode() const
+    {
+        const mode_t middle = RightsOf(Most).value_or(RightsOf(Group).value_or(0));
+        return RightsOf(Owner).value_or(0) << 6 | middle << 3 | RightsOf(Everybody).value_or(0);
+    }
+
+private:
+    static constexpr std::size_t kHead = 4;
+    static constexpr std::size_t kEntry = 8;
+    static constexpr std::size_t kRights = 2;  // behind the beginning of an entry
+    static constexpr mode_t kAllRights = 7;
+
+    [[nodiscard]] std::size_t PlaceOf(Whom whom) const
+    {
+        for (std::size_t at = kHead; at + kEntry <= bytes_.size(); at += kEntry)
+            if (static_cast<unsigned char>(bytes_[at]) == whom && bytes_[at + 1] == 0) return at;
+        return std::string::npos;
+    }
+
+    std::string bytes_;
+};
+
+// What a call of the system that is asked twice, for a size and for the bytes, gives; empty where there is
+// nothing.
+template <typename Call>
+std::string BytesOf(Call call)
 {
-    const ssize_t size = fgetxattr(from.Number(), name, nullptr, 0);
-    if (size < 0) return;
-    std::vector<char> value(static_cast<std::size_t>(size));
-    if (fgetxattr(from.Number(), name, value.data(), value.size()) == size)
-        static_cast<void>(fsetxattr(to.Number(), name, value.data(), value.size(), 0));
+    const ssize_t size = call(nullptr, 0);
+    if (size <= 0) return {};
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    return call(bytes.data(), bytes.size()) == size ? bytes : std::string();
 }
 
-void CopyAttributes(const Descriptor& from, const Descriptor& to)
+void CopyAttribute(const Descriptor& from, const Descriptor& to, const char* name, bool groupKept)
 {
-    const ssize_t size = flistxattr(from.Number(), nullptr, 0);
-    if (size <= 0) return;
-    std::string names(static_cast<std::size_t>(size), '\0');
-    if (flistxattr(from.Number(), names.data(), names.size()) != size) return;
+    std::string value =
+        BytesOf([&](char* bytes, std::size_t size) { return fgetxattr(from.Number(), name, bytes, size); });
+    if (value.empty() && fgetxattr(from.Number(), name, nullptr, 0) != 0) return;
+    if (std::string_view(name) == kAccessList && !groupKept) {
+        AccessList list(std::move(value));
+        list.Restrict(AccessList::Group, list.RightsOf(AccessList::Everybody).value_or(0));
+        value = list.Bytes();
+    }
+    static_cast<void>(fsetxattr(to.Number(), name, value.data(), value.size(), 0));
+}
+
+void CopyAttributes(const Descriptor& from, const Descriptor& to, bool groupKept)
+{
+    const std::string names =
+        BytesOf([&](char* bytes, std::size_t size) { return flistxattr(from.Number(), bytes, size); });
     for (std::size_t start = 0; start < names.size(); start = names.find('\0', start) + 1)
-        if (names.c_str() + start != kCapability) CopyAttribute(from, to, names.c_str() + start);
+        if (names.c_str() + start != kCapability) CopyAttribute(from, to, names.c_str() + start, groupKept);
+}
+
+// What the folder says of the rights of new files, whatever the mask of the process.
+std::optional<mode_t> ModeFromFolder(const std::string& folder)
+{
+    const AccessList list(BytesOf([&](char* bytes, std::size_t size) {
+        return getxattr(folder.c_str(), kListForNewFiles, bytes, size);
+    }));
+    return list.IsThere() ? std::optional(list.Mode()) : std::nullopt;
 }
 
 // The folder may have given the new file a list of rights that the old one did not have.
@@ -297,8 +360,13 @@ bool SynchroniseFileSystem(const Descriptor& file)
 
 #else
 
-void CopyAttributes(const Descriptor&, const Descriptor&)
+void CopyAttributes(const Descriptor&, const Descriptor&, bool)
 {
+}
+
+std::optional<mode_t> ModeFromFolder(const std::string&)
+{
+    return std::nullopt;
 }
 
 void DropAccessList(const Descriptor&)
@@ -313,6 +381,16 @@ bool SynchroniseFileSystem(const Descriptor&)
 
 #endif
 
+// The mask of the process can only be read by setting it.
+mode_t NewFileMode(const std::string& target)
+{
+    constexpr mode_t kReadAndWrite = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    if (const auto mode = ModeFromFolder(FolderOf(target))) return *mode & kReadAndWrite;
+    const mode_t mask = umask(kGroupBits | kOtherBits);
+    umask(mask);
+    return kReadAndWrite & ~mask;
+}
+
 void GiveMode(const Descriptor& file, mode_t mode)
 {
     Demand(fchmod(file.Number(), mode) == 0 || errno == EPERM);  // some file systems have one mode for all
@@ -324,7 +402,7 @@ void KeepWhatTheOldFileHad(const Descriptor& file, const Descriptor& oldFile)
     const bool groupKept = KeepOwner(file, old);
     DropAccessList(file);
     GiveMode(file, ModeFor(old.st_mode, groupKept));
-    CopyAttributes(oldFile, file);
+    CopyAttributes(oldFile, file, groupKept);
 }
 
 // ---- replacing ----
@@ -381,7 +459,7 @@ void ReplaceRegular(const std::string& target, Kind kind, std::string_view text)
         KeepWhatTheOldFileHad(temporary.File(), *old);
         old->Close();
     } else {
-        GiveMode(temporary.File(), NewFileMode());
+        GiveMode(temporary.File(), NewFileMode(target));
     }
     Synchronise(temporary.File());
     temporary.MoveTo(target);

@@ -316,6 +316,109 @@ TEST_F(Files, KeepTheirExtendedAttributes)
     EXPECT_EQ(getxattr(path.c_str(), "user.empty", value.data(), value.size()), 0);
     EXPECT_EQ(Contents("a.TRN"), "new");
 }
+
+// ---- lists of rights beside the mode ----
+
+constexpr unsigned kOwner = 1, kUser = 2, kGroup = 4, kMask = 16, kOther = 32;  // whom a right is given to
+constexpr unsigned kWholeDigit = 8;
+
+struct Right {
+    unsigned Whom;
+    unsigned Bits;  // 4 to read, 2 to write, 1 to execute
+    unsigned Id = 0xFFFFFFFF;
+};
+
+// As the system stores them: the version 2, then 2, 2 and 4 bytes for each, the low byte first.
+std::string ListOf(const std::vector<Right>& rights)
+{
+    std::string list;
+    const auto append = [&list](unsigned number, unsigned bytes) {
+        for (unsigned i = 0; i < bytes; ++i)
+            list += static_cast<char>(static_cast<unsigned char>(number >> (kWholeDigit * i)));
+    };
+    append(2, 4);
+    for (const Right& right : rights) {
+        append(right.Whom, 2);
+        append(right.Bits, 2);
+        append(right.Id, 4);
+    }
+    return list;
+}
+
+std::string AccessListOf(const std::string& path)
+{
+    std::string list(200, '\0');
+    const ssize_t size = getxattr(path.c_str(), "system.posix_acl_access", list.data(), list.size());
+    list.resize(size < 0 ? 0 : static_cast<std::size_t>(size));
+    return list;
+}
+
+bool GiveList(const std::string& path, const char* kind, const std::string& list)
+{
+    return setxattr(path.c_str(), kind, list.data(), list.size(), 0) == 0;
+}
+
+TEST_F(Files, KeepTheirListOfRights)
+{
+    Put("a.TRN", "old");
+    const std::string list = ListOf({{kOwner, 6}, {kUser, 6, 1234}, {kGroup, 4}, {kMask, 6}, {kOther, 0}});
+    if (!GiveList(Path("a.TRN"), "system.posix_acl_access", list)) GTEST_SKIP() << "no such lists here";
+    ReplaceFile(Path("a.TRN"), "new");
+    EXPECT_EQ(AccessListOf(Path("a.TRN")), list);
+    EXPECT_EQ(ModeOf(Path("a.TRN")), 0660U);
+}
+
+TEST_F(Files, GiveAnotherGroupNoMoreThanEverybodyInTheirListEither)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give files away";
+    Put("a.TRN", "old");
+    const auto list = [](unsigned group) {
+        return ListOf({{kOwner, 6}, {kUser, 6, 1234}, {kGroup, group}, {kMask, 6}, {kOther, 4}});
+    };
+    const AnyUser user(folder);
+    ASSERT_EQ(seteuid(0), 0);
+    ASSERT_EQ(chown(Path("a.TRN").c_str(), static_cast<uid_t>(-1), 2345), 0);
+    const bool given = GiveList(Path("a.TRN"), "system.posix_acl_access", list(6));
+    ASSERT_EQ(setegid(65534), 0);
+    ASSERT_EQ(seteuid(65534), 0);
+    if (given) ReplaceFile(Path("a.TRN"), "new");  // by its owner, who is not of its group
+    ASSERT_EQ(seteuid(0), 0);
+    ASSERT_EQ(setegid(0), 0);
+    if (!given) GTEST_SKIP() << "no such lists here";
+    EXPECT_NE(StatusOf(Path("a.TRN")).st_gid, 2345U);
+    EXPECT_EQ(AccessListOf(Path("a.TRN")), list(4));
+}
+
+// What the folder tells for new files goes before the mask of the account.
+TEST_F(Files, ThatAreNewHaveTheRightsThatTheirFolderGives)
+{
+    const std::string shared = ListOf({{kOwner, 7}, {kUser, 7, 1234}, {kGroup, 5}, {kMask, 7}, {kOther, 0}});
+    const std::string simple = ListOf({{kOwner, 7}, {kGroup, 7}, {kOther, 4}});
+    for (const std::string& list : {shared, simple}) {
+        if (!GiveList(folder.string(), "system.posix_acl_default", list))
+            GTEST_SKIP() << "no such lists here";
+        fs::remove(Path("a.TRN"));
+        fs::remove(Path("b.TRN"));
+        const int plain = open(Path("a.TRN").c_str(), O_WRONLY | O_CREAT, 0666);
+        ASSERT_GE(plain, 0);
+        close(plain);
+        ReplaceFile(Path("b.TRN"), "new");
+        EXPECT_EQ(ModeOf(Path("b.TRN")), ModeOf(Path("a.TRN")));
+        EXPECT_EQ(AccessListOf(Path("b.TRN")), AccessListOf(Path("a.TRN")));
+    }
+    EXPECT_EQ(ModeOf(Path("b.TRN")), 0664U);
+}
+
+TEST_F(Files, WithoutAListOfRightsGetNoneFromTheirFolder)
+{
+    Put("a.TRN", "old");
+    ASSERT_EQ(chmod(Path("a.TRN").c_str(), 0640), 0);
+    const std::string list = ListOf({{kOwner, 7}, {kUser, 7, 1234}, {kGroup, 5}, {kMask, 7}, {kOther, 5}});
+    if (!GiveList(folder.string(), "system.posix_acl_default", list)) GTEST_SKIP() << "no such lists here";
+    ReplaceFile(Path("a.TRN"), "new");
+    EXPECT_EQ(AccessListOf(Path("a.TRN")), "");
+    EXPECT_EQ(ModeOf(Path("a.TRN")), 0640U);
+}
 #endif
 
 // ---- links ----
@@ -445,6 +548,33 @@ TEST_F(TemporaryFiles, ThatAKillHasLeftGoWithTheNextSaveToTheName)
     ReplaceFile(Path("a.TRN"), "new");
     EXPECT_EQ(Contents("a.TRN"), "new");
     EXPECT_EQ(CountFiles(), 2);
+}
+
+// The superuser may be ended when the new file already has the owner of the old one.
+TEST_F(TemporaryFiles, ThatTheSuperuserHasGivenAwayGoToo)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give files away";
+    Put("a.TRN", "old");
+    const std::string left = LeaveOne();
+    ASSERT_EQ(chown(left.c_str(), 1234, 2345), 0);
+    ReplaceFile(Path("a.TRN"), "new");
+    EXPECT_FALSE(fs::exists(left));
+    EXPECT_EQ(CountFiles(), 1);
+}
+
+// In a folder of many users a file of another one is not ours to remove.
+TEST_F(TemporaryFiles, OfAnotherUserAreLeftAlone)
+{
+    if (geteuid() != 0) GTEST_SKIP() << "only the superuser can give files away";
+    const std::string left = LeaveOne();
+    const AnyUser user(folder);
+    ASSERT_EQ(seteuid(0), 0);
+    ASSERT_EQ(chown(left.c_str(), 1234, 2345), 0);
+    ASSERT_EQ(chmod(left.c_str(), 0666), 0);
+    ASSERT_EQ(seteuid(65534), 0);
+    ReplaceFile(Path("a.TRN"), "new");
+    EXPECT_TRUE(fs::exists(left));
+    EXPECT_EQ(Contents("a.TRN"), "new");
 }
 
 TEST_F(TemporaryFiles, ThatAnotherProgramUsesAreLeftAlone)
