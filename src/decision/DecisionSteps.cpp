@@ -256,6 +256,19 @@ private:
             {OutcomeId(k)});
     }
 
+    // "; the next one is 16.67 of alternative 2"; nothing where there is only one.
+    [[nodiscard]] std::string NextAt(int k) const
+    {
+        int next = 0;
+        for (int i = 1; i <= m_; ++i)
+            if (i != r_.StrategyDecision(k) &&
+                (next == 0 || SignedValueAt(p_, r_, i, k) > SignedValueAt(p_, r_, next, k)))
+                next = i;
+        if (next == 0) return "";
+        return "; the next one is " + ValueText(OwnScale(r_, SignedValueAt(p_, r_, next, k))) +
+               " of alternative " + LabelOf(next);
+    }
+
     void OutcomeChoice(int k)
     {
         Cells cells{{"alternative", "expected value", ""}};
@@ -263,8 +276,9 @@ private:
         for (int i = 1; i <= m_; ++i)
             cells.push_back({LabelOf(i), ValueText(OwnScale(r_, SignedValueAt(p_, r_, i, k))),
                              i == chosen ? "taken" : ""});
-        std::string why = "Alternative " + LabelOf(chosen) + " is best with the posterior chances.";
         const std::vector<int> best = BestAt(p_, r_, k);
+        std::string why =
+            "Alternative " + LabelOf(chosen) + " is best with the posterior chances" + NextAt(k) + ".";
         if (best.size() > 1)
             why = (static_cast<int>(best.size()) == m_ ? "All alternatives"
                                                        : "A" + Called("alternative", best).substr(1)) +

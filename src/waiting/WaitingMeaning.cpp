@@ -142,7 +142,7 @@ void Sayer::SayCost()
         "Channels and units in the system cost " + CostText(given) + " per time period.");
     const std::vector<ChannelCost> costs = CostsByChannels(problem_);
     const ChannelCost* cheapest = Cheapest(problem_, costs);
-    if (cheapest == nullptr) return;
+    if (cheapest == nullptr || costs.size() == 1) return;  // a single member has one choice
     if (!IsCheaper(*cheapest->Cost, given))
         Say(SentenceKind::Change, "No other number of channels from 1 to " + Num(costs.back().Channels) +
                                       " would be cheaper than " + Num(k_) + ".");

@@ -234,10 +234,14 @@ void Teller::TellPopulation()
             " - n members can still arrive.",
         "Chance of n units");
     TellChances();
-    Add("Units in the waiting line (Lq)",
-        {"Lq = sum of (n - " + Num(k_) + ") x Pn for n from " + Num(k_) + " to " + Num(population) + " = " +
-         AverageText(result_.UnitsInLine)},
-        "With n units in the system n - k of them wait.");
+    if (k_ >= population)
+        Add("Units in the waiting line (Lq)", {"Lq = " + AverageText(result_.UnitsInLine)},
+            "There is a channel for each member, so that nobody waits.");
+    else
+        Add("Units in the waiting line (Lq)",
+            {"Lq = sum of (n - " + Num(k_) + ") x Pn for n from " + Num(k_) + " to " + Num(population) +
+             " = " + AverageText(result_.UnitsInLine)},
+            "With n units in the system n - k of them wait.");
     Add("Units in the system (L)",
         {"L = sum of n x Pn for n from 0 to " + Num(population) + " = " + AverageText(result_.UnitsInSystem)},
         "Units in line and in service together.");
@@ -252,6 +256,9 @@ void Teller::TellPopulation()
          "W  = L / e  = " + AverageText(result_.UnitsInSystem) + " / " + AverageText(entering) + " = " +
              AverageText(result_.TimeInSystem)},
         "What is there on average came in during the time that a unit stays.");
+    if (k_ > population)
+        return Add("Chance to wait (Pw)", {"Pw = " + ChanceText(result_.ProbabilityWait)},
+                   "There are more channels than members, so that they are never all busy.");
     Add("Chance to wait (Pw)",
         {"Pw = sum of Pn for n from " + Num(k_) + " on = " + ChanceText(result_.ProbabilityWait),
          "of the arrivals: " + ChanceText(WaitOnArrival(problem_, result_))},

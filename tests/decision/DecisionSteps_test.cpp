@@ -104,6 +104,8 @@ TEST(DecisionSteps, RunBayesRuleForEachOutcome)
               (Lines{"alternative  expected value", "          1          -22.73",
                      "          2           11.82  taken"}));
     EXPECT_THAT(StepOf(steps, "Outcome 2: the choice").Marks, ElementsAre("I2", "I2A2"));
+    EXPECT_EQ(StepOf(steps, "Outcome 2: the choice").Why,
+              "Alternative 2 is best with the posterior chances; the next one is -22.73 of alternative 1.");
     EXPECT_EQ(StepOf(steps, "Value of the strategy").Figures.back(), "expected value: 29.00");
     // Without: 14 for the second alternative. With the state known: 46.
     EXPECT_EQ(StepOf(steps, "Value of the sample information").Figures,

@@ -179,6 +179,16 @@ TEST(WaitingMeaning, InAPopulationNoShareIsWhole)
     EXPECT_THAT(Said(), Contains("The chance that all channels are busy is below 0.0001."));
 }
 
+TEST(WaitingMeaning, OneMemberHasNoOtherNumberOfChannels)
+{
+    GivenPopulation(1, 1, 2, 1);
+    GivenCosts(10, 1);
+    EXPECT_THAT(Said(), Not(Contains(HasSubstr("No other number"))));
+    GivenPopulation(1, 1, 2, 2);
+    GivenCosts(1, 10);
+    EXPECT_THAT(Said(), Contains("No other number of channels from 1 to 2 would be cheaper than 1."));
+}
+
 TEST(WaitingMeaning, ALastChannelThatEndsAllWaitingIsTold)
 {
     GivenPopulation(2, 1, 2, 3);

@@ -101,6 +101,21 @@ TEST(WaitingSteps, WithoutWaitingTheStatesAreWeighed)
                 ElementsAre("L = (1 - P3) x r = (1 - 0.2105) x 2.0000 = 1.5789"));
 }
 
+TEST(WaitingSteps, AChannelForEachMemberLeavesNothingToAddUp)
+{
+    GivenPopulation(3, 0.5, 1, 3);
+    auto steps = Told();
+    EXPECT_THAT(Headed(steps, "Units in the waiting line").Figures, ElementsAre("Lq = 0.0000"));
+    // (1/3)^3: each of three members is out for a third of the time
+    EXPECT_THAT(Headed(steps, "Chance to wait").Figures,
+                ElementsAre("Pw = sum of Pn for n from 3 on = 0.0370", "of the arrivals: 0.0000"));
+    GivenPopulation(4, 0.5, 1, 3);
+    steps = Told();
+    EXPECT_THAT(Headed(steps, "Chance to wait").Figures, ElementsAre("Pw = 0.0000"));
+    EXPECT_EQ(Headed(steps, "Chance to wait").Why,
+              "There are more channels than members, so that they are never all busy.");
+}
+
 // Of six machines with one repairer 5 others are seen on arrival.
 TEST(WaitingSteps, AFinitePopulationCountsTheArrivalsThatTakePlace)
 {
