@@ -62,8 +62,8 @@ std::string At(const Chart& chart, const Point& point)
 std::string MarkText(const Chart& chart, const Mark& mark)
 {
     if (chart.Cells)
-        return NameOf(chart.Y, mark.At.Y) + ", " + NameOf(chart.X, mark.At.X) + ": " +
-               (mark.Text.empty() ? "none" : mark.Text);
+        return chart.Y.Title + " " + NameOf(chart.Y, mark.At.Y) + ", " + chart.X.Title + " " +
+               NameOf(chart.X, mark.At.X) + ": " + (mark.Text.empty() ? "none" : mark.Text);
     return (mark.Text.empty() ? "a mark" : mark.Text) + " at " + At(chart, mark.At);
 }
 
@@ -192,10 +192,10 @@ void TellCrossings(const Chart& chart, Lines& lines)
 
 void TellChosen(const Chart& chart, Lines& lines)
 {
-    std::vector<std::string> marks;
+    std::string marks;  // with commas of their own
     for (const Mark& mark : chart.Marks)
-        if (IsChosen(mark.As)) marks.push_back(MarkText(chart, mark));
-    if (!marks.empty()) lines.push_back("Chosen: " + Listed(marks) + ".");
+        if (IsChosen(mark.As)) marks += (marks.empty() ? "" : "; ") + MarkText(chart, mark);
+    if (!marks.empty()) lines.push_back("Chosen: " + marks + ".");
     for (const Series& series : chart.Curves)
         if (series.Forbidden != Side::None && series.Points.size() > 1)
             lines.push_back(Inequality(chart, series) + (series.Thin ? " (bounds nothing)." : "."));

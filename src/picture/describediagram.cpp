@@ -2,6 +2,8 @@
 #include <map>
 #include <set>
 
+#include "basic/format.h"
+#include "basic/number.h"
 #include "picture/describing.h"
 #include "picture/words.h"
 
@@ -70,11 +72,14 @@ std::string Labelled(const Arc& arc)
 
 void TellCounts(const Diagram& diagram, Lines& lines)
 {
-    const bool directed =
-        std::any_of(diagram.Arcs.begin(), diagram.Arcs.end(), [](const Arc& a) { return a.Directed; });
-    lines.push_back("It has " + Counted(static_cast<int>(diagram.Nodes.size()), "node") + " and " +
-                    Counted(static_cast<int>(diagram.Arcs.size()), directed ? "arc" : "edge") +
-                    (directed ? " with a direction." : " without direction."));
+    const auto directed = static_cast<int>(
+        std::count_if(diagram.Arcs.begin(), diagram.Arcs.end(), [](const Arc& a) { return a.Directed; }));
+    const int others = static_cast<int>(diagram.Arcs.size()) - directed;
+    std::string sentence = "It has " + Counted(static_cast<int>(diagram.Nodes.size()), "node");
+    if (directed > 0)
+        sentence += (others > 0 ? ", " : " and ") + Counted(directed, "arc") + " with a direction";
+    if (others > 0 || directed == 0) sentence += " and " + Counted(others, "edge") + " without direction";
+    lines.push_back(sentence + ".");
 }
 
 void TellTree(const Diagram& diagram, Lines& lines)
@@ -95,18 +100,56 @@ void TellTree(const Diagram& diagram, Lines& lines)
                             graph.NameOf(arc.To) + ".");
 }
 
+// Those of a way from its beginning on, those of a tree in the order in which its nodes joined.
+std::vector<const Arc*> ChosenInOrder(const Diagram& diagram)
+{
+    std::map<std::string, int> numbers;  // of joining
+    for (const Node& node : diagram.Nodes)
+        if (!node.Badge.empty()) numbers[node.Id] = static_cast<int>(Val(node.Badge));
+    std::vector<const Arc*> rest;
+    for (const Arc& arc : diagram.Arcs)
+        if (IsChosen(arc.As)) rest.push_back(&arc);
+    const auto joins = [&numbers](const Arc* arc) {
+        return std::max(numbers.contains(arc->From) ? numbers.at(arc->From) : 0,
+                        numbers.contains(arc->To) ? numbers.at(arc->To) : 0);
+    };
+    std::stable_sort(rest.begin(), rest.end(),
+                     [&](const Arc* a, const Arc* b) { return joins(a) < joins(b); });
+    std::vector<const Arc*> order;
+    while (!rest.empty()) {
+        // The first that no other one leads to; in a ring the first.
+        auto next = std::find_if(rest.begin(), rest.end(), [&rest](const Arc* arc) {
+            return std::none_of(rest.begin(), rest.end(), [arc](const Arc* before) {
+                return before->Directed && arc->Directed && before->To == arc->From;
+            });
+        });
+        if (next == rest.end()) next = rest.begin();
+        order.push_back(*next);
+        rest.erase(next);
+    }
+    return order;
+}
+
+// With as many decimals as the text of the last length.
+std::string SumText(double sum, const std::string& like)
+{
+    const std::size_t point = like.find('.');
+    if (point == std::string::npos) return Figure(sum);
+    return Format(sum, "0." + std::string(like.size() - point - 1, '0'));
+}
+
 // Chosen arcs in their order with the running sum of their lengths.
 void TellNetwork(const Diagram& diagram, Lines& lines)
 {
     TellCounts(diagram, lines);
     const Graph graph(diagram);
     double sum = 0;
-    for (const Arc& arc : diagram.Arcs) {
-        if (!IsChosen(arc.As)) continue;
-        sum += arc.Weight;
-        lines.push_back("Chosen: " + graph.NameOf(arc.From) + (arc.Directed ? " to " : " and ") +
-                        graph.NameOf(arc.To) + (arc.Text.empty() ? "" : ", " + arc.Text) + "; " +
-                        Figure(sum) + " so far.");
+    for (const Arc* arc : ChosenInOrder(diagram)) {
+        sum += arc->Weight;
+        lines.push_back(
+            "Chosen: " + graph.NameOf(arc->From) + (arc->Directed ? " to " : " and ") +
+            graph.NameOf(arc->To) +
+            (arc->Text.empty() ? "" : ", " + arc->Text + "; " + SumText(sum, arc->Text) + " so far") + ".");
     }
 }
 
@@ -129,8 +172,9 @@ void TellSides(const Diagram& diagram, Lines& lines)
         lines.push_back(sentence + ".");
     }
     for (const Arc& arc : diagram.Arcs)
-        lines.push_back(WithRole(graph.NameOf(arc.From) + " with " + graph.NameOf(arc.To) +
-                                     (arc.Text.empty() ? "" : ": " + arc.Text),
+        lines.push_back(WithRole(arc.Tip.empty() ? graph.NameOf(arc.From) + " with " + graph.NameOf(arc.To) +
+                                                       (arc.Text.empty() ? "" : ": " + arc.Text)
+                                                 : arc.Tip,
                                  arc.As) +
                         ".");
     for (const Node& node : diagram.Nodes)
@@ -165,8 +209,17 @@ std::string NeighboursOf(const Diagram& diagram, const Graph& graph, const Node&
     std::string text;
     for (const std::string& other : others)
         text += (text.empty() ? "" : "; ") + other;
-    if (text.empty()) return "no way out";
+    if (text.empty()) return diagram.Kind == Layout::Tree ? "a leaf" : "no way out";
     return (diagram.Kind == Layout::Tree ? "branches to " : "to ") + text;
+}
+
+// "below outcome 1: 0.450, ": the branch that leads to the parent of a folded node.
+std::string BelowOf(const Diagram& diagram, const Node& node)
+{
+    const Graph graph(diagram);
+    const Arc* own = graph.Into(node.Id);
+    const Arc* above = own == nullptr ? nullptr : graph.Into(own->From);
+    return above == nullptr || above->Text.empty() ? "" : "below " + above->Text + ", ";
 }
 
 }  // namespace
@@ -201,10 +254,10 @@ void Tell(const Diagram& diagram, Lines& lines)
     for (const Frame& frame : diagram.Frames)
         lines.push_back("In a frame of their own" + (frame.Text.empty() ? "" : ", " + frame.Text) + ": " +
                         Listed(frame.Ids) + ".");
-    std::vector<std::string> folded;
     for (const Node& node : diagram.Nodes)
-        if (node.Folded) folded.push_back(TextOf(node));
-    if (!folded.empty()) lines.push_back("Folded: " + Listed(folded) + ".");
+        if (node.Folded)
+            lines.push_back("Folded: " + BelowOf(diagram, node) +
+                            (node.Tip.empty() ? TextOf(node) : node.Tip) + ".");
 }
 
 void TellAll(const Diagram& diagram, Lines& lines)

@@ -117,6 +117,64 @@ TEST(Describe, TellsANetworkWithARunningSum)
     EXPECT_THAT(lines, Contains("3: no way out."));
 }
 
+// Entered in the order of the nodes; the way is 1, 3, 2, 4.
+TEST(Describe, TellsAWayFromItsBeginning)
+{
+    Diagram net{.Kind = Layout::Free};
+    for (const char* id : {"1", "2", "3", "4"})
+        net.Nodes.push_back({.Id = id, .Lines = {id}});
+    net.Arcs = {{.From = "1", .To = "2", .Directed = false, .As = Role::Spare, .Weight = 9, .Text = "9.0"},
+                {.From = "1", .To = "3", .As = Role::Chosen, .Weight = 4.5, .Text = "4.5"},
+                {.From = "2", .To = "4", .As = Role::Chosen, .Weight = 2, .Text = "2.0"},
+                {.From = "3", .To = "2", .As = Role::Chosen, .Weight = 0.5, .Text = "0.5"}};
+    const auto lines = Told("Network", net);
+    EXPECT_EQ(lines[1], "It has 4 nodes, 3 arcs with a direction and 1 edge without direction.");
+    EXPECT_EQ(lines[2], "Chosen: 1 to 3, 4.5; 4.5 so far.");
+    EXPECT_EQ(lines[3], "Chosen: 3 to 2, 0.5; 5.0 so far.");
+    EXPECT_EQ(lines[4], "Chosen: 2 to 4, 2.0; 7.0 so far.");
+}
+
+// The arcs 1-2 and 2-3 join the nodes 2 and 3 as the second and the first.
+TEST(Describe, TellsATreeOfANetworkInTheOrderOfJoining)
+{
+    Diagram net{.Kind = Layout::Free};
+    net.Nodes = {{.Id = "1", .Lines = {"1"}, .Badge = "2"},
+                 {.Id = "2", .Lines = {"2"}, .Badge = "1"},
+                 {.Id = "3", .Lines = {"3"}}};
+    net.Arcs = {{.From = "1", .To = "2", .Directed = false, .As = Role::Chosen, .Weight = 4, .Text = "4"},
+                {.From = "2", .To = "3", .Directed = false, .As = Role::Chosen, .Weight = 3, .Text = "3"}};
+    const auto lines = Told("Network", net);
+    EXPECT_EQ(lines[2], "Chosen: 2 and 3, 3; 3 so far.");
+    EXPECT_EQ(lines[3], "Chosen: 1 and 2, 4; 7 so far.");
+}
+
+TEST(Describe, NamesCellsByTheirRowAndColumn)
+{
+    Chart table{.X = {.Title = "Task", .From = 0.5, .To = 2.5, .Names = {"1", "2"}},
+                .Y = {.Title = "Agent", .From = 0.5, .To = 2.5, .Names = {"1", "2"}},
+                .Cells = true};
+    table.Marks = {{.As = Role::Chosen, .At = {2, 1}, .Text = "7"},
+                   {.As = Role::Chosen, .At = {1, 2}, .Text = "5"},
+                   {.At = {1, 1}}};
+    const auto lines = Told("Table", table);
+    EXPECT_THAT(lines, Contains("Chosen: Agent 1, Task 2: 7; Agent 2, Task 1: 5."));
+    EXPECT_THAT(lines, Contains("Cell Agent 1, Task 1: none."));
+}
+
+TEST(Describe, TellsWhatIsFoldedBelowItsBranch)
+{
+    Diagram tree{.Kind = Layout::Tree};
+    tree.Nodes = {
+        {.Id = "r", .Lines = {"5.00"}},
+        {.Id = "k", .Lines = {"5.00"}},
+        {.Id = "o", .Lines = {"2: 3.00", "3: 1.00"}, .Folded = true, .Tip = "alternatives 2 and 3"}};
+    tree.Arcs = {{.From = "r", .To = "k", .Text = "outcome 1: 0.450"},
+                 {.From = "k", .To = "o", .As = Role::NotTaken, .Text = "the others"}};
+    const auto lines = Told("Tree", tree);
+    EXPECT_THAT(lines, Contains("Folded: below outcome 1: 0.450, alternatives 2 and 3."));
+    EXPECT_THAT(lines, Contains("2: 3.00, 3: 1.00, below 5.00 by the others: a leaf."));
+}
+
 TEST(Describe, TellsTheTotalsOfBothSides)
 {
     Diagram sides{.Kind = Layout::TwoSides};
@@ -127,6 +185,9 @@ TEST(Describe, TellsTheTotalsOfBothSides)
     EXPECT_THAT(lines, Contains("On the first side stands 1 block, 300 in all, of which 250 used."));
     EXPECT_THAT(lines, Contains("Origin 1 with Destination 1: 250 (chosen)."));
     EXPECT_THAT(lines, Contains("Left over at Origin 1: 50."));
+    sides.Arcs[0].Tip = "Origin 1 to destination 1: 250 units at 4, value 1000";
+    EXPECT_THAT(Told("Shipments", sides),
+                Contains("Origin 1 to destination 1: 250 units at 4, value 1000 (chosen)."));
 }
 
 TEST(Describe, TellsStatesWithTheirLargestWayOutFirst)
