@@ -156,7 +156,6 @@ private:
     {
         const double value = Value();
         if (value < tree_.Incumbent || (value == tree_.Incumbent && tree_.IncumbentNode == 0)) {
-            tree_.Nodes(tree_.IncumbentIndex).Closed = true;
             tree_.Incumbent = value;
             tree_.IncumbentIndex = currentRecord_;
             tree_.IncumbentNode = currentNode_;

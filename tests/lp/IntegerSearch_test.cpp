@@ -144,6 +144,7 @@ TEST_F(IntegerSearch, AnotherWordOrNoneLeavesALinearProgram)
 {
     SolveInteger(kTables, {"ALL"});
     EXPECT_NEAR(Objective(), 41.25, 1e-9);
+    EXPECT_EQ(Result.Tree.Visits, 0);
     SolveInteger(kTables, {});
     EXPECT_NEAR(Objective(), 41.25, 1e-9);
     SolveInteger(kTables, {"BIN", "INT", ""});
@@ -229,6 +230,59 @@ TEST_F(IntegerSearch, AmongEqualFractionsTheLargerValueIsBranchedOn)
     EXPECT_THAT(Values(), ElementsAre(2, 7));
     EXPECT_EQ(Result.Basis.UpperBound(1), 2);
     EXPECT_EQ(Result.Basis.UpperBound(2), 7);
+    EXPECT_EQ(Result.Tree.Nodes(0).BranchingColumn, 2);
+}
+
+TEST_F(IntegerSearch, AmongEqualFractionsOfEqualValuesTheFirstIsBranchedOn)
+{
+    SolveInteger({false, {1, 1}, {{{2, 0}, '<', 5}, {{0, 2}, '<', 5}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(2, 2));
+    EXPECT_EQ(Result.Tree.Nodes(0).BranchingColumn, 1);
+}
+
+// y = 7.5 stays a fraction.
+TEST_F(IntegerSearch, AVariableThatNeedNotBeWholeIsNotBranchedOn)
+{
+    SolveInteger({false, {1, 10}, {{{2, 0}, '<', 5}, {{0, 2}, '<', 15}}}, {"INT", "X1"});
+    EXPECT_THAT(Values(), ElementsAre(2, 7.5));
+    EXPECT_EQ(Result.Tree.Nodes(0).BranchingColumn, 1);
+}
+
+// x + y - z = 2.5, and nothing has a cost. The root has x = 2.5; x >= 3 is seen first and leaves z = 0.5, x
+// <= 2 leaves y = 0.5.
+const Lp kTwoRoads{false, {0, 0, 0}, {{{1, 1, -1}, '=', 2.5}}};
+
+TEST_F(IntegerSearch, OfEqualWholeSolutionsTheFirstStays)
+{
+    SolveInteger(kTwoRoads, {"INT", "X1"});
+    EXPECT_THAT(Values(), ElementsAre(3, 0, 0.5));
+    EXPECT_EQ(Result.Tree.IncumbentNode, 3);
+    EXPECT_EQ(Result.Tree.IncumbentIndex, 3);
+    EXPECT_EQ(Result.Tree.Nodes(2).Became, LP_Engine::Fate::Whole);
+    EXPECT_FALSE(Result.Tree.Nodes(2).TookOver);
+}
+
+TEST_F(IntegerSearch, ANodeThatIsOnlyAsGoodIsNotBetterNotEvenByLittle)
+{
+    SolveInteger(kTwoRoads, {"INT", "X1", "X2"});
+    EXPECT_THAT(Values(), ElementsAre(3, 0, 0.5));
+    EXPECT_EQ(Result.Tree.Nodes(2).Became, LP_Engine::Fate::NotBetter);
+}
+
+// x must be 1 and may be no more: it goes to its bound at once, and comes in from there with the first pivot.
+TEST_F(IntegerSearch, ADualStepAsLongAsTheRoomGoesToTheBound)
+{
+    SolveInteger({false, {-2}, {{{-1}, '<', -1}}}, {"DBI"});
+    EXPECT_THAT(Values(), ElementsAre(1));
+    EXPECT_EQ(Result.PivotCount, 1);
+}
+
+// Nothing but its own bound keeps x from growing.
+TEST_F(IntegerSearch, AColumnWithABoundIsNotUnbounded)
+{
+    SolveInteger({false, {5}, {{{0}, '<', 10}}}, {"DBI"});
+    EXPECT_EQ(Result.End, Outcome::Optimal);
+    EXPECT_THAT(Values(), ElementsAre(1));
 }
 
 // 0.9 and 3.5: the larger fraction is branched on, though 0.5 is further from a whole number. With x >= 1
@@ -272,6 +326,14 @@ TEST_F(IntegerSearch, ValuesAHairBelowAWholeNumberMoveUpToIt)
     EXPECT_THAT(Values(), ElementsAre(2));
 }
 
+TEST_F(IntegerSearch, AValueAsFarFromAWholeNumberAsTheToleranceIsWhole)
+{
+    SolveInteger({false, {1}, {{{1}, '<', 0.00001}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(0.00001));
+    SolveInteger({false, {1}, {{{1}, '<', 0.000011}}}, {"DIN"});
+    EXPECT_THAT(Values(), ElementsAre(0));
+}
+
 // ---- ends ----
 
 TEST_F(IntegerSearch, AnUnboundedRelaxationIsTold)
@@ -284,12 +346,18 @@ TEST_F(IntegerSearch, ARootWithoutAFeasiblePointIsTold)
 {
     SolveInteger({false, {1}, {{{1}, '<', 4}, {{1}, '>', 6}}}, {"DIN"});
     EXPECT_EQ(Result.End, Outcome::Infeasible);
+    EXPECT_TRUE(Result.Tree.Nodes(0).InPhaseOne);
 }
 
 // 2x = 1 has no whole solution: the tree is exhausted, and the search goes round until it is broken off.
 TEST_F(IntegerSearch, WithoutAWholeSolutionItGoesOnUntilTheUserBreaksItOff)
 {
     EXPECT_EQ(ErrorOf({false, {1}, {{{-2}, '<', -1}, {{2}, '<', 1}}}, {"DIN"}), ErrorNumber::UserInterrupt);
+    EXPECT_TRUE(Result.Tree.Exhausted);
+    // 6x - 3y = 20 with 3y <= 1: x = 10/3, and x <= 3 is tried last.
+    EXPECT_EQ(ErrorOf({true, {8, 7}, {{{6, -3}, '=', 20}, {{0, 3}, '<', 1}}}, {"DIN"}),
+              ErrorNumber::UserInterrupt);
+    EXPECT_EQ(Result.Basis.ColumnStatus(1), LP_Engine::kAboveUpper);
 }
 
 TEST_F(IntegerSearch, ABoundBeyondSixteenBitsIsAnOverflow)
@@ -316,6 +384,7 @@ TEST_F(IntegerSearch, TheFiftiethBranchingIsASubscriptOutOfRange)
 {
     EXPECT_EQ(ErrorOf({false, {4, 4, 2, 12, 10}, {{{16, 15, 7, 7, 20}, '<', 73}}}, {"DIN"}),
               ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(Result.Tree.RecordCount, 100);  // the room is for 100, and the first is not used
 }
 
 // ---- exhaustive search ----

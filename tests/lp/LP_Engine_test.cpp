@@ -203,6 +203,7 @@ TEST_F(LpEngine, ANegativeRightHandSideWithoutACandidateIsInfeasible)
     Solve({true, {2, 3}, {{{1, 1}, '<', -4}}});
     EXPECT_EQ(Result.End, Outcome::Infeasible);
     EXPECT_EQ(Result.PivotCount, 0);
+    EXPECT_EQ(Result.Basis.ColumnStatus(3), LP_Engine::kBelowLower);
 }
 
 // Both rows miss by 4, and nothing has a cost. The first one takes x in: x = 4, which mends the second too.
@@ -222,6 +223,82 @@ TEST_F(LpEngine, OfTwoViolatedRowsTheDeeperOneIsRepairedFirst)
     Solve({true, {0, 0}, {{{-1, -2}, '<', -4}, {{-2, -1}, '<', -5}}});
     EXPECT_NEAR(Values()[0], 2, kNear);
     EXPECT_NEAR(Values()[1], 1, kNear);
+}
+
+// ---- both sides of the tolerance, 1e-5 ----
+
+TEST_F(LpEngine, AnArtificialOfTheToleranceIsNotCleared)
+{
+    Solve({false, {1}, {{{1}, '<', 1}, {{0}, '=', 0.00001}}});
+    EXPECT_EQ(Result.End, Outcome::Infeasible);
+    Solve({false, {1}, {{{1}, '<', 1}, {{0}, '=', 0.0000099}}});
+    EXPECT_EQ(Result.End, Outcome::Optimal);
+}
+
+// x comes in at 1 and leaves the slack of the second row where it is.
+TEST_F(LpEngine, AValueOfTheToleranceIsNotCutToZero)
+{
+    Solve({false, {1}, {{{1}, '<', 1}, {{0}, '<', 0.00001}}});
+    EXPECT_EQ(Result.Basis.BasicValues(1), 0.00001);
+    Solve({false, {1}, {{{1}, '<', 1}, {{0}, '<', 0.0000099}}});
+    EXPECT_EQ(Result.Basis.BasicValues(1), 0);
+}
+
+TEST_F(LpEngine, AnEntryOfTheToleranceRepairsNoRow)
+{
+    Solve({true, {1}, {{{-0.00001}, '<', -1}}});
+    EXPECT_EQ(Result.End, Outcome::Infeasible);
+    Solve({true, {1}, {{{-0.00002}, '<', -1}}});
+    EXPECT_EQ(Result.End, Outcome::Optimal);
+    EXPECT_THAT(Values(), ElementsAre(DoubleNear(50000, kNear)));
+}
+
+// The first row has room for x = 1 only, and is not looked at.
+TEST_F(LpEngine, AnEntryOfTheToleranceLimitsNoStep)
+{
+    Solve({false, {1}, {{{0.00001}, '<', 0.00001}, {{1}, '<', 5}}});
+    EXPECT_EQ(Result.Basis.BasisList(2), 1);
+    EXPECT_EQ(Result.Basis.BasicValues(2), 5);
+    Solve({false, {1}, {{{0.000011}, '<', 0.000011}, {{1}, '<', 5}}});
+    EXPECT_THAT(Values(), ElementsAre(DoubleNear(1, kNear)));
+}
+
+// ---- what the costs of artificials leave behind ----
+
+// 5x >= 0 starts with its artificial at zero, which costs 1 in the second phase too: the row's price is -1,
+// and x is worth -6 + 5.
+TEST_F(LpEngine, AnArtificialAtZeroCostsOne)
+{
+    Solve({true, {6}, {{{5}, '>', 0}}});
+    EXPECT_EQ(Result.DualVector(1), -1);
+    EXPECT_EQ(Result.ReducedCosts(1), -1);
+    EXPECT_EQ(Result.ReducedCosts(2), -1);
+}
+
+// x = 4 leaves 2 of the second row to its artificial. A unit more of the first row would save 1 of them.
+TEST_F(LpEngine, TheFirstPhaseEndsWithThePricesOfItsOwnCosts)
+{
+    Solve({false, {1}, {{{1}, '<', 4}, {{1}, '>', 6}}});
+    EXPECT_EQ(Result.End, Outcome::Infeasible);
+    EXPECT_EQ(Result.DualVector(1), 1);
+    EXPECT_EQ(Result.DualVector(2), -1);
+    EXPECT_EQ(Result.ReducedCosts(2), -1);
+}
+
+// 0.3 - 0.1 * (0.3 / 0.1) is not zero for the machine.
+TEST_F(LpEngine, ABasicColumnHasNoReducedCost)
+{
+    Solve({false, {0.3}, {{{0.1}, '<', 1}}});
+    EXPECT_THAT(Values(), ElementsAre(DoubleNear(10, kNear)));
+    EXPECT_EQ(Result.ReducedCosts(1), 0);
+}
+
+// Its entry -3 would let x go on to 11/6; the artificial gives way without a step, and that is all.
+TEST_F(LpEngine, AClearedArtificialLeavesAtOnce)
+{
+    Solve({false, {5}, {{{-3}, '=', 0}, {{6}, '<', 11}}});
+    EXPECT_EQ(Result.PivotCount, 1);
+    EXPECT_THAT(Values(), ElementsAre(0));
 }
 
 TEST_F(LpEngine, TheProblemStaysAsItWas)

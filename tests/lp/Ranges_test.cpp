@@ -158,6 +158,40 @@ TEST_F(Ranges, TableauEntriesBelowTheToleranceLimitNothing)
     ExpectRange(ofSecond(), kNoLimit, 8, 9);
 }
 
+// y = 20 comes in with row 1, whose slack has the entry -0.0001 and then 0.0001 in the row of x.
+TEST_F(Ranges, TableauEntriesOfTheToleranceLimitNoRightHandSide)
+{
+    Solve({false, {3, 7}, {{{0, 1}, '<', 20}, {{3, 0}, '<', 1}, {{7, 0.0001}, '<', 20}}});
+    ExpectRange(OfRightHandSide(1), 0, 20, kNoLimit);
+    Solve({false, {3, 7}, {{{0, 1}, '<', 20}, {{3, 0}, '<', 1}, {{0, -0.0001}, '<', -0.001}}});
+    ExpectRange(OfRightHandSide(1), 0, 20, kNoLimit);
+    Solve({false, {3, 7}, {{{0, 1}, '<', 20}, {{3, 0}, '<', 1}, {{0, -0.00011}, '<', -0.0011}}});
+    ExpectRange(OfRightHandSide(1), 10, 20, kNoLimit);
+}
+
+// x = 1 stays the best while it is worth more than y, half of its weight in the row of x: the entry is
+// 0.0001.
+TEST_F(Ranges, TableauEntriesOfTheToleranceLimitNoCoefficient)
+{
+    Solve({false, {1, 0.00005}, {{{1, 0.0001}, '<', 1}}});
+    ExpectRange(OfObjective(1), 0, 1, kNoLimit);
+    Solve({false, {1, 0.0001}, {{{1, 0.0002}, '<', 1}}});
+    ExpectRange(OfObjective(1), 0.5, 1, kNoLimit);
+    Solve({false, {1, -0.00015}, {{{1, -0.0001}, '<', 1}}});
+    ExpectRange(OfObjective(1), 0, 1, kNoLimit);
+    Solve({false, {1, -0.0003}, {{{1, -0.0002}, '<', 1}}});
+    ExpectRange(OfObjective(1), 0, 1, 1.5);
+}
+
+// 2x <= b: b may go down to 0 as long as that is not further than 1e15.
+TEST_F(Ranges, ALimitBeyondTheLargestNumberIsNone)
+{
+    Solve({false, {1}, {{{2}, '<', 1.5e15}}});
+    ExpectRange(OfRightHandSide(1), kNoLimit, 1.5e15, kNoLimit);
+    Solve({false, {1}, {{{2}, '<', 0.9e15}}});
+    ExpectRange(OfRightHandSide(1), 0, 0.9e15, kNoLimit);
+}
+
 TEST_F(Ranges, TheTableauHasUnitColumnsForTheBasis)
 {
     Solve({false, {60, 30, 20}, {{{8, 6, 1}, '<', 48}, {{4, 2, 1.5}, '<', 20}, {{2, 1.5, .5}, '<', 8}}});
