@@ -1,5 +1,6 @@
 // A ring of nodes: arcs between two nodes bend apart, a loop stands outside of the ring.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 #include <set>
@@ -11,7 +12,6 @@ namespace {
 
 constexpr double kLoop = 20;     // radius of a loop
 constexpr double kBetween = 56;  // between two neighbours
-constexpr double kBend = 0.11;   // of the distance
 
 double WidestNode(const Sized& sized)
 {
@@ -51,6 +51,37 @@ std::vector<Point> LoopAt(const Point& middle, double reach)
         path.push_back({middle.X + reach * std::cos(angle), middle.Y + reach * std::sin(angle)});
     }
     return path;
+}
+
+bool MeetsForeignNode(const std::vector<Point>& path, const Sized& sized, const Placement& placement,
+                      std::size_t arc)
+{
+    for (std::size_t node = 0; node < sized.Count(); ++node) {
+        if (node == sized.From[arc] || node == sized.To[arc]) continue;
+        const Box& place = placement.Nodes[node].Place;
+        const double reach = std::max(place.Width, place.Height) / 2 + 2;
+        for (std::size_t k = 0; k + 1 < path.size(); ++k)
+            if (DistanceToSegment(place.Middle(), path[k], path[k + 1]) < reach) return true;
+    }
+    return false;
+}
+
+// Bent to the left of its way. Where it would run through a node that is not its end: less or more, straight,
+// or a little to the right; the other arc of the pair, bent the other way, is still apart from it.
+std::vector<Point> BentClear(const Sized& sized, const Placement& placement, std::size_t arc)
+{
+    constexpr std::array<double, 7> kBends{0.11, 0.08, 0.14, 0.05, 0, -0.04, 0.18};  // of the distance
+    constexpr double kLeast = 12;                                                    // pixels
+    const Point a = placement.Nodes[sized.From[arc]].Place.Middle();
+    const Point b = placement.Nodes[sized.To[arc]].Place.Middle();
+    std::vector<Point> first;
+    for (const double bend : kBends) {
+        const double off = bend * Distance(a, b);
+        auto path = Trimmed(Curve(a, b, bend > 0 ? std::max(kLeast, off) : off), sized, placement, arc);
+        if (!MeetsForeignNode(path, sized, placement, arc)) return path;
+        if (first.empty()) first = std::move(path);
+    }
+    return first;
 }
 
 }  // namespace
@@ -112,7 +143,7 @@ Placement Ring(const Sized& sized, const Extent& room)
         }
         const bool both = sized.Of.Arcs[arc].Directed && pairs.contains({to, from});
         placement.Arcs[arc].Path =
-            Trimmed(Curve(a, b, both ? std::max(12.0, kBend * Distance(a, b)) : 0), sized, placement, arc);
+            both ? BentClear(sized, placement, arc) : Trimmed(Curve(a, b, 0), sized, placement, arc);
     }
     PlaceLabels(sized, placement);
     return placement;

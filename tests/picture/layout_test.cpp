@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <random>
 
 #include "picture/networks.h"
 
@@ -237,6 +238,29 @@ TEST(RingLayout, KeepsNodesApartAtEverySize)
         ExpectApart(placement);
         for (const PlacedNode& node : placement.Nodes)
             EXPECT_TRUE((Box{0, 0, placement.Size.Width, placement.Size.Height}.Holds(node.Place))) << n;
+    }
+}
+
+// Random chains of the module's largest size, in windows as a pane has them.
+TEST(RingLayout, RunsThroughNoNodeThatIsNotAnEnd)
+{
+    std::mt19937 random(3);
+    constexpr int kRounds = 30;
+    for (int round = 0; round < kRounds; ++round) {
+        Diagram ring{.Kind = Layout::Ring};
+        for (int i = 1; i <= 10; ++i)
+            ring.Nodes.push_back(
+                {.Id = std::to_string(i), .Lines = {std::to_string(i), "0.100"}, .Form = Shape::Circle});
+        for (int i = 1; i <= 10; ++i)
+            for (int j = 1; j <= 10; ++j)
+                if (random() % 3 != 0)
+                    ring.Arcs.push_back(
+                        {.From = std::to_string(i), .To = std::to_string(j), .Text = "0.100"});
+        const double wide = 300 + static_cast<double>(random() % 400);
+        const Placement placement = Place(ring, {wide, 480}, LetterSize);
+        const auto faults = networks::FaultsOf(ring, placement);
+        EXPECT_EQ(faults.LineThroughNode + faults.NodeOverNode, 0) << round;
+        EXPECT_EQ(faults.LabelOverNode + faults.LabelOverLabel, 0) << round;
     }
 }
 
