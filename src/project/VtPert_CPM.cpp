@@ -10,6 +10,7 @@ namespace VtPert_CPM {
 
 PertProblem Problem;
 PertResult Result;
+int TableNumber = 0;
 ModalDialog<NoQuestion, int> TheParameters{{.StaysLoaded = true}};
 std::function<void()> CheckTimeBoxes;
 
@@ -52,6 +53,7 @@ bool HasThreeEstimates()
 
 void MakeTable()
 {
+    ++TableNumber;
     Problem.DecimalPlaces = 0.0;
     Problem.TimeDecimals = 0.0;
     Problem.CurrentActivity = 1;

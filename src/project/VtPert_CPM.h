@@ -60,6 +60,7 @@ struct PertResult {
 
 extern PertProblem Problem;
 extern PertResult Result;
+extern int TableNumber;  // of the table at hand: each one that is made has another
 
 [[nodiscard]] bool HasThreeEstimates();
 

@@ -4,11 +4,15 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QTimer>
+#include <QUndoCommand>
+#include <QUndoStack>
 #include <optional>
 #include <set>
 
@@ -93,6 +97,18 @@ int ColumnOf(std::size_t timeField)
     return kFirstTimeColumn + static_cast<int>(timeField);
 }
 
+// What can be taken back, to the opening of the problem. The form comes and goes with each report.
+QUndoStack& History()
+{
+    constexpr int kMost = 1000;  // steps; each keeps the whole table
+    static QUndoStack history;
+    if (history.undoLimit() == 0) history.setUndoLimit(kMost);
+    return history;
+}
+
+int historyOf = 0;                // the number of the table
+frmPERT_CPM* openForm = nullptr;  // there is one at most
+
 // A menu that was being opened goes when what stands in a box is refused: the keys are the box's again.
 void GoBackFromMenus(QLineEdit* box)
 {
@@ -157,13 +173,26 @@ frmPERT_CPM::frmPERT_CPM(QWidget* parent) : qt::ChildForm(parent)
     lstPredecessor->installEventFilter(this);
     for (QLineEdit* box : timeBoxes_)
         box->installEventFilter(this);
+    for (QListWidget* list : {lstActivityName, lstPredecessor}) {
+        list->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(list, &QWidget::customContextMenuRequested, this,
+                [this, list](const QPoint& at) { ShowMenu(*list, list->viewport()->mapToGlobal(at)); });
+    }
+    gridDisplayEdit->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(gridDisplayEdit, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        ShowMenu(*lstActivityName, gridDisplayEdit->viewport()->mapToGlobal(at));
+    });
     setFocusProxy(lstActivityName);
     VtPert_CPM::CheckTimeBoxes = [this] { CheckTimes(); };
+    if (historyOf != VtPert_CPM::TableNumber) History().clear();
+    historyOf = VtPert_CPM::TableNumber;
+    openForm = this;
 }
 
 void frmPERT_CPM::Unloading()
 {
     VtPert_CPM::CheckTimeBoxes = {};
+    openForm = nullptr;
 }
 
 // ---- what stands on it ----
@@ -207,7 +236,7 @@ void frmPERT_CPM::AddPredecessors(QBoxLayout* row)
     lblPredecessor->setBuddy(lstPredecessor);
     lstPredecessor->setSelectionMode(QAbstractItemView::MultiSelection);
     connect(lstPredecessor, &QListWidget::itemSelectionChanged, this,
-            [this] { qt::Trap([this] { TakePredecessors(); }); });
+            [this] { qt::Trap([this] { Enter([this] { TakePredecessors(); }); }); });
     column->addStretch();
 }
 
@@ -242,7 +271,7 @@ void frmPERT_CPM::AddTimes(QBoxLayout* row)
 bool frmPERT_CPM::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress)
-        return UsesClipboard(*static_cast<QWidget*>(watched), *static_cast<const QKeyEvent*>(event));
+        return UsesKeys(*static_cast<QWidget*>(watched), *static_cast<const QKeyEvent*>(event));
     const bool onTable =
         watched == gridDisplayEdit->viewport() || watched == gridDisplayEdit->verticalHeader()->viewport();
     const bool pressed =
@@ -336,11 +365,14 @@ bool frmPERT_CPM::TakeTime(std::size_t index)
 {
     const TimeField& field = Fields()[index];
     const std::string text = qt::TextOf(timeBoxes_[index]);
-    if (!field.Take(text)) return false;
-    const int activity = Problem.CurrentActivity;
-    if (!text.empty())
-        gridDisplayEdit->Cells().SetText(RowOf(activity), ColumnOf(index), TimeText(field, activity));
-    return true;
+    bool taken = false;
+    Enter([&] {
+        taken = field.Take(text);
+        const int activity = Problem.CurrentActivity;
+        if (taken && !text.empty())
+            gridDisplayEdit->Cells().SetText(RowOf(activity), ColumnOf(index), TimeText(field, activity));
+    });
+    return taken;
 }
 
 void frmPERT_CPM::CheckTimes()
@@ -352,15 +384,126 @@ void frmPERT_CPM::CheckTimes()
     }
 }
 
+// ---- undo and redo ----
+
+class frmPERT_CPM::Step : public QUndoCommand {
+public:
+    Step(int activity, Entries before, Entries after)
+        : activity_(activity), before_(std::move(before)), after_(std::move(after))
+    {
+    }
+
+    void undo() override { Show(before_); }
+    void redo() override
+    {
+        if (done_) Show(after_);
+        done_ = true;
+    }
+
+private:
+    void Show(const Entries& entries) const
+    {
+        if (openForm != nullptr) openForm->Restore(entries, activity_);
+    }
+
+    int activity_;
+    Entries before_;
+    Entries after_;
+    bool done_ = false;  // the step itself has been done when it is told
+};
+
+// What is entered within it is one step; nothing that changes no cell is a step.
+void frmPERT_CPM::Enter(const std::function<void()>& change)
+{
+    if (entering_) {
+        change();
+        return;
+    }
+    const QScopedValueRollback<bool> once(entering_, true);
+    const int activity = Problem.CurrentActivity;
+    Entries before = Remember();
+    change();
+    Entries after = Remember();
+    if (after.Cells != before.Cells) History().push(new Step(activity, std::move(before), std::move(after)));
+}
+
+frmPERT_CPM::Entries frmPERT_CPM::Remember() const
+{
+    Entries entries{.Record = Problem, .Cells = {}};
+    const Grid& cells = gridDisplayEdit->Cells();
+    for (int row = kHeadingRows; row < cells.Rows(); ++row)
+        for (int column = kPredecessorColumn; column < cells.Columns(); ++column)
+            entries.Cells.push_back(cells.Text(row, column));
+    return entries;
+}
+
+// What a solve has put into the record stays.
+void frmPERT_CPM::Restore(const Entries& entries, int activity)
+{
+    Problem.PredCount = entries.Record.PredCount;
+    Problem.PredTable = entries.Record.PredTable;
+    Problem.DecimalPlaces = entries.Record.DecimalPlaces;
+    for (const TimeField& field : Fields())
+        Problem.*field.Times = entries.Record.*field.Times;
+    Grid& cells = gridDisplayEdit->Cells();
+    std::size_t at = 0;
+    for (int row = kHeadingRows; row < cells.Rows(); ++row)
+        for (int column = kPredecessorColumn; column < cells.Columns(); ++column)
+            cells.SetText(row, column, entries.Cells[at++]);
+    lstActivityName->setCurrentRow(activity - 1);
+    ShowActivity(activity);  // also where it was the current one
+}
+
+// A box takes back what is being typed into it first.
+bool frmPERT_CPM::UsesHistory(const QWidget& watched, const QKeyEvent& key)
+{
+    const QKeyCombination pressed = key.keyCombination();
+    const bool undo = pressed == (Qt::CTRL | Qt::Key_Z);
+    const bool redo = pressed == (Qt::CTRL | Qt::Key_Y) || pressed == (Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    const auto* box = qobject_cast<const QLineEdit*>(&watched);
+    if (undo && (box == nullptr || !box->isUndoAvailable()))
+        History().undo();
+    else if (redo && (box == nullptr || !box->isRedoAvailable()))
+        History().redo();
+    else
+        return false;
+    return true;
+}
+
+void frmPERT_CPM::ShowMenu(QListWidget& list, const QPoint& global)
+{
+    auto* menu = new QMenu(this);
+    menu->setObjectName("menuOfTable");
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const char* text, const QKeySequence& keys, bool enabled, auto run) {
+        QAction* action = menu->addAction(QString::fromUtf8(text), this, run);
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);  // the lists themselves listen to them
+        action->setEnabled(enabled);
+    };
+    add("&Undo", Qt::CTRL | Qt::Key_Z, History().canUndo(),
+        [this] { qt::Trap([this] { History().undo(); }); });
+    add("&Redo", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, History().canRedo(),
+        [this] { qt::Trap([this] { History().redo(); }); });
+    menu->addSeparator();
+    add("&Copy", Qt::CTRL | Qt::Key_C, true,
+        [this, &list] { CopyTable(&list == lstActivityName ? 0 : kPredecessorColumn); });
+    add("&Paste", Qt::CTRL | Qt::Key_V, !QGuiApplication::clipboard()->text().isEmpty(),
+        [this, &list] { qt::Trap([this, &list] { Paste(list, true); }); });
+    menu->popup(global);
+}
+
 // ---- blocks of a spreadsheet ----
 
 // A list stands for the table, from its own column on. A box keeps its keys but for a text of several cells.
-bool frmPERT_CPM::UsesClipboard(QWidget& watched, const QKeyEvent& key)
+bool frmPERT_CPM::UsesKeys(QWidget& watched, const QKeyEvent& key)
 {
     const bool onList = &watched == lstActivityName || &watched == lstPredecessor;
     bool used = false;
     qt::Trap([&] {
-        if (onList && key.matches(QKeySequence::Copy)) {
+        if (UsesHistory(watched, key)) {
+            used = true;
+        } else if (onList && key.matches(QKeySequence::Copy)) {
             used = true;
             CopyTable(&watched == lstActivityName ? 0 : kPredecessorColumn);
         } else if (key.matches(QKeySequence::Paste)) {
@@ -402,9 +545,12 @@ bool frmPERT_CPM::Paste(QWidget& watched, bool listTakesText)
     const int activity = Problem.CurrentActivity;
     const std::string told = qt::TooLargeText(block, Problem.NumActivities - activity + 1,
                                               gridDisplayEdit->Cells().Columns() - column);
-    if (!told.empty()) {
+    bool pasted = false;
+    if (told.empty())
+        Enter([&] { pasted = PasteBlock(block, column); });
+    else
         MsgBox(told, "Paste");
-    } else if (PasteBlock(block, column)) {
+    if (pasted) {
         lstActivityName->setCurrentRow(activity - 1);
         ShowActivity(activity);
         watched.setFocus(Qt::OtherFocusReason);

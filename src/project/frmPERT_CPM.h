@@ -2,8 +2,10 @@
 // its predecessors and times.
 #pragma once
 
+#include <functional>
 #include <vector>
 
+#include "project/VtPert_CPM.h"
 #include "qt/blocktext.h"
 #include "qt/entrygrid.h"
 #include "qt/forms.h"
@@ -40,7 +42,19 @@ private:
     bool TakeTime(std::size_t index);
     void CheckTimes();
 
-    bool UsesClipboard(QWidget& watched, const QKeyEvent& key);
+    // What stands in the table and in the record behind it.
+    struct Entries {
+        VtPert_CPM::PertProblem Record;
+        std::vector<std::string> Cells;  // predecessors and times, row by row
+    };
+    class Step;
+    void Enter(const std::function<void()>& change);
+    [[nodiscard]] Entries Remember() const;
+    void Restore(const Entries& entries, int activity);
+    bool UsesHistory(const QWidget& watched, const QKeyEvent& key);
+    void ShowMenu(QListWidget& list, const QPoint& global);
+
+    bool UsesKeys(QWidget& watched, const QKeyEvent& key);
     void CopyTable(int fromColumn) const;
     [[nodiscard]] int PasteColumn(const QWidget& watched, int columns) const;
     bool Paste(QWidget& watched, bool listTakesText);
@@ -54,4 +68,5 @@ private:
     QListWidget* lstPredecessor = nullptr;
     QLabel* lblActivityTime = nullptr;
     std::vector<QLineEdit*> timeBoxes_;  // the one of a known time, or three
+    bool entering_ = false;              // a step is being made
 };

@@ -193,8 +193,8 @@ private:
     }
 };
 
-// A list of one choice in which nothing is chosen yet: the first arrow key chooses the entry that it stands
-// on. Until then no entry looks as if it were chosen; the list itself shows that the keys are its own.
+// A list shows by a frame that the keys are its own. Where one choice is wanted and nothing is chosen yet, the
+// first arrow key chooses the entry that it stands on; until then no entry looks as if it were chosen.
 class List : public QListWidget {
 public:
     List()
@@ -207,7 +207,7 @@ protected:
     void paintEvent(QPaintEvent* event) override
     {
         QListWidget::paintEvent(event);
-        if (!IsOpen() || (!hasFocus() && !GetsKeys(*this))) return;
+        if (!hasFocus() && !GetsKeys(*this)) return;
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::Highlight));
         painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));

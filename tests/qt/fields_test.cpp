@@ -356,6 +356,24 @@ TEST_F(ChoicesTest, TheFirstArrowKeyInAListChoosesItsFirstEntry)
     EXPECT_EQ(form.list->selectedItems(), QList<QListWidgetItem*>{form.list->item(1)});
 }
 
+// Also where an entry is chosen, and where there is none at all.
+TEST_F(ChoicesTest, AListWithTheFocusHasAFrame)
+{
+    const QColor frame = form.list->palette().color(QPalette::Highlight);
+    const auto corner = [this] {
+        const QWidget* inside = form.list->viewport();
+        return form.list->viewport()->grab().toImage().pixelColor(inside->width() - 1, inside->height() - 1);
+    };
+    form.Open();
+    form.list->setCurrentRow(0);
+    form.options.front()->setFocus();
+    EXPECT_NE(corner(), frame);
+    form.list->setFocus();
+    EXPECT_EQ(corner(), frame);
+    form.list->clear();
+    EXPECT_EQ(corner(), frame);
+}
+
 TEST_F(ChoicesTest, AnArrowKeyInAnEmptyListChoosesNothing)
 {
     form.list->clear();
