@@ -43,7 +43,6 @@ void FillGrid(Grid& grid)
 void MakeArrays()
 {
     Problem.TransitionMatrix = Array2<Variant>(kMostStates, kMostStates);
-    Problem.TransitionText = Array2<std::string>(kMostStates, kMostStates);
     Result = {};
 }
 
@@ -86,7 +85,6 @@ int CommitCell(int row, int column, std::string_view text)
     }
     const NumberText number = CheckNumber(UpperCase(text), BehindFailure::Passing);
     if (!number.IsNumber) return RefuseProbability();
-    Problem.TransitionText(row, column) = number.Text;
     const double probability = number.Value();
     if (probability < 0) return RefuseProbability();
     Problem.TransitionMatrix(row, column) = probability;

@@ -16,9 +16,8 @@ namespace Markov {
 constexpr int kMostStates = 10;
 
 struct MarkovProblem {
-    int StateCount = 0;                  // n, 1 to 10
-    Array2<Variant> TransitionMatrix;    // 10 x 10, (from, to)
-    Array2<std::string> TransitionText;  // 10 x 10, the cells' texts as they were committed
+    int StateCount = 0;                // n, 1 to 10
+    Array2<Variant> TransitionMatrix;  // 10 x 10, (from, to)
 };
 
 struct MarkovResult {

@@ -280,6 +280,7 @@ TEST(PlainText, TurnsToAnExponentForVeryLargeAndVerySmallValues)
     EXPECT_EQ(PlainText(0.00001), "1E-05");
     EXPECT_EQ(PlainText(1.25e-7), "1.25E-07");
     EXPECT_EQ(PlainText(1e100), "1E+100");
+    EXPECT_EQ(PlainText(-1e-5), "-1E-05");
 }
 
 TEST(PrintItem, HasABlankOrItsMinusInFrontAndABlankBehind)

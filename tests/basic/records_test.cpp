@@ -225,6 +225,60 @@ TEST(RecordReader, ReadsUtf16OfBothOrdersByItsMark)
               "A");
 }
 
+// The UTF-16 units of `characters`, lower bytes first, read as a text.
+std::string ReadUtf16(const std::vector<std::uint16_t>& units)
+{
+    std::string text = "\xFF\xFE";
+    for (const std::uint16_t unit : units) {
+        text += static_cast<char>(unit & 0xFF);
+        text += static_cast<char>(unit >> 8);
+    }
+    return RecordReader(text).ReadString();
+}
+
+// Each is the first or the last of its number of bytes, or stands beside the halves of pairs, D800 to DFFF.
+TEST(RecordReader, WritesUtf16CharactersWithTheirNumberOfBytes)
+{
+    EXPECT_EQ(ReadUtf16({0x7F}), "\x7F");
+    EXPECT_EQ(ReadUtf16({0x80}), "\xC2\x80");
+    EXPECT_EQ(ReadUtf16({0x7FF}), "\xDF\xBF");
+    EXPECT_EQ(ReadUtf16({0x800}), "\xE0\xA0\x80");
+    EXPECT_EQ(ReadUtf16({0xD7FF, 0x41}),
+              "\xED\x9F\xBF"
+              "A");
+    EXPECT_EQ(ReadUtf16({0xD7FF, 0xDC00}), "\xED\x9F\xBF\xED\xB0\x80");
+    EXPECT_EQ(ReadUtf16({0xE000, 0x41}),
+              "\xEE\x80\x80"
+              "A");
+    EXPECT_EQ(ReadUtf16({0xFFFF}), "\xEF\xBF\xBF");
+}
+
+// D800 to DBFF come first, DC00 to DFFF second; every other order stands as it is.
+TEST(RecordReader, JoinsTheHalvesOfAPair)
+{
+    EXPECT_EQ(ReadUtf16({0xD800, 0xDC00}), "\xF0\x90\x80\x80");  // U+10000
+    EXPECT_EQ(ReadUtf16({0xDBFF, 0xDFFF}), "\xF4\x8F\xBF\xBF");  // U+10FFFF
+    EXPECT_EQ(ReadUtf16({0xD801, 0xDC01}), "\xF0\x90\x90\x81");  // U+10401
+    EXPECT_EQ(ReadUtf16({0xD800, 0xDBFF}), "\xED\xA0\x80\xED\xAF\xBF");
+    EXPECT_EQ(ReadUtf16({0xD800, 0xE000}), "\xED\xA0\x80\xEE\x80\x80");
+    EXPECT_EQ(ReadUtf16({0xDC00, 0xDC00}), "\xED\xB0\x80\xED\xB0\x80");
+    EXPECT_EQ(ReadUtf16({0xD800}), "\xED\xA0\x80");
+}
+
+TEST(RecordReader, ACountIsNotNegative)
+{
+    EXPECT_EQ(RecordReader("0").ReadCount(), 0);
+    EXPECT_EQ(RecordReader("1").ReadCount(), 1);
+    EXPECT_EQ(ErrorOf([] { RecordReader("-1").ReadCount(); }), ErrorNumber::SubscriptOutOfRange);
+}
+
+TEST(RecordReader, AQuoteThatIsNeverClosedTakesTheRestOfTheFile)
+{
+    RecordReader reader("\"A,1\r\n2");
+    EXPECT_EQ(ErrorOf([&] { reader.ReadString(); }), ErrorNumber::InputPastEnd);
+    EXPECT_EQ(ErrorOf([&] { reader.ReadDouble(); }), ErrorNumber::InputPastEnd);
+}
+
 TEST(Records, GiveEveryDoubleBack)
 {
     std::mt19937_64 random(7);

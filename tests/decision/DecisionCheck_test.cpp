@@ -99,6 +99,21 @@ TEST_F(DecisionChecks, WrongSumsNameTheStatesOrTheOutcomes)
     EXPECT_EQ(GridOf(2).Row(), 2);
 }
 
+TEST_F(DecisionChecks, ARefusedCellBringsTheFocusToItsGridAndACancelledQuestionDoesNot)
+{
+    const auto checkWith = [](int code) {
+        return Decision::CheckGrids({.Commit = [code](int, int, int, std::string_view) { return code; },
+                                     .Runs = [](int) { return true; },
+                                     .Probability = [](int, int, int) { return 0.5; },
+                                     .Count = [](int) { return 2; }});
+    };
+    EXPECT_FALSE(checkWith(kCellRefused));
+    EXPECT_EQ(GridOf(0).focused, 1);
+    desktop.dialogs.answers = {Answer::Cancel};
+    EXPECT_FALSE(checkWith(kCellEmpty));
+    EXPECT_EQ(GridOf(0).focused, 1);
+}
+
 TEST_F(DecisionChecks, EmptyCellsAreAskedAboutOnceOverAllPasses)
 {
     Fill(0, {"", "", "3", "4"});

@@ -141,6 +141,14 @@ TEST_F(DecisionEntry, TheOutcomesAreNotLookedAtWithoutAStrategy)
     EXPECT_EQ(Problem.ComputeStrategy, "NO");
 }
 
+TEST_F(DecisionEntry, TheBoxOfTheOutcomesIsPointedAtForAStrategyOnly)
+{
+    std::vector<int> pointed;
+    const auto point = [&pointed](int box) { pointed.push_back(box); };
+    Decision::TakeFeatures({.Alternatives = "2", .States = "2", .StateProbabilities = true}, point);
+    EXPECT_EQ(pointed, (std::vector<int>{0, 1, 1}));
+}
+
 TEST_F(DecisionEntry, RefusedFeaturesLeaveTheOldProblem)
 {
     NewProblem(true, false);
@@ -179,6 +187,8 @@ TEST_F(DecisionEntry, ANewProblemWithAStrategyShowsAllThreeGrids)
     EXPECT_THAT(Grid(2).RowTexts(0), ElementsAre("Given State", "I1", "I2", "I3"));
     EXPECT_THAT(Grid(2).RowTexts(2), ElementsAre("2", "", "", ""));
     EXPECT_EQ(Grid(2).Rows(), 3);
+    for (const int pass : {0, 1, 2})
+        EXPECT_EQ(Grid(pass).widths[0], 13);  // "Probabilities"
 }
 
 TEST_F(DecisionEntry, ACancelledDialogChangesNothing)

@@ -120,7 +120,36 @@ TEST_F(ForecastEntry, ANewProblemShowsEmptyCells)
     EXPECT_THAT(Cells(), ElementsAre("", "", ""));
 }
 
+TEST_F(ForecastEntry, TheColumnOfValuesHasRoomForItsHeading)
+{
+    EXPECT_EQ(TheGrid().widths[1], 20);
+}
+
+TEST_F(ForecastEntry, ANewSeriesHoldsNothingOfTheLast)
+{
+    Problem.DecimalPlaces = 2.0;
+    Problem.ForecastMethod = kTrendAndSeasonal;
+    Problem.MethodParameter = "3";
+    Problem.ForecastCount = "4";
+    Result.PeriodCount = 3;
+    MakeArrays();
+    EXPECT_EQ(Problem.DecimalPlaces.Value(), 0);
+    EXPECT_EQ(Problem.ForecastMethod, 0);
+    EXPECT_EQ(Problem.MethodParameter, "");
+    EXPECT_EQ(Problem.ForecastCount, "");
+    EXPECT_TRUE(Problem.TimeSeries(1).IsEmpty());
+    EXPECT_EQ(Result.PeriodCount, 0);
+}
+
 // ---- cells ----
+
+TEST_F(ForecastEntry, HeadingsTakeNothing)
+{
+    EXPECT_EQ(VtForecasting::CommitCell(0, 1, "7"), kCellStored);
+    EXPECT_EQ(VtForecasting::CommitCell(2, 0, "7"), kCellStored);
+    EXPECT_TRUE(Problem.TimeSeries(0).IsEmpty());
+    EXPECT_EQ(Problem.TimeSeries(2).Value(), 20);
+}
 
 TEST_F(ForecastEntry, ACellTakesANumber)
 {
@@ -273,6 +302,7 @@ TEST_F(ForecastEntry, DeleteEndsAtALastCellThatIsRefused)
     EXPECT_EQ(desktop.dialogs.Last(), Refused("Values Must be Numeric.  PLEASE REENTER."));
     EXPECT_THAT(desktop.dialogs.prompts, IsEmpty());
     EXPECT_EQ(TheGrid().Row(), 3);
+    EXPECT_EQ(TheGrid().focused, 1);
 }
 
 TEST_F(ForecastEntry, DeleteAsksAboutAnEmptyLastCellWhenTheQuestionIsStillOpen)
@@ -439,6 +469,15 @@ TEST_F(ForecastEntry, LabelsFollowTheMethod)
     EXPECT_THAT(FieldLabels(3), ElementsAre("Number of Periods to Forescast (MAX=12):", ""));
     EXPECT_THAT(FieldLabels(4),
                 ElementsAre("Number of Seasons (MAX=5.5):", "Number of Periods to Forecast:"));
+}
+
+TEST_F(ForecastEntry, RangesFollowTheMethod)
+{
+    Given(std::vector<double>(11, 1.0));
+    EXPECT_THAT(FieldRanges(kMovingAverages), ElementsAre("1 to 11", ""));
+    EXPECT_THAT(FieldRanges(kExponentialSmoothing), ElementsAre("", ""));
+    EXPECT_THAT(FieldRanges(kTrendProjection), ElementsAre("", ""));
+    EXPECT_THAT(FieldRanges(kTrendAndSeasonal), ElementsAre("1 or more", "At most the number of seasons"));
 }
 
 TEST_F(ForecastEntry, CancelIsTold)

@@ -155,14 +155,38 @@ TEST_F(InventoryModule, ACancelledCategoryQuestionChangesNothing)
     EXPECT_EQ(desktop.forms.modals.back(), "frmUserInput");
 }
 
+TEST_F(InventoryModule, OneCategoryIsANumberOfCategories)
+{
+    ListAnswers(VtInvent::kDiscounts);
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::TakeSizes({"1"}); };
+    BeginProblem();
+    EXPECT_TRUE(desktop.dialogs.messages.empty());
+    EXPECT_EQ(Problem.ModelKind, VtInvent::kDiscounts);
+    EXPECT_EQ(Problem.CategoryCount.Value(), 1);
+}
+
+// Production as quick as demand has no quantity.
+TEST_F(InventoryModule, AFailedSolveLeavesNoResult)
+{
+    GivenModel(VtInvent::kLotSize);
+    Problem.ProductionRate = 2000;
+    VtInvent::SolveProblem();
+    EXPECT_TRUE(VtInvent::Result.Solved);
+    Problem.ProductionRate = 1000;
+    EXPECT_THROW(VtInvent::SolveProblem(), RuntimeError);
+    EXPECT_FALSE(VtInvent::Result.Solved);
+}
+
 TEST_F(InventoryModule, ANewProblemHoldsNothingOfTheLast)
 {
     GivenModel(VtInvent::kShortages);
     Problem.BackorderCost = 3;
     Problem.Saved = true;
     VtInvent::SolveProblem();
+    ASSERT_TRUE(VtInvent::Result.Solved);
     ListAnswers(VtInvent::kOrderQuantity);
     BeginProblem();
+    EXPECT_FALSE(VtInvent::Result.Solved);
     EXPECT_TRUE(Problem.BackorderCost.IsEmpty());
     EXPECT_FALSE(Problem.Saved);
     EXPECT_EQ(Problem.ReorderPoint, 0.0);
@@ -240,7 +264,10 @@ TEST_F(InventoryModule, CancelAsksAndThenListsTheModelsAgain)
     OnForm("frmEOQ", [this] {
         desktop.screen.indicator = "Inventory Model:  Economic Order Quantity";
         CancelModelForm();
-        ListAnswers(0);
+        desktop.forms.onModal["frmuserlistinput"] = [this] {
+            EXPECT_EQ(desktop.screen.indicator, "Inventory Module");
+            UserInput::List.Cancel();
+        };
     });
     BeginProblem();
     EXPECT_EQ(desktop.dialogs.Last(),

@@ -485,6 +485,16 @@ TEST_F(TableauSolve, ShowsTheAssignmentReport)
     EXPECT_TRUE(desktop.dialogs.messages.empty());
 }
 
+TEST_F(TableauSolve, TheCriterionBeginsAsProposed)
+{
+    ProposeCriterion(Criterion::Minimize);
+    BeginCriterion();
+    EXPECT_EQ(MaximizeFlag, "NO");
+    ProposeCriterion(Criterion::Maximize);
+    BeginCriterion();
+    EXPECT_EQ(MaximizeFlag, "YES");
+}
+
 TEST_F(TableauSolve, ACancelledCriterionSolvesNothing)
 {
     GiveTransportation({{5, 7}}, {3}, {3, 3});

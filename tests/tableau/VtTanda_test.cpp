@@ -269,6 +269,21 @@ TEST_F(Cells, SizesBelowZeroLeaveTheTableauAsItWas)
     EXPECT_EQ(Problem.NumDestinations, destinations);
 }
 
+// As undo does: the numbers of a larger tableau come back with their arcs joined.
+TEST_F(Cells, NumbersOfAnotherSizeComeBackWithTheirArcs)
+{
+    GiveTransportation({{1, 2, 3}, {4, 5, 6}}, {10, 20}, {7, 8, 9});
+    const std::vector<double> numbers = Tableau::Numbers();
+    GiveTransportation({{1}}, {1}, {1});
+    Tableau::TakeNumbers(numbers);
+    EXPECT_EQ(Problem.NumOrigins, 2);
+    EXPECT_EQ(Problem.NumDestinations, 3);
+    EXPECT_EQ(Problem.ArcCost(6).Value(), 6);
+    EXPECT_EQ(Problem.NodeSupply(5), -9);
+    EXPECT_EQ(Problem.TailNode(6), 2);
+    EXPECT_EQ(Problem.HeadNode(6), 5);
+}
+
 TEST_F(Cells, CostsAreShownWithAtMostTwoDecimals)
 {
     for (const int places : {0, 1, 2}) {

@@ -129,7 +129,10 @@ TEST_F(WaitingModule, CancelListsTheModelsAgain)
     OnForm([this] {
         desktop.screen.indicator = "Waiting Line Model:  M/M/K";
         CancelModelForm();
-        ListAnswers(0);
+        desktop.forms.onModal["frmuserlistinput"] = [this] {
+            EXPECT_EQ(desktop.screen.indicator, "Waiting Lines Module");
+            UserInput::List.Cancel();
+        };
     });
     BeginProblem();
     EXPECT_THAT(desktop.forms.modals, ElementsAre("frmuserlistinput", "frmWL_Model", "frmuserlistinput"));
