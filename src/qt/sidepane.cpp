@@ -227,6 +227,10 @@ QWidget* SidePane::MakeStepsPage()
     list_->setFocusPolicy(Qt::ClickFocus);
     list_->setAccessibleName(tr("Steps"));
     list_->setFrameShape(QFrame::NoFrame);
+    list_->setWordWrap(true);  // a heading is read whole, without a scroll bar below the list
+    list_->setTextElideMode(Qt::ElideNone);
+    list_->setResizeMode(QListView::Adjust);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(list_, &QListWidget::currentRowChanged, this, [this](int row) { ShowStep(row); });
     parts->addWidget(list_);
 
@@ -444,8 +448,11 @@ void SidePane::ShareHeight()
     constexpr int kFrame = 4;
     const bool pictured = !stepView_->isHidden();
     const int part = stepParts_->height() / 10;
-    const int rows = list_->count() * list_->sizeHintForRow(0) + kFrame;
-    const int list = std::min(rows, (pictured ? 2 : 4) * part);
+    const int most = (pictured ? 2 : 4) * part;
+    int rows = kFrame;
+    for (int row = 0; row < list_->count() && rows < most; ++row)
+        rows += list_->visualItemRect(list_->item(row)).height();
+    const int list = std::min(rows, most);
     const int details = pictured ? 3 * part : stepParts_->height() - list;
     stepParts_->setSizes({list, details, stepParts_->height() - list - details});
 }

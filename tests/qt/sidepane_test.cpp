@@ -290,6 +290,27 @@ TEST_F(Beside, TheListOfStepsIsAsHighAsItsSteps)
     EXPECT_EQ(list->height(), chosen);
 }
 
+TEST_F(Beside, AHeadingOfAStepIsReadWhole)
+{
+    qt::PaneSources sources = Counted();
+    sources.Steps = [] {
+        return std::vector<picture::Step>{
+            {.Heading = "Short"},
+            {.Heading = "A heading that tells at length which column enters, which row leaves and why, "
+                        "which of the others came next, and by how much each of them fell short"}};
+    };
+    splitter_.ShowBesideReport(std::move(sources), 400);
+    LetItWork();
+    Tabs()->setCurrentIndex(1);
+    LetItWork();
+    auto* list = Pane().findChild<QListWidget*>();
+    const QRect shortOne = list->visualItemRect(list->item(0));
+    const QRect longOne = list->visualItemRect(list->item(1));
+    EXPECT_GE(longOne.height(), 2 * shortOne.height() - 4);
+    EXPECT_LE(longOne.width(), list->viewport()->width());
+    EXPECT_GE(list->viewport()->height(), longOne.bottom());
+}
+
 TEST_F(Beside, MeaningIsPlainTextAndTellsCautions)
 {
     splitter_.ShowBesideReport(Counted(), 400);
