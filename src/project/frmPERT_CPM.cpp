@@ -481,10 +481,9 @@ void frmPERT_CPM::ShowMenu(QListWidget& list, const QPoint& global)
         action->setShortcutContext(Qt::WidgetShortcut);  // the lists themselves listen to them
         action->setEnabled(enabled);
     };
-    add("&Undo", Qt::CTRL | Qt::Key_Z, History().canUndo(),
-        [this] { qt::Trap([this] { History().undo(); }); });
+    add("&Undo", Qt::CTRL | Qt::Key_Z, History().canUndo(), [] { qt::Trap([] { History().undo(); }); });
     add("&Redo", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, History().canRedo(),
-        [this] { qt::Trap([this] { History().redo(); }); });
+        [] { qt::Trap([] { History().redo(); }); });
     menu->addSeparator();
     add("&Copy", Qt::CTRL | Qt::Key_C, true,
         [this, &list] { CopyTable(&list == lstActivityName ? 0 : kPredecessorColumn); });
