@@ -66,10 +66,10 @@ int AskCategoryCount()
     return answers.empty() ? 0 : answers.front();
 }
 
+// It is in no file: that could not be given up.
 void GiveUpProblem()
 {
     Problem.ModelKind = 0;
-    Problem.Saved = false;
     LeaveNoProblem();
     desktop::TheScreen().SetIndicator(kModuleIndicator);
 }

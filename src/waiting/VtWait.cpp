@@ -67,10 +67,10 @@ int AskModel()
     return AskListItem(list);
 }
 
+// It is in no file: that could not be given up.
 void GiveUpProblem()
 {
     Problem.WaitingModel = 0;
-    Problem.Saved = false;
     LeaveNoProblem();
     desktop::TheScreen().SetIndicator(kModuleIndicator);
 }

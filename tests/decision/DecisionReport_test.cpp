@@ -403,6 +403,26 @@ TEST_F(DecisionReport, BreaksPagesOnPaperOnly)
     EXPECT_EQ(paper.lines, file);
 }
 
+// The page behind the payoffs is followed by another only where no strategy goes on.
+TEST_F(DecisionReport, ARecommendationWithAStrategyEndsNoPage)
+{
+    const auto pagesOf = [](bool strategy) {
+        GivenPayoffs({{70, -30}, {20, 20}}, true, Decision::kOptimistic);
+        GivenStateProbabilities({0.4, 0.6});
+        if (strategy) GivenSample({{0.9, 0.1}, {0.2, 0.8}});
+        Decision::SolveProblem();
+        Recorder paper(true);
+        Decision::WriteReport(paper);
+        return paper.lines;
+    };
+    const Lines without = pagesOf(false);
+    EXPECT_EQ(std::count(without.begin(), without.end(), kNewPage), 2);
+    EXPECT_EQ(without.back(), kNewPage);
+    const Lines with = pagesOf(true);
+    EXPECT_EQ(std::count(with.begin(), with.end(), kNewPage), 1);
+    EXPECT_NE(with.back(), kNewPage);
+}
+
 TEST_F(DecisionReport, IsEmptyBeforeAnythingIsSolved)
 {
     GivenPayoffs({{1}}, true, Decision::kOptimistic);

@@ -231,6 +231,9 @@ TEST_F(IntegerSearch, AmongEqualFractionsTheLargerValueIsBranchedOn)
     EXPECT_EQ(Result.Basis.UpperBound(1), 2);
     EXPECT_EQ(Result.Basis.UpperBound(2), 7);
     EXPECT_EQ(Result.Tree.Nodes(0).BranchingColumn, 2);
+    SolveInteger({false, {10, 1}, {{{2, 0}, '<', 5}, {{0, 2}, '<', 15}}},
+                 {"DIN"});  // now it is the second position
+    EXPECT_EQ(Result.Tree.Nodes(0).BranchingColumn, 2);
 }
 
 TEST_F(IntegerSearch, AmongEqualFractionsOfEqualValuesTheFirstIsBranchedOn)

@@ -49,6 +49,14 @@ protected:
 
 }  // namespace
 
+// Only a file can hold it. The words stand where those of one state stand.
+TEST_F(MarkovReports, AChainWithoutStatesHasItsHeading)
+{
+    const std::vector<std::string> empty = File({});
+    EXPECT_EQ(LineWith(empty, "  START"), LineWith(File({{1}}), "  START"));
+    EXPECT_NE(LineWith(empty, "  START"), "(no line)");
+}
+
 TEST_F(MarkovReports, SteadyStateOfTwoStatesOnScreen)
 {
     EXPECT_THAT(Screen({{0.9, 0.1}, {0.3, 0.7}}),

@@ -67,6 +67,16 @@ TEST_F(MarkovEntry, AsksForTheStatesUnderItsOwnCaption)
     EXPECT_EQ(Grid().Rows(), 2);  // one entry cell
 }
 
+TEST_F(MarkovEntry, ANewProblemHoldsNothingOfTheLast)
+{
+    Given({{0.9, 0.1}, {0.3, 0.7}});
+    Analyse();
+    ASSERT_TRUE(Markov::Result.Solved);
+    NewWithStates("2");
+    EXPECT_FALSE(Markov::Result.Solved);
+    EXPECT_TRUE(Markov::Problem.TransitionMatrix(1, 1).IsEmpty());
+}
+
 TEST_F(MarkovEntry, ACancelledDialogMakesNoProblem)
 {
     desktop.forms.onModal["frmUserInput"] = [] { UserInput::CancelSizes(); };

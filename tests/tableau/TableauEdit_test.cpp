@@ -68,8 +68,10 @@ TEST_F(TableauForm, ANewTransportationIsEmpty)
 {
     Begin(2);
     Problem.DecimalPlaces = 2.0;
+    Tableau::Result.Solved = true;
     AnswerSizes("2", "3");
     BeginProblem();
+    EXPECT_FALSE(Tableau::Result.Solved);
     EXPECT_EQ(dialog.Caption, " Origins and Destinations");
     EXPECT_EQ(dialog.Questions[0].Question, "Enter the number of ORIGINS (MAX=30):");
     EXPECT_EQ(dialog.Questions[1].Question, "Enter the number of DESTINATIONS (MAX=30):");

@@ -24,7 +24,8 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 TOOL = pathlib.Path("tools", "mutation")
 ALL = "basic shell tableau lp network project inventory waiting decision forecasting markov".split()
 SCREENS = ("frm", "module")
-BESIDE = r"(Picture|Plane|Steps|Replay|Meaning|Opinion|beside)$"
+# What stands beside the reports, and what it is made from.
+BESIDE = r"(Picture|Plane|Plan|Steps|Replay|Meaning|Opinion|Facts|Figures|Costs|Chains|Shape|LostNodes|beside)$"
 # They walk at random or look at other things than answers.
 NOT_RUN = re.compile(r"^(Monkey|Packaging|Structure|Endurance|GuidePages|GuideBook|GuideCautions|GuideFigures)\b|Foreign")
 WORKERS = 2
@@ -42,7 +43,7 @@ def sources(wanted):
 
 
 def found_in(path):
-    finder = places.Finder(path, ["-xc++", "-std=c++20", f"-I{ROOT}/src"], f"{ROOT}/")
+    finder = places.Finder(path, ["-xc++", "-std=c++20", "-DNDEBUG", f"-I{ROOT}/src"], f"{ROOT}/")
     return path, finder.places
 
 

@@ -2,7 +2,8 @@
 in it: which one is active is told at run time (see change.h).
 
 A place is a comparison (its boundary), + or -, * or /, && or ||, a number or a named number (one more), or a
-statement (left out). What the compiler computes, such as array bounds and case labels, has no place.
+statement (left out). What the compiler computes, such as array bounds and case labels, has no place, nor have
+assertions and the first values of a record's members.
 """
 
 import dataclasses
@@ -23,7 +24,7 @@ PLAIN = {
 }
 COMPARABLE = PLAIN | {TypeKind.ENUM, TypeKind.POINTER, TypeKind.NULLPTR}
 NUMERALS = {CursorKind.INTEGER_LITERAL, CursorKind.FLOATING_LITERAL}
-CONSTANT = {CursorKind.ENUM_DECL, CursorKind.STATIC_ASSERT}
+CONSTANT = {CursorKind.ENUM_DECL, CursorKind.STATIC_ASSERT, CursorKind.FIELD_DECL}
 # Statements whose own parts are statements, each with the parts that are none (None: all but the last one).
 BODIES = {
     CursorKind.COMPOUND_STMT: 0, CursorKind.LABEL_STMT: 0, CursorKind.DEFAULT_STMT: 0, CursorKind.CASE_STMT: 1,
@@ -80,8 +81,8 @@ class Finder:
         return f"{start.file.name[len(self.root):]}:{start.line}"
 
     def visit(self, cursor):
-        if cursor.kind in CONSTANT or is_constant(cursor) or self.is_constant_if(cursor):
-            return self.visit_children(cursor.get_children()) if cursor.kind == CursorKind.IF_STMT else None
+        if cursor.kind in CONSTANT or is_constant(cursor):
+            return
         children = [child for child in cursor.get_children() if self.is_here(child)]
         if cursor.kind == CursorKind.BINARY_OPERATOR and len(children) == 2:
             self.operator(cursor, *children)
@@ -92,14 +93,9 @@ class Finder:
         if cursor.kind in BODIES:
             for statement in bodies(cursor, children):
                 self.statement(statement)
-        if cursor.kind == CursorKind.CASE_STMT:
-            children = children[1:]
-        self.visit_children(children)
-
-    def visit_children(self, children):
-        for child in children:
-            if self.is_here(child):
-                self.visit(child)
+        begins_constant = cursor.kind == CursorKind.CASE_STMT or self.is_constant_if(cursor)
+        for child in children[1:] if begins_constant else children:
+            self.visit(child)
 
     def is_constant_if(self, cursor):
         start, end = extent(cursor)
@@ -125,7 +121,8 @@ class Finder:
 
     def numeral(self, cursor):
         start, end = extent(cursor)
-        if re.fullmatch(r"[\d.'][\w.'+-]*", self.text(start, end)):
+        in_type = self.code[:start].rstrip().endswith(b",") and re.match(rb"\s*>[^=>]", self.code[end:end + 9])
+        if re.fullmatch(r"[\d.'][\w.'+-]*", self.text(start, end)) and not in_type:
             self.add(cursor, f"{self.text(start, end)} + 1",
                      [(start, "change::Number<@>(", False), (end, ")", True)])
 
@@ -140,7 +137,7 @@ class Finder:
     def statement(self, cursor):
         start, end = extent(cursor)
         closing = re.compile(rb"\s*;").match(self.code, end)
-        if closing:
+        if closing and not self.code.startswith(b"assert(", start):
             self.add(cursor, "left out", [(start, "{ if (change::Kept<@>()) ", False), (closing.end(), " }", True)])
 
 
