@@ -2,7 +2,6 @@
 
 #include <QApplication>
 
-#include "basic/files.h"
 #include "desktop/desktop.h"
 #include "forms.h"
 #include "qt/application.h"
@@ -13,7 +12,6 @@
 
 Program::Program(std::unique_ptr<qt::QtDialogs> dialogs) : dialogs_(std::move(dialogs))
 {
-    TakeSizeLimitAsError();
     QApplication::setApplicationName("Vantrel");
     QApplication::setApplicationVersion("6.0");
     QApplication::setDesktopFileName("vantrel");

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "basic/files.h"
 #include "play/player.h"
 #include "program.h"
 #include "qt/application.h"
@@ -128,6 +129,7 @@ bool DescribeScreen(QTemporaryFile& file)
 
 int main(int argc, char* argv[])
 {
+    TakeSizeLimitAsError();
     const std::vector<std::string> words(argv + 1, argv + argc);
     if (words == std::vector<std::string>{"--help"}) {
         std::cout << kUsage;
