@@ -66,8 +66,8 @@ Experiment* ExperimentOf(const std::string& path)
 int ErrorOf(const std::string& fault)
 {
     static const std::map<std::string, int> kErrors = {
-        {"EIO", EIO},       {"ENOSPC", ENOSPC}, {"EACCES", EACCES}, {"EINTR", EINTR},
-        {"EDQUOT", EDQUOT}, {"EMFILE", EMFILE}, {"EROFS", EROFS}};
+        {"EIO", EIO},       {"ENOSPC", ENOSPC}, {"EACCES", EACCES}, {"EINTR", EINTR},    {"EDQUOT", EDQUOT},
+        {"EMFILE", EMFILE}, {"EROFS", EROFS},   {"EINVAL", EINVAL}, {"ENOTSUP", ENOTSUP}};
     const auto found = kErrors.find(fault);
     return found == kErrors.end() ? EIO : found->second;
 }

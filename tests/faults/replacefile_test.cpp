@@ -144,6 +144,22 @@ TEST_P(Faults, ThatPassAreOvercome)
     EXPECT_TRUE(faults::Happened(NameOf(7, "EINTR")));
 }
 
+// Some file systems answer so when a file or a folder is to be synchronised: that is no fault.
+TEST_P(Faults, OfSynchronisingWhereThereIsNothingToSynchroniseAreNone)
+{
+    for (const char* fault : {"EINVAL", "ENOTSUP"}) {
+        int overcome = 0;
+        for (int call = 1; call < kMostCalls; ++call) {
+            const std::string experiment = NameOf(call, fault);
+            const std::string path = Prepare(experiment);
+            if (!SavesUnderFaults(root, path) || !faults::Happened(experiment)) continue;
+            EXPECT_EQ(Contents(path), NewText()) << experiment;
+            ++overcome;
+        }
+        EXPECT_EQ(overcome, 2) << fault;  // of the file and of its folder
+    }
+}
+
 TEST_P(Faults, OfTheProgramAtEachCallLeaveTheOldFileOrTheNewOne)
 {
     int call = 1;
