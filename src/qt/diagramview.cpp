@@ -320,8 +320,10 @@ private:
             const QStringList fields = ToQt(text).split(QLatin1Char('\t'));
             const double width = area.width() / static_cast<double>(fields.size());
             for (qsizetype i = 0; i < fields.size(); ++i)
-                painter_.drawText(QRectF(area.left() + static_cast<double>(i) * width, top, width, line),
-                                  align | Qt::AlignVCenter | Qt::TextDontClip, fields[i]);
+                painter_.drawText(
+                    QRectF(area.left() + static_cast<double>(i) * width, top, width, line),
+                    static_cast<int>(align | Qt::AlignVCenter) | static_cast<int>(Qt::TextDontClip),
+                    fields[i]);
             ruled = ruled || fields.size() > 1;
             top += line;
         }
