@@ -18,6 +18,7 @@ using picture::Series;
 using picture::SeriesKind;
 
 constexpr double kHalf = 0.5;
+constexpr int kPlaces = 2;               // of fitted values, forecasts and errors in the report
 constexpr int kMostWrittenSeasons = 12;  // as many figures stand side by side above their bars
 
 // Grows the axis to hold the value.
@@ -67,7 +68,7 @@ Picture SeriesPicture(const ForecastProblem& problem, const ForecastResult& resu
     Series past{.As = Role::Past, .Name = "time series", .Id = "time series"};
     Series fitted{.As = Role::Second, .Name = "fitted", .Id = "fitted"};
     Series forecast{.As = Role::Forecast, .Name = "forecast", .Id = "forecast", .Strong = true};
-    Axis y{.Title = "Value", .From = result.Series(1), .To = result.Series(1)};
+    Axis y{.Title = "Value", .From = result.Series(1), .To = result.Series(1), .Places = kPlaces};
     for (int t = 1; t <= n; ++t) {
         Put(past, t, result.Series(t), SeriesText(problem, result.Series(t)));
         Hold(y, result.Series(t));
@@ -104,7 +105,7 @@ Picture ErrorsPicture(const ForecastResult& result)
     const int first = result.FirstFittedPeriod;
     const int last = result.PeriodCount;
     const double root = RootMeanSquareError(result);
-    Axis y{.Title = "Value minus fitted value", .From = -root, .To = root};
+    Axis y{.Title = "Value minus fitted value", .From = -root, .To = root, .Places = kPlaces};
     Series bars{.Kind = SeriesKind::Bars, .Name = "error", .Id = "error"};
     int largest = first;
     for (int t = first; t <= last; ++t) {
@@ -137,7 +138,7 @@ Picture ErrorsPicture(const ForecastResult& result)
 Picture SeasonsPicture(const ForecastResult& result)
 {
     const int p = result.SeasonCount;
-    Axis y{.Title = "Seasonal index", .From = 1, .To = 1};
+    Axis y{.Title = "Seasonal index", .From = 1, .To = 1, .Places = 3};
     Chart chart{.X = {.Title = "Season", .From = kHalf, .To = p + kHalf}, .BarsFrom = 1};
     Series bars{.Kind = SeriesKind::Bars, .Name = "seasonal index", .Id = "seasons"};
     int highest = 1;

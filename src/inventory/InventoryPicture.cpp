@@ -21,6 +21,8 @@ using picture::Rule;
 using picture::Series;
 using picture::SeriesKind;
 
+constexpr int kPlaces = 2;  // of quantities, days and dollars in the report
+
 // The axis takes in everything that is drawn against it.
 void Take(Axis& axis, double value)
 {
@@ -76,8 +78,11 @@ public:
     Picture Draw()
     {
         const bool lots = IsModel(problem_, kLotSize);
-        chart_.X = {.Title = lots ? "Lot size (units)" : "Order quantity (units)", .From = from_, .To = to_};
-        chart_.Y = {.Title = "Cost per year ($)", .From = 0, .To = 0};
+        chart_.X = {.Title = lots ? "Lot size (units)" : "Order quantity (units)",
+                    .From = from_,
+                    .To = to_,
+                    .Places = kPlaces};
+        chart_.Y = {.Title = "Cost per year ($)", .From = 0, .To = 0, .Places = kPlaces};
         Notes();
         if (IsModel(problem_, kDiscounts))
             Discounts();
@@ -257,8 +262,8 @@ public:
 
     Picture Draw()
     {
-        chart_.X = {.Title = "Time (working days)", .From = 0, .To = kCycles * cycle_};
-        chart_.Y = {.Title = "Stock (units)", .From = 0, .To = 0};
+        chart_.X = {.Title = "Time (working days)", .From = 0, .To = kCycles * cycle_, .Places = kPlaces};
+        chart_.Y = {.Title = "Stock (units)", .From = 0, .To = 0, .Places = kPlaces};
         Backorders();
         Saw();
         SafetyStock();
@@ -402,6 +407,7 @@ public:
     Picture Draw()
     {
         chart_.X.Title = single_ ? "Demand of the period (units)" : "Demand during the lead time (units)";
+        chart_.X.Places = kPlaces;
         chart_.Y = {.Title = "Density", .From = 0, .To = 0};
         if (DemandIsCertain(problem_))
             Certain();

@@ -66,10 +66,14 @@ std::string ReportPattern(const VtLP::LpProblem& problem)
            std::string(static_cast<std::size_t>(decimals), '0');
 }
 
+int PlacesOf(const VtLP::LpProblem& problem)
+{
+    return std::min<int>(problem.LpDecimalPlaces, kPatternDigits);
+}
+
 std::string NumberText(const VtLP::LpProblem& problem, double value)
 {
-    const int decimals = std::min<int>(problem.LpDecimalPlaces, kPatternDigits);
-    return Format(value, "0." + std::string(static_cast<std::size_t>(decimals), '0'));
+    return Format(value, "0." + std::string(static_cast<std::size_t>(PlacesOf(problem)), '0'));
 }
 
 double ColumnValue(const LpResult& at, int column)

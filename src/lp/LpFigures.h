@@ -27,7 +27,9 @@ int LogicalColumn(const LpResult& result, int constraint);
 // number of the problem has more than 13.
 std::string ReportPattern(const VtLP::LpProblem& problem);
 
-// A number with the problem's decimals, without blanks; more than 13 decimals are 13.
+// The problem's decimals; more than 13 are 13.
+int PlacesOf(const VtLP::LpProblem& problem);
+// A number with as many, without blanks.
 std::string NumberText(const VtLP::LpProblem& problem, double value);
 
 // What a column is worth where the method stands.

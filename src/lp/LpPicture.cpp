@@ -65,9 +65,11 @@ Picture ValuesPicture(const LpResult& result, const Figures& figures)
         picture.Notes.push_back(picture::Counted(zeros, "variable is", "variables are") + " 0" +
                                 (n > kMostZeroRows ? " and left out." : "."));
     if (names.empty()) return picture;
-    Chart chart{
-        .X = {.Title = "Value", .From = 0, .To = zeros == n ? 1 : kLabelRoom * figures.Values(largest)},
-        .Y = Positions(std::move(names))};
+    Chart chart{.X = {.Title = "Value",
+                      .From = 0,
+                      .To = zeros == n ? 1 : kLabelRoom * figures.Values(largest),
+                      .Places = PlacesOf(problem)},
+                .Y = Positions(std::move(names))};
     for (std::size_t i = 0; i < bars.Points.size(); ++i)
         chart.Marks.push_back(
             {.At = bars.Points[i], .Text = NumberText(problem, bars.Points[i].X), .Tip = bars.Tips[i]});
@@ -89,7 +91,8 @@ public:
     Picture Draw()
     {
         const char* unit = shares_ ? "Share of the right side (%)" : "Amount";
-        chart_.X = {.Title = unit, .From = 0, .To = shares_ ? 100.0 : 0.0};
+        chart_.X = {
+            .Title = unit, .From = 0, .To = shares_ ? 100.0 : 0.0, .Places = PlacesOf(result_.Problem)};
         std::vector<std::string> names;
         for (int i = 1; i <= Count(); ++i) {
             names.push_back("Limit " + std::to_string(i));
@@ -386,7 +389,7 @@ std::optional<Picture> BoundsPicture(const LpResult& result)
         most += 1;
     }
     Chart chart{.X = {.Title = "Nodes visited", .From = 1, .To = visit, .Counts = true},
-                .Y = {.Title = "Value", .From = least, .To = most}};
+                .Y = {.Title = "Value", .From = least, .To = most, .Places = PlacesOf(result.Problem)}};
     for (Series* series : {&plans, &bounds})
         if (!series->Points.empty()) chart.Curves.push_back(std::move(*series));
     const bool found = result.Tree.IncumbentNode > 0;

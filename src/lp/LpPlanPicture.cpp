@@ -46,8 +46,10 @@ public:
     Picture Draw()
     {
         picture_.Title = "Plan";
-        chart_.X = {.Title = Name(1), .From = 0, .To = plane_.Window().X};
-        chart_.Y = {.Title = Name(2), .From = 0, .To = plane_.Window().Y};
+        chart_.X = {
+            .Title = Name(1), .From = 0, .To = plane_.Window().X, .Places = PlacesOf(result_.Problem)};
+        chart_.Y = {
+            .Title = Name(2), .From = 0, .To = plane_.Window().Y, .Places = PlacesOf(result_.Problem)};
         picture_.Notes.emplace_back();  // the main thing to see
         FindBest();
         DrawRegion();

@@ -300,7 +300,7 @@ Series CourseLine(const Course& course, const std::string& name, Value value)
 Chart CourseChart(std::string title, int steps)
 {
     return {.X = {.Title = "Step", .From = 0, .To = static_cast<double>(steps), .Counts = true},
-            .Y = {.Title = std::move(title), .From = 0, .To = 1}};
+            .Y = {.Title = std::move(title), .From = 0, .To = 1, .Places = 3}};
 }
 
 // Shares of many states are small: the axis ends at the largest.

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <optional>
 
+#include "basic/format.h"
 #include "picture/describing.h"
 #include "picture/words.h"
 
@@ -14,12 +15,20 @@ bool AlongX(const Chart& chart)  // whether bars and intervals lie in named rows
     return !chart.Y.Names.empty();
 }
 
+// With the decimals of the report.
+std::string ValueOn(const Axis& axis, double value)
+{
+    if (axis.Places < 0) return Figure(value);
+    const std::string pattern = axis.Places == 0 ? "#,##0" : "#,##0.";
+    return Format(value, pattern + std::string(static_cast<std::size_t>(axis.Places), '0'));
+}
+
 std::string NameOf(const Axis& axis, double position)
 {
     const auto index = static_cast<std::size_t>(std::max(0.0, std::round(position)));
     if (index >= 1 && index <= axis.Names.size() && static_cast<double>(index) == position)
         return axis.Names[index - 1];
-    return Figure(position);
+    return ValueOn(axis, position);
 }
 
 std::string AxisSentence(std::string_view name, const Axis& axis)
@@ -29,7 +38,7 @@ std::string AxisSentence(std::string_view name, const Axis& axis)
     if (!axis.Names.empty())
         return sentence + " has " + Counted(static_cast<int>(axis.Names.size()), "position") + ": " +
                Listed(axis.Names) + ".";
-    return sentence + " runs from " + Figure(axis.From) + " to " + Figure(axis.To) +
+    return sentence + " runs from " + ValueOn(axis, axis.From) + " to " + ValueOn(axis, axis.To) +
            (axis.Counts ? " in whole numbers." : ".");
 }
 
@@ -123,6 +132,7 @@ void TellBars(const Chart& chart, const Series& series, Lines& lines)
 {
     if (series.Points.empty()) return;
     const bool along = AlongX(chart);
+    const Axis& axis = along ? chart.X : chart.Y;
     const auto length = [along](const Point& point) { return along ? point.X : point.Y; };
     const auto place = [&](const Point& point) {
         return along ? NameOf(chart.Y, point.Y) : NameOf(chart.X, point.X);
@@ -130,19 +140,20 @@ void TellBars(const Chart& chart, const Series& series, Lines& lines)
     const auto shorter = [&](const Point& a, const Point& b) { return length(a) < length(b); };
     const auto [least, most] = std::minmax_element(series.Points.begin(), series.Points.end(), shorter);
     std::string sentence = (series.Name.empty() ? std::string("The bars") : series.Name) +
-                           ": the largest is " + place(*most) + " with " + Figure(length(*most));
+                           ": the largest is " + place(*most) + " with " + ValueOn(axis, length(*most));
     if (series.Points.size() > 1)
-        sentence += ", the smallest " + place(*least) + " with " + Figure(length(*least));
+        sentence += ", the smallest " + place(*least) + " with " + ValueOn(axis, length(*least));
     lines.push_back(sentence +
-                    (chart.BarsFrom == 0 ? "." : "; bars begin at " + Figure(chart.BarsFrom) + "."));
+                    (chart.BarsFrom == 0 ? "." : "; bars begin at " + ValueOn(axis, chart.BarsFrom) + "."));
 }
 
 std::string IntervalText(const Chart& chart, const Interval& interval)
 {
     const std::string name = AlongX(chart) ? NameOf(chart.Y, interval.At) : NameOf(chart.X, interval.At);
-    const auto end = [](const std::optional<double>& value, const std::string& text) {
+    const Axis& axis = AlongX(chart) ? chart.X : chart.Y;
+    const auto end = [&axis](const std::optional<double>& value, const std::string& text) {
         if (!value) return std::string("no limit");
-        return text.empty() ? Figure(*value) : text;
+        return text.empty() || axis.Places >= 0 ? ValueOn(axis, *value) : text;
     };
     return name + " from " + end(interval.From, interval.FromText) + " to " +
            end(interval.To, interval.ToText);
@@ -268,14 +279,20 @@ void TellAll(const Chart& chart, Lines& lines)
         lines.push_back(std::string(NameFor(series.Kind)) + " " +
                         WithRole(series.Name.empty() ? "without a name" : series.Name, series.As) + ": " +
                         PointsText(chart, series) + ".");
-    const auto end = [](const std::optional<double>& value) { return value ? Figure(*value) : "no limit"; };
+    const auto axis = [&chart](Direction across) -> const Axis& {
+        return across == Direction::X ? chart.X : chart.Y;
+    };
+    const auto end = [&axis](const Band& band, const std::optional<double>& value) {
+        return value ? ValueOn(axis(band.Across), *value) : "no limit";
+    };
     for (const Band& band : chart.Bands)
         lines.push_back("Band " + WithRole(band.Text, band.As) + " along " +
-                        (band.Across == Direction::X ? "x" : "y") + ": " + end(band.From) + " to " +
-                        end(band.To) + ".");
+                        (band.Across == Direction::X ? "x" : "y") + ": " + end(band, band.From) + " to " +
+                        end(band, band.To) + ".");
     for (const Rule& rule : chart.Rules)
-        lines.push_back("Reference line " + WithRole(rule.Text, rule.As) + " at " +
-                        (rule.Across == Direction::X ? "x " : "y ") + Figure(rule.Value) + ".");
+        lines.push_back(
+            "Reference line " + WithRole(rule.Text.empty() ? "without a name" : rule.Text, rule.As) + " at " +
+            (rule.Across == Direction::X ? "x " : "y ") + ValueOn(axis(rule.Across), rule.Value) + ".");
     for (const Mark& mark : chart.Marks)
         lines.push_back((chart.Cells ? "Cell " : "Mark ") + WithRole(MarkText(chart, mark), mark.As) + ".");
 }

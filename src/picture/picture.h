@@ -44,6 +44,7 @@ struct Axis {
     // names runs from the top.
     std::vector<std::string> Names = {};
     bool Counts = false;  // whole numbers only
+    int Places = -1;      // decimals of its values in the report; below 0: as many as there are, up to four
 };
 
 enum class SeriesKind { Line, Area, Bars, Points, Steps, Interval };

@@ -7,6 +7,7 @@
 #include "basic/format.h"
 #include "picture/words.h"
 #include "project/PertChains.h"
+#include "project/PertReport.h"
 
 namespace VtPert_CPM {
 namespace {
@@ -170,7 +171,8 @@ void SetTimeAxis(const PertProblem& problem, const PertResult& result, Chart& ch
         last = std::max({last, result.EarliestFinish(i), result.LatestFinish(i)});
     }
     const double span = last > first ? last - first : 1;
-    chart.X = {.Title = "Time", .From = first, .To = first + span * (1 + kRoom)};
+    chart.X = {
+        .Title = "Time", .From = first, .To = first + span * (1 + kRoom), .Places = TimePlaces(problem)};
 }
 
 Picture ScheduleOf(const PertProblem& problem, const PertResult& result)
@@ -287,8 +289,8 @@ Picture ChanceOf(const PertProblem& problem, const PertResult& result)
     const std::string time = CompletionText(problem, result);
     Chart chart;
     const double reach = variance > 0 ? kReach * std::sqrt(variance) : std::max(1.0, mean / 2);
-    chart.X = {.Title = "Time", .From = std::max(0.0, mean - reach), .To = mean + reach};
-    chart.Y = {.Title = "Chance", .From = 0, .To = 1};
+    chart.X = {.Title = "Time", .From = std::max(0.0, mean - reach), .To = mean + reach, .Places = 2};
+    chart.Y = {.Title = "Chance", .From = 0, .To = 1, .Places = kChancePlaces};
     if (variance <= 0) {
         chart.Rules.push_back({.As = Role::Chosen, .Value = mean, .Text = "completion time " + time});
         return {"Chance", std::move(chart), {"The variance is 0, so that no chances can be told."}};

@@ -68,6 +68,33 @@ TEST(Describe, TellsTheLargestAndTheSmallestBar)
         Contains("seasons: the largest is summer with 1.2, the smallest winter with 0.8; bars begin at 1."));
 }
 
+// As the report has them, on an axis that says with how many decimals.
+TEST(Describe, TellsValuesWithTheDecimalsOfTheReport)
+{
+    Chart chart;
+    chart.X = {.Title = "Period", .From = 0.5, .To = 3.5, .Counts = true};
+    chart.Y = {.Title = "Value", .From = 0, .To = 1250, .Places = 2};
+    chart.Curves = {{.Name = "fitted", .Points = {{1, 97.6416}, {2, 1250}, {3, 0.005}}}};
+    chart.Rules = {{.Value = 2.5}, {.Across = Direction::Y, .Value = 7.0 / 3, .Text = "mean"}};
+    chart.Bands = {{.Across = Direction::Y, .From = 1.0 / 3, .To = std::nullopt, .Text = "near"}};
+    const auto lines = Told("Series", chart);
+    EXPECT_EQ(lines[2], "The y axis is Value and runs from 0.00 to 1,250.00.");
+    EXPECT_THAT(lines, Contains("Line fitted: 1, 97.64; 2, 1,250.00; 3, 0.01."));
+    EXPECT_THAT(lines, Contains("Reference line without a name at x 2.5."));
+    EXPECT_THAT(lines, Contains("Reference line mean at y 2.33."));
+    EXPECT_THAT(lines, Contains("Band near along y: 0.33 to no limit."));
+}
+
+TEST(Describe, TellsTheEndsOfBarsBesideWhichSomethingElseIsWritten)
+{
+    Chart chart;
+    chart.X = {.Title = "Time", .From = 0, .To = 5, .Places = 1};
+    chart.Y = {.Names = {"A"}};
+    chart.Curves = {
+        {.Kind = SeriesKind::Interval, .Name = "critical", .Intervals = {{1, 0.5, 2.0, "", "0.5 to 2.0"}}}};
+    EXPECT_THAT(Told("Schedule", chart), Contains("Intervals critical: A from 0.5 to 2.0."));
+}
+
 TEST(Describe, TellsOpenEndsInWords)
 {
     Chart chart;

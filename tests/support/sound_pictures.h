@@ -36,12 +36,23 @@ inline void ExpectSound(const picture::Chart& chart)
             EXPECT_TRUE(chart.OwnScales || Within(chart.X, point.X)) << series.Name << " " << point.X;
             EXPECT_TRUE(Within(chart.Y, point.Y)) << series.Name << " " << point.Y;
         }
+        const picture::Axis& along = chart.Y.Names.empty() ? chart.Y : chart.X;
+        for (const auto& interval : series.Intervals) {
+            if (chart.OwnScales) break;
+            EXPECT_TRUE(!interval.From || Within(along, *interval.From)) << series.Name;
+            EXPECT_TRUE(!interval.To || Within(along, *interval.To)) << series.Name;
+        }
         const std::size_t items = series.Points.size() + series.Intervals.size();
         EXPECT_TRUE(series.Tips.size() <= 1 || series.Tips.size() == items) << series.Name;
     }
     for (const auto& rule : chart.Rules)
         EXPECT_TRUE(Within(rule.Across == picture::Direction::X ? chart.X : chart.Y, rule.Value))
             << rule.Text;
+    for (const auto& band : chart.Bands) {
+        const picture::Axis& across = band.Across == picture::Direction::X ? chart.X : chart.Y;
+        EXPECT_TRUE(!band.From || Within(across, *band.From)) << band.Text;
+        EXPECT_TRUE(!band.To || Within(across, *band.To)) << band.Text;
+    }
     for (const auto& mark : chart.Marks) {
         EXPECT_TRUE(Within(chart.X, mark.At.X)) << mark.Text;
         EXPECT_TRUE(Within(chart.Y, mark.At.Y)) << mark.Text;
