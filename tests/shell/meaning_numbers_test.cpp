@@ -10,10 +10,12 @@
 #include <random>
 #include <regex>
 #include <set>
+#include <utility>
 
 #include "basic/format.h"
 #include "basic/records.h"
 #include "decision/VtDecisionAnalysis.h"
+#include "desktop/desktop.h"
 #include "forecasting/VtForecasting.h"
 #include "inventory/VtInvent.h"
 #include "lp/LP_Engine.h"
@@ -24,6 +26,7 @@
 #include "shell/module.h"
 #include "shell/session.h"
 #include "support/answers.h"
+#include "support/fake_desktop.h"
 #include "support/report_lines.h"
 #include "tableau/TableauPlan.h"
 #include "tableau/VtTanda.h"
@@ -324,10 +327,14 @@ Numbers Differences(const Numbers& known)
 
 // ---- linear and integer programs ----
 
+// Whoever presses Escape does so during a search: what is asked for here is solved to its end.
 Numbers ValueOfTheRelaxation()
 {
+    auto& screen = dynamic_cast<FakeScreen&>(desktop::TheScreen());
+    const bool pressed = std::exchange(screen.escapePressed, false);
     const LP_Engine::LpResult& result = LP_Engine::Result;
     const LP_Engine::LpResult linear = LP_Engine::Solve(result.Problem, result.Minimize, false);
+    screen.escapePressed = pressed;
     return Printed({linear.ObjectiveValue}, 3);
 }
 
