@@ -330,7 +330,7 @@ private:
     // Whether a table goes on, on a new page, behind its line `index`.
     [[nodiscard]] bool TurnsPage(int index, int last, int ahead) const
     {
-        return index > 1 && index < last && lines_ + ahead > kPageLines;
+        return index < last && lines_ + ahead > kPageLines;
     }
 
     void Variables()
@@ -350,26 +350,18 @@ private:
         constexpr int kLongTables = 40;
         if (problem_.NumVariables + problem_.NumConstraints >= kLongTables) {
             NewPage();
-            lines_ = 0;
         } else {
             out_.Line();
             out_.Line();
-            lines_ += 2;
         }
     }
 
+    // All that there can be fit on their page, here and in the ranges.
     void Constraints()
     {
         ConstraintHeading(out_, report_.IsInteger());
-        lines_ += 2;
-        for (int i = 1; i <= problem_.NumConstraints; ++i) {
+        for (int i = 1; i <= problem_.NumConstraints; ++i)
             out_.Line(report_.Constraint(i));
-            ++lines_;
-            if (!TurnsPage(i, problem_.NumConstraints, 1)) continue;
-            NewPage();
-            ConstraintHeading(out_, report_.IsInteger());
-            lines_ = 2;
-        }
     }
 
     void ObjectiveRanges()
@@ -386,18 +378,11 @@ private:
         }
     }
 
-    // A long table repeats its heading here without a new page.
     void RightHandSides()
     {
         RightHandSideHeading(out_);
-        lines_ += 4;
-        for (int i = 1; i <= problem_.NumConstraints; ++i) {
+        for (int i = 1; i <= problem_.NumConstraints; ++i)
             out_.Line(report_.RightHandSide(i));
-            ++lines_;
-            if (i >= problem_.NumConstraints || lines_ + 1 <= kPageLines) continue;
-            RightHandSideHeading(out_);
-            lines_ = 4;
-        }
     }
 
     ReportChannel& out_;

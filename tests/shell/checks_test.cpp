@@ -119,7 +119,9 @@ TEST_F(TableauChecks, RowSumsPassFromJustAboveZeroPointNineNineNineToOnePointZer
 TEST_F(TableauChecks, AWrongSumSelectsTheLastCellOfItsRow)
 {
     Fill({"0.5", "0.5", "0.3", "0.3"});
+    const int before = Grid().focused;
     EXPECT_FALSE(Check());
+    EXPECT_EQ(Grid().focused, before + 1);
     EXPECT_EQ(Grid().Row(), 2);
     EXPECT_EQ(Grid().Column(), 2);
     EXPECT_EQ(desktop.dialogs.Last(), RowSumWarning("0.600"));

@@ -35,10 +35,10 @@ MARKS = 1 << 20  # bytes, as in change.cpp
 Test = collections.namedtuple("Test", "name command environment folder seconds reached")
 
 
-def sources(wanted):
+def sources():
     for folder in ALL:
         for path in sorted(ROOT.glob(f"src/{folder}/*.cpp")):
-            if not path.name.startswith(SCREENS) and re.search(wanted, path.stem):
+            if not path.name.startswith(SCREENS):
                 yield path
 
 
@@ -63,7 +63,7 @@ class Copy:
         self.refused_file = self.folder / "refused.json"  # what the compiler does not take
         self.refused = set(json.loads(self.refused_file.read_text())) if self.refused_file.exists() else set()
         with multiprocessing.Pool(WORKERS) as pool:
-            self.places_of = dict(pool.map(found_in, list(sources("")), chunksize=1))
+            self.places_of = dict(pool.map(found_in, list(sources()), chunksize=1))
         keys = dict.fromkeys(place.key for found in self.places_of.values() for place in found)
         self.number_of = {key: number for number, key in enumerate(keys)}
 
@@ -239,37 +239,46 @@ def told(place):
     return f"{place.where}: {place.what}: {(ROOT / name).read_text().splitlines()[int(line) - 1].strip()}"
 
 
-def main():
-    arguments = argparse.ArgumentParser()
-    arguments.add_argument("copy")
-    arguments.add_argument("--again", action="store_true")
-    arguments.add_argument("folder")
-    arguments.add_argument("files", nargs="?")
-    given = arguments.parse_args()
+def arguments():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("copy")
+    parser.add_argument("--again", action="store_true")
+    parser.add_argument("folder")
+    parser.add_argument("files", nargs="?")
+    return parser.parse_args()
 
+
+def limit_runs():
+    """A changed program may ask for all memory, or never end."""
     os.nice(5)
-    copy = Copy(given.copy)
-    copy.write_all()
-    copy.build()
     resource.setrlimit(resource.RLIMIT_AS, (ROOM, ROOM))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
-    last = copy.folder / f"survivors-{given.folder}.txt"
+
+def main():
+    given = arguments()
+    copy = Copy(given.copy)
+    copy.write_all()
+    copy.build()
+    limit_runs()
     changes = chosen(copy, given.folder, given.files)
+    last = copy.folder / f"survivors-{given.folder}.txt"
     if given.again:
         survivors = set(last.read_text().splitlines())
         changes = {number: place for number, place in changes.items() if told(place) in survivors}
-
-    tests = tests_of(copy)
-    folders = set(map(folder_of, changes.values()))
     trials = Trials(changes)
+    try_all(trials, tests_of(copy), set(map(folder_of, changes.values())))
+    last.write_text("".join(f"{told(place)}\n" for place in trials.left.values()))
+    tell(changes, trials)
+
+
+def try_all(trials, tests, folders):
+    """The quick tests of the folders first: few changes are left for the sessions."""
     own = with_marks([test for test in tests if test_folder(test) in folders])
     trials.run(own, lambda test, folder: test.folder == folder)
     print(f"{len(trials.left)} not noticed by the tests of their folder", file=sys.stderr, flush=True)
     others = with_marks([test for test in tests if test_folder(test) not in folders])
     trials.run(own + others, lambda test, folder: test.folder != folder)
-    last.write_text("".join(f"{told(place)}\n" for place in trials.left.values()))
-    tell(changes, trials)
 
 
 def tell(changes, trials):
