@@ -120,7 +120,9 @@ std::string TargetOfLink(const std::string& link)
 bool IsLink(const std::string& path)
 {
     struct stat status {};
-    return lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+    const bool there = lstat(path.c_str(), &status) == 0;
+    Demand(there || errno == ENOENT);
+    return there && S_ISLNK(status.st_mode);
 }
 
 // Where a chain of links ends, so that the links stay.

@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -12,6 +13,7 @@
 #include <cstdlib>
 #include <map>
 #include <mutex>
+#include <string_view>
 
 namespace {
 
@@ -88,7 +90,9 @@ enum class Turn { Real, Fails, Short };
 // What becomes of the next call there. Sets errno for one that fails.
 Turn NextTurn(Experiment* experiment, const char* call)
 {
-    if (experiment == nullptr || ++experiment->Calls != experiment->At) return Turn::Real;
+    if (experiment == nullptr || (experiment->Fault == "LOST") != (std::string_view(call) == "lstat") ||
+        ++experiment->Calls != experiment->At)
+        return Turn::Real;
     Log(*experiment, call);
     if (experiment->Fault == "KILL") kill(getpid(), SIGKILL);
     if (experiment->Fault == "STOP") kill(getpid(), SIGSTOP);
@@ -163,6 +167,12 @@ ssize_t write(int file, const void* bytes, size_t size)
     if (turn == Turn::Fails) return -1;
     const size_t share = turn == Turn::Short ? size / 2 : size;
     return Real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, share);
+}
+
+int lstat(const char* path, struct stat* status) noexcept
+{
+    if (NextTurn(ExperimentOf(std::string(path)), "lstat") == Turn::Fails) return -1;
+    return Real<int (*)(const char*, struct stat*)>("lstat")(path, status);
 }
 
 int fsync(int file)

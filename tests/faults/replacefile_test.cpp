@@ -144,6 +144,24 @@ TEST_P(Faults, ThatPassAreOvercome)
     EXPECT_TRUE(faults::Happened(NameOf(7, "EINTR")));
 }
 
+// What cannot be asked for its kind is not taken for a file without a link.
+TEST_P(Faults, OfTheQuestionForALinkLeaveTheLink)
+{
+    int call = 1;
+    for (; call < kMostCalls; ++call) {
+        const std::string experiment = NameOf(call, "LOST");
+        const std::string path = Prepare(experiment);
+        const std::string link = (root / experiment / "link.TRN").string();
+        fs::create_symlink("a.TRN", link);
+        const bool saved = SavesUnderFaults(root, link);
+        EXPECT_TRUE(fs::is_symlink(link)) << experiment;
+        EXPECT_EQ(Contents(path), saved ? NewText() : Before()) << experiment;
+        if (!faults::Happened(experiment)) break;
+    }
+    EXPECT_GE(call, 3);
+    EXPECT_LT(call, kMostCalls);
+}
+
 // Some file systems answer so when a file or a folder is to be synchronised: that is no fault.
 TEST_P(Faults, OfSynchronisingWhereThereIsNothingToSynchroniseAreNone)
 {
