@@ -18,4 +18,4 @@ cd "$(dirname "$0")/.."
 [ $# -gt 0 ] || { sed -n '2,/^set/{/^#/s/^# \{0,1\}//p}' "$0" >&2; exit 2; }
 need_packages "${TEST_PACKAGES[@]}" git python3 python3-clang-14
 mkdir -p build/mutate
-exec /usr/bin/python3 tools/mutation/mutate.py build/mutate "$@"
+exec /usr/bin/python3 -B tools/mutation/mutate.py build/mutate "$@"

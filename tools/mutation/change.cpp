@@ -13,7 +13,8 @@ namespace {
 constexpr int kMost = 1 << 20;
 unsigned char unread[kMost];
 
-// Before anything else of the program is made. The file is shared, so that the marks outlive whatever ends the run.
+// Before anything else of the program is made. The file is shared, so that the marks outlive whatever ends
+// the run.
 __attribute__((constructor(101))) void Begin()
 {
     if (const char* number = std::getenv("VANTREL_CHANGE")) active = std::atoi(number);

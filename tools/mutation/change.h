@@ -1,6 +1,6 @@
 // What the changed sources of tools/mutate.sh call. Every place that can change has a number; the environment
-// variable VANTREL_CHANGE names the one that is changed in this run, VANTREL_REACHED a file with one byte a place
-// in which those that the run comes by are marked.
+// variable VANTREL_CHANGE names the one that is changed in this run, VANTREL_REACHED a file with one byte a
+// place in which those that the run comes by are marked.
 #pragma once
 
 #include <type_traits>
@@ -46,11 +46,11 @@ constexpr Operand<N, T> Left(T value)
     return {value};
 }
 
-#define CHANGES_TO(one, other)                                         \
-    template <int N, class A, class B>                                 \
-    constexpr auto operator one(Operand<N, A> a, B b)                  \
-    {                                                                  \
-        return On<N>() ? (a.Value other b) : (a.Value one b);          \
+#define CHANGES_TO(one, other)                                \
+    template <int N, class A, class B>                        \
+    constexpr auto operator one(Operand<N, A> a, B b)         \
+    {                                                         \
+        return On<N>() ? (a.Value other b) : (a.Value one b); \
     }
 
 CHANGES_TO(<, <=)
