@@ -194,6 +194,16 @@ TEST_F(IntegerSearch, AShorterChoiceLeavesNothingOfALongerOne)
     EXPECT_THAT(VtLP::StoredIntegerChoice().General, ElementsAre(true, false, false, false));
 }
 
+TEST_F(IntegerSearch, OfANameInBothListsTheLastCounts)
+{
+    SetProblem(kInvestments);
+    VtLP::StoreIntegerChoice({IntegerKind::Multiple, {true, false, false, true}, {true, false, false, true}});
+    EXPECT_THAT(TypeLines(7), ElementsAre("BIN", "X1", "X4", "INT", "X1", "X4", ""));
+    const IntegerChoice stored = VtLP::StoredIntegerChoice();
+    EXPECT_THAT(stored.Binary, ElementsAre(false, false, false, false));
+    EXPECT_THAT(stored.General, ElementsAre(true, false, false, true));
+}
+
 TEST_F(IntegerSearch, AChoiceForAllVariablesIsOneWord)
 {
     SetProblem(kInvestments);

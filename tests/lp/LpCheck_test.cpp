@@ -60,5 +60,14 @@ TEST_F(LinearProgramChecks, NamesComeBeforeRelationsBeforeRightHandSides)
     EXPECT_EQ(desktop.dialogs.Last(), Refused("RHS Value Not Entered."));
     EXPECT_EQ(Constraints().Row(), 1);
     EXPECT_EQ(Constraints().Column(), 4);
+    EXPECT_EQ(Constraints().focused, 2);
     EXPECT_EQ(desktop.screen.indicator, "Linear Programming Module");
+}
+
+TEST_F(LinearProgramChecks, TheFirstNameIsCheckedLikeTheOthers)
+{
+    Names().SetText(0, 1, "");
+    EXPECT_FALSE(VtLP::Check());
+    EXPECT_THAT(desktop.dialogs.messages, ElementsAre(Refused("Variable Name Not Entered.")));
+    EXPECT_EQ(Names().Column(), 1);
 }

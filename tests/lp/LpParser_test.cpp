@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "basic/error.h"
 #include "lp/VtLP.h"
 #include "support/fake_desktop.h"
@@ -20,6 +22,13 @@ protected:
         for (const std::string& line : lines)
             Problem.LpLines(i++) = line;
         Problem.NumConstraints = static_cast<std::int16_t>(lines.size() - 1);
+        VtLP::ParseLpLines();
+    }
+
+    // Once more, over the model of the last reading.
+    static void ParseAgain(const std::vector<std::string>& lines)
+    {
+        std::copy(lines.begin(), lines.end(), &Problem.LpLines(VtLP::kObjectiveLine));
         VtLP::ParseLpLines();
     }
 
@@ -161,6 +170,16 @@ TEST_F(LpParser, APriorProblemLeavesNothing)
     EXPECT_EQ(Problem.NumVariables, 1);
     EXPECT_EQ(VtLP::MinimizeFlag, 0);
     EXPECT_EQ(Problem.LpCoefficients(0, 2), 0);
+}
+
+TEST_F(LpParser, ReadingAgainCountsVariablesAndRowsFromTheBeginning)
+{
+    Parse({"MAX 1A+2B", "1A<3"});
+    ParseAgain({"MAX 4C", "5C<6"});
+    EXPECT_THAT(Names(), ElementsAre("C"));
+    EXPECT_THAT(Row(0), ElementsAre(0, 4));
+    EXPECT_THAT(Row(1), ElementsAre(6, 5));
+    EXPECT_EQ(Problem.ConstraintCursor, 1);
 }
 
 std::string Objective(int variables)

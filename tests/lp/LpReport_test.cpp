@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "basic/error.h"
 #include "lp/LP_Engine.h"
 #include "lp/VtLP.h"
@@ -271,6 +273,56 @@ TEST_F(LpReport, OddNamesStandLeftOfTheMiddle)
     SolveModel();
     EXPECT_EQ(Screen()[5].substr(0, 10), "       A  ");
     EXPECT_EQ(Screen()[6].substr(0, 10), "      ABC ");
+    EXPECT_EQ(Screen()[20].substr(0, 9), "     ABC ");  // the ranges have room for 12 characters, not 14
+    EXPECT_EQ(File()[File().size() - 10].substr(0, 9), "     ABC ");
+}
+
+// ---- a gain too small to take ----
+
+// 5e-8 a unit is below the threshold of 1e-7: the variable stays at 0, and its reduced cost above.
+class LpLeftGain : public LpReport {
+protected:
+    static void SolveWithLeftGain(const std::vector<double>& objective)
+    {
+        SetProblem({false, objective, {{{1, 0}, '<', 4}, {{0, 1}, '<', 3}}});
+        Problem.LpDecimalPlaces = 9;
+        SolveModel();
+    }
+
+    // The last words of the lines of both variables.
+    static Lines ReducedCosts(const Lines& report)
+    {
+        const auto heading = std::find(report.begin(), report.end(),
+                                       "      Variable             Value             Reduced Costs   ");
+        Lines costs;
+        for (const int j : {1, 2}) {
+            const std::string& line = *(heading + 1 + j);
+            costs.push_back(line.substr(line.rfind(' ') + 1));
+        }
+        return costs;
+    }
+};
+
+TEST_F(LpLeftGain, StandsOnTheScreenAndIsCutInFullWithTheFirstVariableInTheBasis)
+{
+    SolveWithLeftGain({2, 5e-8});
+    EXPECT_THAT(ReducedCosts(Screen()), ElementsAre("0.000000000", "0.000000050"));
+    EXPECT_THAT(ReducedCosts(File()), ElementsAre("0.000000000", "0.000000000"));
+}
+
+TEST_F(LpLeftGain, StandsOnTheScreenAndIsCutInFullWithTheLastVariableInTheBasis)
+{
+    SolveWithLeftGain({5e-8, 2});
+    EXPECT_THAT(ReducedCosts(Screen()), ElementsAre("0.000000050", "0.000000000"));
+    EXPECT_THAT(ReducedCosts(File()), ElementsAre("0.000000000", "0.000000000"));
+}
+
+// Only the range of a basic variable cuts them, and here is none.
+TEST_F(LpLeftGain, StandsInFullTooWithoutAVariableInTheBasis)
+{
+    SolveWithLeftGain({5e-8, 4e-8});
+    EXPECT_THAT(ReducedCosts(Screen()), ElementsAre("0.000000050", "0.000000040"));
+    EXPECT_THAT(ReducedCosts(File()), ElementsAre("0.000000050", "0.000000040"));
 }
 
 // ---- distances and pages ----
@@ -346,6 +398,21 @@ TEST_F(LpReport, LongTablesOfRangesGoOnUnderTheirHeading)
     EXPECT_EQ(pages[5].size(), 4U + 1U);
     EXPECT_EQ(pages[5].front(), "OBJECTIVE COEFFICIENT RANGES");
     EXPECT_EQ(pages[6].front(), "RIGHT HAND SIDE RANGES");
+}
+
+// So many come from adding variables only: 105 are 52 on the first page, as many on the second, and one.
+TEST_F(LpReport, RangesGoOnOnAThirdPage)
+{
+    Solve(Bounds(105, 1));
+    const std::vector<Lines> pages = Pages();
+    const auto first = std::find_if(pages.begin(), pages.end(), [](const Lines& page) {
+        return page.front() == "OBJECTIVE COEFFICIENT RANGES";
+    });
+    ASSERT_EQ(pages.end() - first, 4);
+    EXPECT_EQ(first[0].size(), 4U + 52U);
+    EXPECT_EQ(first[1].size(), 4U + 52U);
+    EXPECT_EQ(first[2].size(), 4U + 1U);
+    EXPECT_EQ(first[3].front(), "RIGHT HAND SIDE RANGES");
 }
 
 TEST_F(LpReport, TheTablesOfFiftyConstraintsFitTheirPages)

@@ -114,6 +114,56 @@ TEST_F(LpModel, ASizeIsStoredAsSoonAsItHasPassed)
     EXPECT_EQ(Problem.NumVariables, 0);
 }
 
+TEST_F(LpModel, AskingForSizesEndsTheProblemBefore)
+{
+    Problem.LpCoefficients(0, 1) = 4;
+    Problem.LpVariableNames(1) = "A";
+    desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TheFeatures.Cancel(); };
+    EXPECT_FALSE(VtLP::AskFeatures());
+    EXPECT_EQ(Problem.LpCoefficients(0, 1), 0);
+    EXPECT_EQ(Problem.LpVariableNames(1), "");
+}
+
+TEST_F(LpModel, SizesOfZeroPassAndNegativeOnesDoNot)
+{
+    desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TakeFeatures("0", "2", false, true); };
+    EXPECT_TRUE(VtLP::AskFeatures());
+    EXPECT_EQ(Problem.NumConstraints, 0);
+    desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TakeFeatures("2", "0", false, true); };
+    EXPECT_TRUE(VtLP::AskFeatures());
+    EXPECT_EQ(Problem.NumVariables, 0);
+    desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TakeFeatures("2", "-1", false, true); };
+    EXPECT_THROW(VtLP::AskFeatures(), RuntimeError);
+}
+
+TEST_F(LpModel, TheTypeIsProposedToTheCriterionOfOtherModules)
+{
+    VtLP::SetMinimizeFlag(true);
+    BeginCriterion();
+    EXPECT_EQ(MaximizeFlag, "NO");
+    VtLP::SetMinimizeFlag(false);
+    BeginCriterion();
+    EXPECT_EQ(MaximizeFlag, "YES");
+}
+
+TEST_F(LpModel, ItsSizesAreItsNumbers)
+{
+    Problem.NumConstraints = 4;
+    Problem.NumVariables = 7;
+    const std::vector<double> numbers = VtLP::Numbers();
+    EXPECT_THAT(numbers, ElementsAre(4, 7));
+    VtLP::AllocateLpModel();
+    VtLP::TakeNumbers(numbers);
+    EXPECT_EQ(Problem.NumConstraints, 4);
+    EXPECT_EQ(Problem.NumVariables, 7);
+}
+
+TEST_F(LpModel, ItsTextHasLinesTo255)
+{
+    EXPECT_NO_THROW(Problem.LpLines(255) = "X");
+    EXPECT_THROW(Problem.LpLines(256) = "X", RuntimeError);
+}
+
 TEST_F(LpModel, NewAsksForTheSizesAndShowsAnEmptyProblem)
 {
     desktop.forms.onModal["frmLPFeatures"] = [] { VtLP::TakeFeatures("1", "2", false, true); };
@@ -145,6 +195,70 @@ TEST_F(LpModel, ANewProblemHasStandardNamesAndEmptyCells)
     EXPECT_EQ(Objective().Row(), 1);
     EXPECT_EQ(Objective().Column(), 1);
     EXPECT_GT(Objective().focused, 0);
+    EXPECT_EQ(Objective().Rows(), 2);
+    for (const char* control : {"lblopttype", "Grid(0)", "Grid(1)", "lblInfo"})
+        EXPECT_TRUE(desktop.forms.Loaded("frmLPproblem").visible[control]) << control;
+}
+
+// A grid that has each text that it gets checked as if it was typed.
+class CheckedGrid : public FakeGrid {
+public:
+    explicit CheckedGrid(int index) : index_(index) {}
+
+    void Resize(int rows, int columns, int fixedRows, int fixedColumns) override
+    {
+        FakeGrid::Resize(rows, columns, fixedRows, fixedColumns);
+        fixed = {fixedRows, fixedColumns};
+    }
+
+    void SetText(int row, int column, std::string_view text) override
+    {
+        FakeGrid::SetText(row, column, text);
+        EXPECT_EQ(VtLP::ValidateCell(index_, row, column, text), kCellStored) << text;
+    }
+
+    std::pair<int, int> fixed;  // rows, columns
+
+private:
+    int index_;
+};
+
+class CheckedForm : public FakeForm {
+public:
+    FakeGrid& GridOf(std::string_view control) override
+    {
+        return control == "Grid(0)" ? objective : constraints;
+    }
+
+    CheckedGrid objective{0};
+    CheckedGrid constraints{1};
+};
+
+class CheckedForms : public FakeForms {
+public:
+    FakeForm& Loaded(std::string_view form) override
+    {
+        return form == "frmLPproblem" ? problem : FakeForms::Loaded(form);
+    }
+
+    CheckedForm problem;
+};
+
+// Headings are no numbers, and a file may hold a right-hand side below zero and a name of any length.
+TEST_F(LpModel, NoCellIsCheckedWhileTheGridsAreFilled)
+{
+    CheckedForms forms;
+    desktop::Install({&desktop.dialogs, &desktop.screen, &forms, &desktop.printer});
+    Problem.NumConstraints = 1;
+    Problem.NumVariables = 1;
+    Problem.LpVariableNames(1) = "NINELETTE";
+    Problem.LpCoefficients(1, 0) = -7;
+    VtLP::ModelToGrid();
+    EXPECT_EQ(forms.problem.constraints.Text(1, 3), "-7");
+    EXPECT_EQ(forms.problem.objective.fixed, std::pair(0, 1));  // the names can be edited
+    EXPECT_EQ(forms.problem.constraints.fixed, std::pair(1, 1));
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+    EXPECT_EQ(VtLP::ValidateCell(1, 1, 3, "-7"), kCellRefused);
 }
 
 TEST_F(LpModel, AStoredProblemShowsItsValues)
@@ -264,6 +378,15 @@ TEST_F(LpModel, AnyOtherRelationCountsAsGreater)
     EXPECT_EQ(Problem.LpRelations(1), VtLP::kGreater);
 }
 
+TEST_F(LpModel, ADigitAsARelationIsNoCoefficient)
+{
+    Start(1, 1);
+    Fill(Constraints(), 1, {"2", "5", "10"});
+    VtLP::GridToModel();
+    EXPECT_EQ(Problem.LpLines(3), "2X1510");
+    EXPECT_EQ(Problem.LpCoefficients(1, 2), 0);
+}
+
 TEST_F(LpModel, DecimalsAreAtLeastThreeAndThoseOfAnyNumberThatCounts)
 {
     Start(1, 1);
@@ -277,6 +400,9 @@ TEST_F(LpModel, DecimalsAreAtLeastThreeAndThoseOfAnyNumberThatCounts)
     Fill(Constraints(), 1, {"0.000000", "<", "1"});  // a zero is not read any further
     VtLP::GridToModel();
     EXPECT_EQ(Problem.LpDecimalPlaces, 3);
+    Fill(Objective(), 1, {"0.000000"});  // but in the objective it is
+    VtLP::GridToModel();
+    EXPECT_EQ(Problem.LpDecimalPlaces, 6);
 }
 
 TEST_F(LpModel, ReadingAgainForgetsWhatAnEngineHasChanged)
@@ -355,6 +481,13 @@ TEST_F(LpModel, OpeningAMenuMirrorsTheNameAtTheCursor)
     Objective().Select(0, 2);
     VtLP::FinishEdit();
     EXPECT_EQ(Constraints().Text(0, 2), "           Q");
+    Objective().SetText(0, 1, "P");
+    Objective().Select(0, 1);
+    VtLP::FinishEdit();
+    EXPECT_EQ(Constraints().Text(0, 1), "           P");
+    Objective().Select(0, 0);  // the margin is no name
+    VtLP::FinishEdit();
+    EXPECT_EQ(Constraints().Text(0, 0), "Subject To:");
 }
 
 TEST_F(LpModel, OpeningAMenuWithoutAProblemMirrorsNothing)
@@ -376,10 +509,10 @@ TEST_F(LpModel, TheRelationColumnTakesTheThreeRelations)
 TEST_F(LpModel, NamesTakeLettersDigitsAndUnderscores)
 {
     Start(1, 1);
-    for (const char key : {'a', 'Z', '_'})
+    for (const char key : {'a', 'z', 'A', 'Z', '_'})
         EXPECT_EQ(VtLP::JudgeKey(0, 0, 1, key, true), VtLP::Key::Taken);
     EXPECT_EQ(VtLP::JudgeKey(0, 0, 1, '0', false), VtLP::Key::Taken);
-    for (const char key : {'-', '.', ' ', '@', '['})
+    for (const char key : {'-', '.', ' ', '@', '[', '`', '{'})
         EXPECT_EQ(VtLP::JudgeKey(0, 0, 1, key, false), VtLP::Key::Beeps);
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }
@@ -436,6 +569,20 @@ TEST_F(LpEdit, NewConstraintsComeBehindTheOthersWithTheCursorInTheFirst)
     EXPECT_THAT(Constraints().RowTexts(3), ElementsAre("           Constraint 3", "0", "0", "", "0"));
     EXPECT_EQ(Constraints().Row(), 3);
     EXPECT_EQ(Constraints().Column(), 1);
+    EXPECT_EQ(Constraints().focused, 1);
+}
+
+TEST_F(LpEdit, ASingleNewConstraintGetsTheCursorTooEvenOfASingleVariable)
+{
+    desktop.dialogs.inputs = {"1"};
+    VtLP::AddConstraints();
+    EXPECT_EQ(Constraints().Row(), 3);
+    EXPECT_EQ(Constraints().focused, 1);
+    Start(1, 1);
+    desktop.dialogs.inputs = {"2"};
+    VtLP::AddConstraints();
+    EXPECT_EQ(Constraints().Row(), 2);
+    EXPECT_EQ(Constraints().focused, 2);
 }
 
 TEST_F(LpEdit, NewVariablesComeBehindTheOthersWithoutNames)
@@ -510,6 +657,22 @@ TEST_F(LpEdit, ADeletedConstraintLetsTheOthersMoveUp)
     EXPECT_THAT(Objective().RowTexts(1), ElementsAre("Coefficients:", "3", "2"));
 }
 
+TEST_F(LpEdit, ADeletedLastConstraintOrVariableLeavesNothing)
+{
+    desktop.dialogs.inputs = {"2"};
+    VtLP::DeleteConstraint();
+    EXPECT_EQ(Problem.NumConstraints, 1);
+    EXPECT_EQ(Problem.LpCoefficients(2, 0), 0);
+    EXPECT_EQ(Problem.LpCoefficients(2, 2), 0);
+    EXPECT_EQ(Problem.LpRelations(2), 0);
+    desktop.dialogs.inputs = {"X2"};
+    VtLP::DeleteVariable();
+    EXPECT_EQ(Problem.NumVariables, 1);
+    EXPECT_EQ(Problem.LpCoefficients(0, 2), 0);
+    EXPECT_EQ(Problem.LpVariableNames(2), "");
+    EXPECT_THAT(Constraints().RowTexts(1), ElementsAre("           Constraint 1", "1", "<", "4"));
+}
+
 TEST_F(LpEdit, ConstraintNumbersAreCheckedInOrder)
 {
     desktop.dialogs.inputs = {"1.5", "-1", "3", "2"};
@@ -550,6 +713,7 @@ TEST_F(LpEdit, ADeletedVariableLetsTheOthersMoveLeft)
     EXPECT_THAT(Objective().RowTexts(0), ElementsAre("Variable Names:", "X2"));
     EXPECT_THAT(Objective().RowTexts(1), ElementsAre("Coefficients:", "2"));
     EXPECT_THAT(Constraints().RowTexts(1), ElementsAre("           Constraint 1", "0", "<", "4"));
+    EXPECT_THAT(Constraints().RowTexts(2), ElementsAre("           Constraint 2", "2", ">", "12"));
 }
 
 TEST_F(LpEdit, NamesAreLookedUpAsTyped)
@@ -572,6 +736,20 @@ TEST_F(LpEdit, TheTypeIsChangedByTheCriterionForm)
     EXPECT_EQ(Type(), "Optimization Type:  Maximize");
     VtLP::GridToModel();
     EXPECT_EQ(Problem.LpObjectiveLine, "MAX 3X1+2X2");
+}
+
+TEST_F(LpEdit, TheCriterionFormComesUpWithTheTypeInForce)
+{
+    for (const bool minimize : {true, false}) {
+        VtLP::SetMinimizeFlag(minimize);
+        Criterion shown = Criterion::None;
+        desktop.forms.onModal["frmTransObj"] = [&shown] {
+            shown = TheCriterion.Question().InForce;
+            TheCriterion.Cancel();
+        };
+        VtLP::ChangeOptimizationType();
+        EXPECT_EQ(shown, minimize ? Criterion::Minimize : Criterion::Maximize);
+    }
 }
 
 TEST_F(LpEdit, ACancelledCriterionChangesNothing)
