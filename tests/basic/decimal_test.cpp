@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "basic/error.h"
 
@@ -62,4 +64,48 @@ TEST(NumeralValue, OverflowsWhereADoubleEndsAbove)
                                     std::string("0.001E99999999999"), "0." + std::string(20, '0') + "1E400"})
         EXPECT_THROW(NumeralValue(text), RuntimeError) << text;
     EXPECT_EQ(NumeralValue("1E308"), 1E308);
+}
+
+// What balances them are places, so that none of them alone tells on which side of a double the value lies.
+TEST(NumeralValue, WeighsManyPlacesAgainstALargeExponent)
+{
+    EXPECT_EQ(NumeralValue("0." + std::string(5400, '0') + "1E5000"), 0);               // 1E-401
+    EXPECT_THROW(NumeralValue("1" + std::string(5400, '0') + "E-5000"), RuntimeError);  // 1E400
+}
+
+TEST(NumeralValue, KeepsTheSignOfWhatIsTooSmall)
+{
+    EXPECT_EQ(NumeralValue("-1E-400"), 0);
+    EXPECT_TRUE(std::signbit(NumeralValue("-1E-400")));
+    EXPECT_FALSE(std::signbit(NumeralValue("1E-400")));
+}
+
+// Digits of the next field, a point or an exponent may stand behind the text in memory.
+TEST(Numerals, EndWithTheirText)
+{
+    EXPECT_EQ(NumeralValue(std::string_view("123456").substr(0, 3)), 123);
+    EXPECT_EQ(NumeralValue(std::string_view("1.2345").substr(0, 3)), 1.2);
+    EXPECT_EQ(NumeralLength(std::string_view("123456").substr(0, 3)), 3U);
+    EXPECT_EQ(NumeralLength(std::string_view("5.5").substr(0, 1)), 1U);
+    EXPECT_EQ(NumeralLength(std::string_view("5E5").substr(0, 2)), 1U);
+}
+
+TEST(NumeralLength, LeavesAnExponentWithoutDigitsOut)
+{
+    EXPECT_EQ(NumeralLength("1E"), 1U);
+    EXPECT_EQ(NumeralLength("1E+"), 1U);
+    EXPECT_EQ(NumeralLength("1.5e-X"), 3U);
+    EXPECT_EQ(NumeralLength("1E2E3"), 3U);
+    EXPECT_EQ(NumeralLength("E5"), 0U);
+}
+
+TEST(ToDecimal, LeavesTheZerosAtTheEndOut)
+{
+    const Decimal hundred = ToDecimal(-100, 15);
+    EXPECT_TRUE(hundred.Negative);
+    EXPECT_EQ(hundred.Digits, "1");
+    EXPECT_EQ(hundred.Exponent, 3);
+    const Decimal large = ToDecimal(1.5e20, 15);
+    EXPECT_EQ(large.Digits, "15");
+    EXPECT_EQ(large.Exponent, 21);
 }

@@ -195,6 +195,23 @@ TEST_F(Files, WithoutPermissionAreNotRead)
     EXPECT_EQ(ErrorOf([&] { ReadFile(Path("a.TRN")); }), ErrorNumber::PermissionDenied);
 }
 
+TEST_F(Files, InAFolderThatMayNotBeSearchedAreNotRead)
+{
+    Put("a.TRN", "3");
+    const AnyUser user(folder);
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(ErrorOf([&] { ReadFile(Path("a.TRN")); }), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(ErrorOf([&] { ReadFile(Path("none.TRN")); }), ErrorNumber::PermissionDenied);
+    fs::permissions(folder, fs::perms::owner_all);
+}
+
+// It can be opened, and nothing lies at the beginning of a process's memory.
+TEST_F(Files, ThatFailWhileTheyAreReadAreNoEmptyOnes)
+{
+    if (!fs::exists("/proc/self/mem")) GTEST_SKIP() << "no such file here";
+    EXPECT_EQ(ErrorOf([] { ReadFile("/proc/self/mem"); }), ErrorNumber::PathFileAccess);
+}
+
 TEST_F(Files, StayAsTheyWereWhenTheDiskFillsUpHalfWay)
 {
     Put("a.TRN", "old");

@@ -179,6 +179,14 @@ TEST(Format, SetsThousandsApartWhereverTheCommaStandsBetweenDigits)
                    {1234, "0,000,000", "0,001,234"}});
 }
 
+TEST(Format, SetsNoThousandsApartForACommaAtTheEdge)
+{
+    ExpectNumbers({{1234567, "0,", "1234567"},
+                   {1234567, ",0", "1234567"},
+                   {1234567, " #0,", " 1234567"},
+                   {1234567, " #0,.0", " 1234567.0"}});
+}
+
 TEST(Format, KeepsOtherCharactersAndPutsTheMinusBeforeTheDigits)
 {
     ExpectNumbers({{5, "    ####0.0", "    5.0"},

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <functional>
 #include <limits>
@@ -126,8 +127,8 @@ TEST(RecordReader, FailsOnATextWhereANumberIsDue)
     const std::string nul(1, '\0');
     for (const std::string& text :
          {std::string("abc"), std::string("\"12\""), std::string("12x"), std::string("1 2"), std::string("-"),
-          std::string("."), std::string("1.2.3"), std::string("inf"), std::string("nan"), std::string("0x10"),
-          nul, "1" + nul}) {
+          std::string("."), std::string("1.2.3"), std::string("1E"), std::string("inf"), std::string("nan"),
+          std::string("0x10"), nul, "1" + nul}) {
         EXPECT_EQ(ErrorOf([&] { RecordReader(text).ReadDouble(); }), ErrorNumber::TypeMismatch) << text;
         EXPECT_EQ(ErrorOf([&] { RecordReader(text).ReadInt16(); }), ErrorNumber::TypeMismatch) << text;
         EXPECT_EQ(ErrorOf([&] { RecordReader(text).ReadInt32(); }), ErrorNumber::TypeMismatch) << text;
@@ -166,6 +167,15 @@ TEST(RecordReader, TakesNothingBetweenCommasAsAnEmptyFieldOrZero)
     EXPECT_EQ(reader.ReadString(), "");
     EXPECT_TRUE(reader.ReadVariant().IsEmpty());  // the line without anything
     EXPECT_EQ(reader.ReadInt32(), 7);
+}
+
+TEST(RecordReader, TakesNothingBeforeALineFeedAloneAsAnEmptyField)
+{
+    RecordReader reader("1,\n\n2");
+    EXPECT_EQ(reader.ReadInt16(), 1);
+    EXPECT_TRUE(reader.ReadVariant().IsEmpty());  // behind the comma
+    EXPECT_TRUE(reader.ReadVariant().IsEmpty());  // the line without anything
+    EXPECT_EQ(reader.ReadInt16(), 2);
 }
 
 TEST(RecordReader, TakesTextsWithAndWithoutQuotes)
@@ -223,6 +233,8 @@ TEST(RecordReader, ReadsUtf16OfBothOrdersByItsMark)
     EXPECT_EQ(RecordReader("\xFF\xFE\x34\xD8\x41\x00\x42"s).ReadString(),
               "\xED\xA0\xB4"
               "A");
+    // D834 DC, higher byte first: the byte at the end makes no second half with what lies behind the text.
+    EXPECT_EQ(RecordReader("\xFE\xFF\xD8\x34\xDC"s).ReadString(), "\xED\xA0\xB4");
 }
 
 // The UTF-16 units of `characters`, lower bytes first, read as a text.
@@ -277,6 +289,18 @@ TEST(RecordReader, AQuoteThatIsNeverClosedTakesTheRestOfTheFile)
     RecordReader reader("\"A,1\r\n2");
     EXPECT_EQ(ErrorOf([&] { reader.ReadString(); }), ErrorNumber::InputPastEnd);
     EXPECT_EQ(ErrorOf([&] { reader.ReadDouble(); }), ErrorNumber::InputPastEnd);
+}
+
+TEST(Records, AreReadBackFromTheirFile)
+{
+    const std::string path = testing::TempDir() + "vantrel_records.MRK";
+    RecordWriter writer;
+    writer.Write({2.5, std::string("A")});
+    writer.Save(path);
+    RecordReader reader = RecordReader::FromFile(path);
+    EXPECT_EQ(reader.ReadDouble(), 2.5);
+    EXPECT_EQ(reader.ReadString(), "A");
+    std::remove(path.c_str());
 }
 
 TEST(Records, GiveEveryDoubleBack)

@@ -93,6 +93,7 @@ TEST_F(TableauChecks, ARefusedCellIsSelectedAndTheGridHasTheFocus)
     EXPECT_EQ(Grid().Row(), 1);
     EXPECT_EQ(Grid().Column(), 2);
     EXPECT_EQ(Grid().focused, before + 1);
+    EXPECT_EQ(Grid().Text(1, 2), "");
     EXPECT_EQ(desktop.dialogs.messages.size(), 1U);
 }
 

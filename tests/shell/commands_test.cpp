@@ -421,7 +421,9 @@ TEST_F(CommandsOfTheShell, TheReportGoesToATextFile)
     EXPECT_EQ(question.Filter, "OUT File|*.OUT|All Files (*.*)|*.*");
     EXPECT_TRUE(Read("a.OUT").starts_with("MARKOV PROCESSES"));
     EXPECT_EQ(Read("a.OUT").find("older"), std::string::npos);
+    EXPECT_EQ(Read("a.OUT").substr(0, 17), "MARKOV PROCESSES\n");
     EXPECT_EQ(Session.OutputDestination, "File");
+    EXPECT_EQ(desktop.screen.pointer, Pointer::Normal);
 }
 
 TEST_F(CommandsOfTheShell, NothingIsBegunForATextFileInAFolderThatIsNotThere)
@@ -460,4 +462,286 @@ TEST_F(CommandsOfTheShell, AModuleThatIsNotInThisBuildSaysSo)
                                              "Vantrel", Icon::Information, Buttons::OK}));
         EXPECT_EQ(Session.ProblemOnDisplay, "NO");
     }
+}
+
+TEST_F(CommandsOfTheShell, TheSelectionGivesWayToTheProblemFormAndComesBack)
+{
+    EXPECT_TRUE(desktop.forms.Loaded("frmMenu").shown);
+    EXPECT_TRUE(desktop.forms.Loaded("frmModuleSelection").shown);
+    int focused = desktop.forms.menuFocused;
+    Commands::ChooseModule();
+    EXPECT_FALSE(desktop.forms.IsLoaded("frmModuleSelection"));
+    EXPECT_TRUE(desktop.forms.Loaded("frmProblem").shown);
+    EXPECT_EQ(desktop.forms.menuFocused, ++focused);
+    Commands::ChangeModules();
+    EXPECT_TRUE(desktop.forms.Loaded("frmModuleSelection").shown);
+    EXPECT_EQ(desktop.forms.menuFocused, ++focused);
+    EXPECT_EQ(Commands::LastModule(), 12);
+    EXPECT_FALSE(Commands::ChooseModule());
+    EXPECT_EQ(desktop.forms.menuFocused, ++focused);
+}
+
+TEST_F(CommandsOfTheShell, AStartPutsTheMenusBack)
+{
+    SolvedProblem();
+    Commands::Start();
+    EXPECT_EQ(MenuStates(), "00000000");
+    EXPECT_EQ(DisplayItem().Caption, "");
+}
+
+TEST_F(CommandsOfTheShell, TheGuideOpensAtThePageOfTheModule)
+{
+    for (int number = 0; number <= kModuleCount; ++number) {
+        Session.CurrentModule = static_cast<std::int16_t>(number);
+        Commands::Help();
+    }
+    EXPECT_THAT(
+        desktop.dialogs.guidePages,
+        ElementsAre("index", "linear-programming", "transportation", "assignment",
+                    "integer-linear-programming", "shortest-route", "minimal-spanning-tree", "pert-cpm",
+                    "inventory", "waiting-lines", "decision-analysis", "forecasting", "markov-processes"));
+}
+
+TEST_F(CommandsOfTheShell, ANewProblemHasTheFocusOnItsFirstCell)
+{
+    Commands::ChooseModule();
+    const int focused = desktop.forms.menuFocused;
+    NewProblem();
+    FakeGrid& grid = desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit");
+    EXPECT_EQ(grid.focused, 1);
+    EXPECT_EQ(grid.Row(), 1);
+    EXPECT_EQ(grid.Column(), 1);
+    EXPECT_FALSE(Session.NewProblem);
+    EXPECT_EQ(desktop.forms.menuFocused, focused + 1);
+    EXPECT_THAT(desktop.screen.pointers, ElementsAre(Pointer::Hourglass, Pointer::Normal));
+    EXPECT_FALSE(Menus.Item("mnudispeditsubs(1)").Visible);
+}
+
+TEST_F(CommandsOfTheShell, AStoredProblemLeavesTheFocusWithTheMenu)
+{
+    Commands::ChooseModule();
+    Session.NewProblem = true;
+    desktop.dialogs.files = {Write("a.MRK", "2\r\n0.25\r\n0.75\r\n0\r\n1\r\n")};
+    Commands::Open();
+    EXPECT_FALSE(Session.NewProblem);
+    EXPECT_EQ(desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit").focused, 0);
+}
+
+TEST_F(CommandsOfTheShell, ACancelledNewBehindAProblemLeavesAnEmptyForm)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    desktop.forms.onModal["frmUserInput"] = [] { UserInput::Sizes.Cancel(); };
+    const int focused = desktop.forms.menuFocused;
+    Commands::New();
+    FakeForm& form = desktop.forms.Loaded("frmProblem");
+    EXPECT_TRUE(form.shown);
+    EXPECT_FALSE(form.visible.at("txtLoadInfo"));
+    EXPECT_FALSE(form.visible.at("lblLoadInfo"));
+    EXPECT_EQ(desktop.forms.menuFocused, focused + 1);
+}
+
+TEST_F(CommandsOfTheShell, ACancelledOpenHidesTheIntroductionToo)
+{
+    Commands::ChooseModule();
+    Commands::Open();
+    EXPECT_FALSE(desktop.forms.Loaded("frmProblem").visible.at("txtLoadInfo"));
+}
+
+TEST_F(CommandsOfTheShell, FilesAreWrittenAndReportsMadeUnderTheHourglass)
+{
+    SolvedProblem();
+    desktop.screen.pointers.clear();
+    Commands::Solve();
+    EXPECT_THAT(desktop.screen.pointers, ElementsAre(Pointer::Hourglass, Pointer::Normal));
+    desktop.dialogs.files = {Path("a.MRK"), Path("a.OUT")};
+    desktop.screen.pointers.clear();
+    Commands::Save();
+    EXPECT_THAT(desktop.screen.pointers, ElementsAre(Pointer::Hourglass, Pointer::Normal));
+    desktop.screen.pointers.clear();
+    Commands::SaveAsText();
+    EXPECT_THAT(desktop.screen.pointers, ElementsAre(Pointer::Hourglass, Pointer::Normal));
+}
+
+TEST_F(CommandsOfTheShell, SolveAndSaveAskAgainAboutEmptyCells)
+{
+    Commands::ChooseModule();
+    NewProblem();
+    FillCells({"", "1", "0", "1"});
+    Session.AskIncomplete = false;
+    Commands::Solve();
+    EXPECT_EQ(desktop.dialogs.messages.size(), 1U);
+    EXPECT_EQ(desktop.dialogs.Last().Title, "Problem Incomplete");
+    FillCells({"", "1", "0", "1"});
+    Session.AskIncomplete = false;
+    Commands::Save();
+    EXPECT_EQ(desktop.dialogs.messages.size(), 2U);
+    EXPECT_EQ(desktop.dialogs.Last().Title, "Problem Incomplete");
+}
+
+TEST_F(CommandsOfTheShell, TheReportHasAWindowOfItsOwnWithItsLinesAlone)
+{
+    SolvedProblem();
+    const std::size_t lines = SolutionLines().size();
+    const int focused = desktop.forms.menuFocused;
+    EXPECT_TRUE(desktop.forms.Loaded("frmSolution").shown);
+    EXPECT_EQ(desktop.forms.Loaded("frmSolution").caption, "Solution");
+    Commands::Solve();
+    EXPECT_EQ(SolutionLines().size(), lines);
+    EXPECT_EQ(desktop.forms.menuFocused, focused + 2);  // with the page, and behind the solve
+    Commands::ChangeModules();
+    EXPECT_THAT(SolutionLines(), IsEmpty());
+}
+
+namespace {
+
+// Keeps what its user has seen, and fails once when it is told to.
+class WatchedScreen : public FakeScreen {
+public:
+    std::vector<std::string> seen;  // the indicator at each refresh
+    int pointersUntilFailure = -1;
+    int indicatorsUntilFailure = -1;
+
+    void Refresh() override { seen.push_back(indicator); }
+    void SetPointer(Pointer shape) override
+    {
+        FakeScreen::SetPointer(shape);
+        if (pointersUntilFailure-- == 0) Raise(ErrorNumber::Overflow);
+    }
+    void SetIndicator(std::string_view text) override
+    {
+        FakeScreen::SetIndicator(text);
+        if (indicatorsUntilFailure-- == 0) Raise(ErrorNumber::Overflow);
+    }
+};
+
+class CommandsOnAWatchedScreen : public CommandsOfTheShell {
+protected:
+    void SetUp() override
+    {
+        desktop::Install({&desktop.dialogs, &screen, &desktop.forms, &desktop.printer});
+        CommandsOfTheShell::SetUp();
+        SolvedProblem();
+        screen.seen.clear();
+    }
+
+    WatchedScreen screen;
+};
+
+}  // namespace
+
+TEST_F(CommandsOnAWatchedScreen, TheUserSeesWhatIsDone)
+{
+    Commands::Solve();
+    EXPECT_THAT(screen.seen, ElementsAre("Checking Problem Data. . .", "Markov Processes Module",
+                                         "Solving Problem . . .", "Markov Processes Module"));
+}
+
+TEST_F(CommandsOnAWatchedScreen, ACheckThatFailsEndsTheSolveWithoutAReport)
+{
+    screen.indicatorsUntilFailure = 0;
+    screen.SetPointer(Pointer::Hourglass);
+    Commands::Solve();
+    EXPECT_EQ(screen.pointer, Pointer::Normal);
+    EXPECT_EQ(screen.indicator, "Markov Processes Module");
+    EXPECT_EQ(MenuStates(), "11111100");
+    EXPECT_FALSE(DisplayItem().Enabled);
+    EXPECT_EQ(TheLastSolve.End(), SolveEnd::WithoutReport);
+}
+
+TEST_F(CommandsOnAWatchedScreen, AnEngineThatFailsEndsTheSolveWithNothing)
+{
+    screen.pointersUntilFailure = 0;
+    const int focused = desktop.forms.menuFocused;
+    Commands::Solve();
+    EXPECT_EQ(screen.pointer, Pointer::Normal);
+    EXPECT_EQ(screen.indicator, "Markov Processes Module");
+    EXPECT_EQ(MenuStates(), "11111100");
+    EXPECT_FALSE(DisplayItem().Enabled);
+    EXPECT_EQ(TheLastSolve.End(), SolveEnd::None);
+    EXPECT_EQ(desktop.forms.menuFocused, focused);
+}
+
+TEST_F(CommandsOnAWatchedScreen, AProblemThatCannotBeShownIsNone)
+{
+    desktop.dialogs.files = {Write("a.MRK", "2\r\n0.25\r\n0.75\r\n0\r\n1\r\n")};
+    screen.pointersUntilFailure = 1;  // of the reading, of the display
+    Commands::Open();
+    EXPECT_EQ(desktop.dialogs.Last(), kFileInputError);
+    EXPECT_EQ(Session.ProblemOnDisplay, "NO");
+    EXPECT_EQ(MenuStates(), "11010000");
+    EXPECT_EQ(desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit").Rows(), 0);
+}
+
+TEST_F(CommandsOfTheShell, AFileThatIsRefusedGivesTheFocusToTheMenu)
+{
+    Commands::ChooseModule();
+    desktop.dialogs.files = {Path("missing.MRK")};
+    const int focused = desktop.forms.menuFocused;
+    Commands::Open();
+    EXPECT_EQ(desktop.forms.menuFocused, focused + 1);
+}
+
+namespace {
+
+void Choose(int module)
+{
+    Commands::Start();
+    Commands::SelectModule(module);
+    Commands::ChooseModule();
+}
+
+}  // namespace
+
+TEST_F(CommandsOfTheShell, LinearProgramsHaveTheirOwnEditItems)
+{
+    for (const int module : {1, 4}) {
+        Choose(module);
+        EXPECT_TRUE(Menus.Item("mnudispeditsubs(1)").Visible);
+        EXPECT_FALSE(Menus.Item("mnudispeditsubs(2)").Visible);
+        EXPECT_EQ(DisplayItem().Caption, "&Display/Edit the Problem");
+        EXPECT_EQ(Menus.Item("mnudispeditsubs(3)").Caption, "Add Constraints");
+        EXPECT_EQ(Menus.Item("mnudispeditsubs(4)").Caption, "Delete Constraint");
+        EXPECT_EQ(Menus.Item("mnudispeditsubs(5)").Caption, "Add Variables");
+        EXPECT_EQ(Menus.Item("mnudispeditsubs(6)").Caption, "Delete Variable");
+        EXPECT_EQ(Menus.Item("mnudispeditsubs(7)").Caption, "Change Optimization Type");
+        EXPECT_EQ(CommitCell(1, 1, "5"), kCellStored);  // cells of their own grids
+        Commands::ChangeModules();
+        EXPECT_THROW((void)Menus.Item("mnudispeditsubs(3)"), RuntimeError);
+    }
+}
+
+TEST_F(CommandsOfTheShell, TransportationHasASubmenu)
+{
+    Choose(2);
+    EXPECT_TRUE(Menus.Item("mnudispeditsubs(1)").Visible);
+    EXPECT_TRUE(Menus.Item("mnudispeditsubs(2)").Visible);
+    EXPECT_EQ(Menus.Item("mnudispeditsubs(2)").Caption, "&Add/Delete Origins or Destinations");
+    EXPECT_EQ(Menus.Item("mnudispeditsubslower(0)").Caption, "Add an Origin");
+    EXPECT_EQ(Menus.Item("mnudispeditsubslower(1)").Caption, "Add a Destination");
+    EXPECT_EQ(Menus.Item("mnudispeditsubslower(2)").Caption, "Delete an Origin");
+    EXPECT_EQ(Menus.Item("mnudispeditsubslower(3)").Caption, "Delete a Destination");
+}
+
+TEST_F(CommandsOfTheShell, ProjectsTakeTheirEntryFormWithThem)
+{
+    Choose(7);
+    const std::string entryForm = ModuleOf(7).Routines->SecondForm;
+    desktop.forms.Load(entryForm);
+    Commands::ChangeModules();
+    EXPECT_FALSE(desktop.forms.IsLoaded(entryForm));
+}
+
+TEST_F(CommandsOfTheShell, ANewForecastPutsTheIndicatorBack)
+{
+    Choose(11);
+    Session.ProblemOnDisplay = "YES";
+    desktop.screen.indicator = "a method";
+    Commands::New();
+    EXPECT_EQ(desktop.screen.indicator, "Forecasting Module");
+    Choose(12);
+    Session.ProblemOnDisplay = "YES";
+    desktop.screen.indicator = "as it was";
+    Commands::New();
+    EXPECT_EQ(desktop.screen.indicator, "as it was");
 }

@@ -80,13 +80,66 @@ TEST(Menus, ItemsThatDoNotExistArePassedOver)
     EXPECT_FALSE(menus.Item("mnudispeditsubs(3)").Enabled);
 }
 
+TEST(Menus, OfEditItemsAreSwitchedFromTheFirstToTheLast)
+{
+    MenuTable menus;
+    for (int index = 3; index <= 7; ++index)
+        menus.SetEditItem(index, "item");
+    menus.EnableEditItems(4, 6, false);
+    EXPECT_TRUE(menus.Item("mnudispeditsubs(3)").Enabled);
+    EXPECT_FALSE(menus.Item("mnudispeditsubs(4)").Enabled);
+    EXPECT_FALSE(menus.Item("mnudispeditsubs(6)").Enabled);
+    EXPECT_TRUE(menus.Item("mnudispeditsubs(7)").Enabled);
+}
+
+TEST(Menus, AnItemThatIsGivenAgainComesBackWithItsNewCaption)
+{
+    MenuTable menus;
+    menus.SetLowerItem(0, "old");
+    const auto before = Names(menus);
+    menus.RemoveEditItems();
+    menus.SetEnabled("mnudispeditsubslower(0)", false);
+    menus.SetLowerItem(0, "new");
+    EXPECT_EQ(Names(menus), before);
+    const MenuItem& item = menus.Item("mnudispeditsubslower(0)");
+    EXPECT_EQ(item.Caption, "new");
+    EXPECT_TRUE(item.Enabled);
+    EXPECT_TRUE(item.Visible);
+}
+
+TEST(Menus, OnlyItemsThreeToSevenGoWithTheProblemForm)
+{
+    MenuTable menus;
+    menus.SetEditItem(7, "seven");
+    menus.SetEditItem(8, "eight");
+    menus.RemoveEditItems();
+    EXPECT_THROW((void)menus.Item("mnudispeditsubs(7)"), RuntimeError);
+    EXPECT_EQ(menus.Item("mnudispeditsubs(8)").Caption, "eight");
+}
+
 TEST(Menus, TellOfEveryChange)
 {
     MenuTable menus;
     int changes = 0;
+    int expected = 0;
     menus.Changed = [&changes] { ++changes; };
+    const auto expectOneMore = [&] { EXPECT_EQ(changes, ++expected); };
     menus.SetEnabled("mnuFileNew", true);
+    expectOneMore();
+    menus.SetCaption("mnuFileNew", "N");
+    expectOneMore();
+    menus.SetVisible("mnuFileNew", false);
+    expectOneMore();
     menus.SetEditItem(3, "three");
+    expectOneMore();
+    menus.SetLowerItem(0, "lower");
+    expectOneMore();
+    menus.EnableEditItems(3, 3, false);
+    expectOneMore();
+    menus.EnablePrinting(true);
+    expectOneMore();
     menus.RemoveEditItems();
-    EXPECT_EQ(changes, 3);
+    expectOneMore();
+    menus.Reset();
+    expectOneMore();
 }

@@ -46,7 +46,11 @@ TEST_F(ModalDialogs, AnAnswerIsGoneWithTheNextQuestion)
 TEST_F(ModalDialogs, AFormThatStaysLoadedIsHiddenOnly)
 {
     ModalDialog<NoQuestion, NoAnswer> staying{{.StaysLoaded = true}};
-    desktop.forms.onModal["frmTransObj"] = [&staying] { staying.Give({}); };
+    desktop.forms.onModal["frmTransObj"] = [this, &staying] {
+        EXPECT_TRUE(desktop.forms.Loaded("frmTransObj").shown);
+        staying.Give({});
+        EXPECT_FALSE(desktop.forms.Loaded("frmTransObj").shown);
+    };
     EXPECT_TRUE(staying.Ask("frmTransObj").has_value());
     EXPECT_TRUE(desktop.forms.IsLoaded("frmTransObj"));
     EXPECT_FALSE(desktop.forms.Loaded("frmTransObj").shown);

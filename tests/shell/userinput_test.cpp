@@ -49,6 +49,7 @@ TEST_F(UserInputs, BothEndsOfTheRangeAreTaken)
     EXPECT_THAT(Ask(kOneToTen, {"1"}), ElementsAre(1));
     EXPECT_THAT(Ask(kOneToTen, {"10"}), ElementsAre(10));
     EXPECT_THAT(Ask(kTwo, {"20", "40"}), ElementsAre(20, 40));
+    EXPECT_EQ(refused, -1);
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }
 
