@@ -386,6 +386,14 @@ TEST_F(LpEngine, ARunKeepsNothingOfTheOneBefore)
     EXPECT_EQ(Result.NumColumns, 6);
 }
 
+// A slack of 1e308 is above the bound of 1e15; x1 would have to go to 1e312 for it.
+TEST_F(LpEngine, AValueBeyondADoubleEndsTheSolve)
+{
+    Solve({false, {1}, {{{1e-4}, '<', 1e308}}});
+    EXPECT_EQ(Result.End, Outcome::OutOfRoom);
+    EXPECT_EQ(Result.Error, ErrorNumber::Overflow);
+}
+
 // ---- cycles ----
 
 void ExpectCycles(const Lp& lp, FakeDesktop& desktop)

@@ -304,8 +304,10 @@ TEST_F(LpMeaning, ACycleIsRecognised)
 TEST_F(LpMeaning, TheStepsOfTheDoorsAreItsTwoPivots)
 {
     Solve(kDoors);
+    const std::vector<picture::Step> steps = LP_Engine::Steps(Result);
     std::vector<std::string> headings;
-    for (const picture::Step& step : LP_Engine::Steps(Result))
+    headings.reserve(steps.size());
+    for (const picture::Step& step : steps)
         headings.push_back(step.Heading);
     EXPECT_THAT(headings, ElementsAre("Standard form", "Step 1, phase 2: X2 enters, slack 2 leaves",
                                       "Step 2, phase 2: X1 enters, slack 3 leaves", "Optimum",
@@ -379,6 +381,19 @@ TEST_F(LpMeaning, TheStepsOfASearchAreItsNodesInOrder)
     EXPECT_EQ(steps[2].Heading, "Node 2: X1 at least 4");
     EXPECT_THAT(steps[2].Marks, ElementsAre("node3"));
     EXPECT_EQ(steps[3].Why, "No plan keeps to these bounds.");
+}
+
+// The slack of x1 <= -1 starts at -1, and x1 could only bring it further down.
+TEST_F(LpMeaning, TheStepsTellOfARowThatNoColumnRepairs)
+{
+    Solve({false, {1}, {{{1}, '<', -1}}});
+    ASSERT_EQ(Result.End, Outcome::Infeasible);
+    const std::vector<picture::Step> steps = LP_Engine::Steps(Result);
+    std::vector<std::string> headings;
+    headings.reserve(steps.size());
+    for (const picture::Step& step : steps)
+        headings.push_back(step.Heading);
+    EXPECT_THAT(headings, Contains("No column can repair slack 1"));
 }
 
 }  // namespace
