@@ -745,3 +745,114 @@ TEST_F(CommandsOfTheShell, ANewForecastPutsTheIndicatorBack)
     Commands::New();
     EXPECT_EQ(desktop.screen.indicator, "as it was");
 }
+
+namespace {
+
+// With a linear program on display, which does more at each command than a tableau.
+class CommandsOfLinearPrograms : public CommandsOfTheShell {
+protected:
+    void SetUp() override
+    {
+        CommandsOfTheShell::SetUp();
+        Choose(1);
+        desktop.dialogs.files = {Write("a.LPM", "3\r\n\"MAX 5A+4B\"\r\n\"1A<10\"\r\n\"1B<3\"\r\n")};
+        Commands::Open();
+    }
+
+    FakeForm& Form() { return desktop.forms.Loaded("frmLPproblem"); }
+    FakeGrid& Objective() { return Form().GridOf("Grid(0)"); }
+    FakeGrid& Constraints() { return Form().GridOf("Grid(1)"); }
+
+    // The states of the items 3 to 7 of the Edit menu.
+    static std::string EditStates()
+    {
+        std::string states;
+        for (int index = 3; index <= 7; ++index)
+            states += Menus.Item(EditItemName(index)).Enabled ? '1' : '0';
+        return states;
+    }
+};
+
+}  // namespace
+
+TEST_F(CommandsOfLinearPrograms, AStoredOneHasTheFocusToo)
+{
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+    EXPECT_EQ(Objective().focused, 1);
+    EXPECT_EQ(Objective().Row(), 1);
+    EXPECT_EQ(Objective().Column(), 1);
+}
+
+TEST_F(CommandsOfLinearPrograms, EditItemsAreOffWhileAReportIsShown)
+{
+    EXPECT_EQ(EditStates(), "11111");
+    Commands::Solve();
+    EXPECT_EQ(MenuStates(), "11111111");
+    EXPECT_EQ(EditStates(), "00000");
+    Commands::EditItem(0);
+    EXPECT_EQ(EditStates(), "11111");
+}
+
+// 5 * 10 + 4 * 3 = 62, with 6 for 5 in the objective 72.
+TEST_F(CommandsOfLinearPrograms, PrintingSolvesWhatIsInTheGrids)
+{
+    Commands::Solve();
+    const std::string before = testing::PrintToString(SolutionLines());
+    const std::size_t lines = SolutionLines().size();
+    EXPECT_THAT(before, testing::HasSubstr("62"));
+    Objective().SetText(1, 1, "6");
+    Commands::Print();
+    EXPECT_THAT(testing::PrintToString(desktop.printer.Lines()), testing::HasSubstr("72"));
+    EXPECT_THAT(testing::PrintToString(SolutionLines()), testing::HasSubstr("72"));
+    EXPECT_EQ(SolutionLines().size(), lines);
+}
+
+TEST_F(CommandsOfLinearPrograms, AMenuThatOpensTakesTheNameThatIsBeingTyped)
+{
+    Objective().SetText(0, 1, "CHAIRS");
+    Objective().Select(0, 1);
+    Commands::OpenMenu(TopMenu::Solution);
+    EXPECT_THAT(Constraints().Text(0, 1), testing::EndsWith(" CHAIRS"));
+    Choose(12);
+    EXPECT_NO_THROW(Commands::OpenMenu(TopMenu::Solution));  // has nothing to take
+}
+
+TEST_F(CommandsOfLinearPrograms, AnEditCommandIsOneStepOfTheHistory)
+{
+    const int rows = Constraints().Rows();
+    const int focused = desktop.forms.menuFocused;
+    const int steps = Form().steps;
+    desktop.dialogs.inputs = {"2"};
+    Commands::EditItem(3);
+    EXPECT_EQ(Constraints().Rows(), rows + 2);
+    EXPECT_EQ(Form().steps, steps + 1);
+    EXPECT_GT(desktop.forms.menuFocused, focused);
+    EXPECT_FALSE(Session.EditDialogActive);
+}
+
+TEST_F(CommandsOfLinearPrograms, AnEditCommandWaitsForARefusedCell)
+{
+    Constraints().commit = [](int, int, std::string_view) { return false; };
+    Constraints().Type(1, 1, "x");
+    Commands::EditItem(3);
+    EXPECT_THAT(desktop.dialogs.prompts, IsEmpty());
+    EXPECT_EQ(Constraints().focused, 1);
+}
+
+TEST_F(CommandsOfTheShell, TheSubmenuOfTransportationIsOnWithEveryProblem)
+{
+    Choose(2);
+    desktop.dialogs.files = {Write("a.TRN", "0,1,1\r\n7\r\n5\r\n5\r\n")};
+    Menus.SetEnabled("mnudispeditsubs(2)", false);  // as behind a report
+    Commands::Open();
+    EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
+    EXPECT_TRUE(Menus.Item("mnudispeditsubs(2)").Enabled);
+    FakeGrid& grid = desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit");
+    const int rows = grid.Rows();
+    grid.commit = [](int, int, std::string_view) { return false; };
+    grid.Type(1, 1, "x");
+    Commands::LowerItem(0);
+    EXPECT_EQ(grid.Rows(), rows);  // a refused cell comes first
+    Commands::LowerItem(0);
+    EXPECT_EQ(desktop.forms.Loaded("frmProblem").GridOf("gridDisplayEdit").Rows(), rows + 1);
+}
