@@ -24,6 +24,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 TOOL = pathlib.Path("tools", "mutation")
 ALL = "basic shell tableau lp network project inventory waiting decision forecasting markov".split()
 SCREENS = ("frm", "module")
+OTHER_SYSTEMS = "_portable"  # not built here
 # What stands beside the reports, and what it is made from.
 BESIDE = r"(Picture|Plane|Plan|Steps|Replay|Meaning|Opinion|Facts|Figures|Costs|Chains|Shape|LostNodes|beside)$"
 # They walk at random or look at other things than answers.
@@ -38,7 +39,7 @@ Test = collections.namedtuple("Test", "name command environment folder seconds r
 def sources():
     for folder in ALL:
         for path in sorted(ROOT.glob(f"src/{folder}/*.cpp")):
-            if not path.name.startswith(SCREENS):
+            if not path.name.startswith(SCREENS) and not path.stem.endswith(OTHER_SYSTEMS):
                 yield path
 
 
