@@ -9,31 +9,29 @@ namespace {
 
 constexpr std::string_view kForm = "frmDecisionProblem";
 
-void TellWrongSum(const Grids& grids, int pass, double rowSum)
+void TellWrongSum(int pass, double rowSum)
 {
     const char* what = pass == kStateProbabilities ? " states of nature" : " indicator outcomes";
-    TellRowSum("The sum of the probabilities for the " + std::to_string(grids.Count(pass)) + what, rowSum,
-               ".");
+    TellRowSum("The sum of the probabilities for the " + std::to_string(Count(pass)) + what, rowSum, ".");
 }
 
 // One pass over its grid.
-bool Walk(const Grids& grids, int pass, bool& focusGrid)
+bool Walk(int pass, bool& focusGrid)
 {
     const std::string name = ArrayGrid(pass);
     Grid& grid = GridOn(kForm, name);
     const bool sums = pass != kPayoffs;
-    const int lastRow = pass == kStateProbabilities ? 1 : grid.Rows() - 1;
-    for (int row = 1; row <= lastRow; ++row) {
+    for (int row = 1; row < grid.Rows(); ++row) {
         double rowSum = 0;
         for (int column = 1; column < grid.Columns(); ++column) {
             grid.Select(row, column);
-            const int code = grids.Commit(pass, row, column, grid.Text(row, column));
+            const int code = CommitCell(pass, row, column, grid.Text(row, column));
             focusGrid = code == kCellRefused;
             if (!AcceptCell(code, kForm, name, row, column)) return false;
-            if (sums) rowSum += grids.Probability(pass, row, column);
+            if (sums) rowSum += Probability(pass, row, column);
         }
         if (!sums || IsWholeProbability(rowSum)) continue;
-        TellWrongSum(grids, pass, rowSum);
+        TellWrongSum(pass, rowSum);
         grid.Select(row, grid.Columns() - 1);
         focusGrid = true;
         return false;
@@ -43,22 +41,17 @@ bool Walk(const Grids& grids, int pass, bool& focusGrid)
 
 }  // namespace
 
-bool CheckGrids(const Grids& grids)
+bool Check()
 {
     bool focusGrid = false;
     int failed = -1;
     {
         const CheckingIndicator indicator;
         for (const int pass : {kPayoffs, kStateProbabilities, kIndicatorProbabilities})
-            if (failed < 0 && grids.Runs(pass) && !Walk(grids, pass, focusGrid)) failed = pass;
+            if (failed < 0 && Runs(pass) && !Walk(pass, focusGrid)) failed = pass;
     }
     if (focusGrid) GridOn(kForm, ArrayGrid(failed)).SetFocus();
     return failed < 0;
-}
-
-bool Check()
-{
-    return CheckGrids({.Commit = CommitCell, .Runs = Runs, .Probability = Probability, .Count = Count});
 }
 
 }  // namespace Decision

@@ -2,12 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include <map>
-
-#include "shell/module.h"
+#include "decision/VtDecisionAnalysis.h"
 #include "shell/session.h"
 #include "support/fake_desktop.h"
 
+using Decision::Problem;
 using testing::ElementsAre;
 
 namespace {
@@ -15,16 +14,21 @@ namespace {
 const ShownMessage kIncomplete{"Problem is incomplete.  Zeroes will be entered for empty cells",
                                "Problem Incomplete", Icon::Exclamation, Buttons::OKCancel};
 
-// Two states of nature and two outcomes; the stored probabilities are what the cells say.
+// Two alternatives, two states of nature and three outcomes.
 class DecisionChecks : public testing::Test {
 protected:
     void SetUp() override
     {
-        for (const int pass : {0, 1, 2})
-            GridOf(pass).Resize(3, 3);
+        Problem = {};
+        Problem.AlternativeCount = 2;
+        Problem.NatureStateCount = 2;
+        Problem.IndicatorCount = 3;
+        GridOf(0).Resize(3, 3);
+        GridOf(1).Resize(2, 3);
+        GridOf(2).Resize(3, 4);
         Fill(0, {"1", "2", "3", "4"});
-        Fill(1, {"0.5", "0.5", "9", "9"});
-        Fill(2, {"0.1", "0.9", "1", "0"});
+        Fill(1, {"0.5", "0.5"});
+        Fill(2, {"0.1", "0.9", "0", "1", "0", "0"});
         Session.AskIncomplete = true;
     }
 
@@ -35,30 +39,18 @@ protected:
 
     void Fill(int pass, const std::vector<std::string>& cells)
     {
-        for (int i = 0; i < 4; ++i)
-            GridOf(pass).SetText(1 + i / 2, 1 + i % 2, cells[static_cast<std::size_t>(i)]);
+        const int columns = GridOf(pass).Columns() - 1;
+        for (int i = 0; i < static_cast<int>(cells.size()); ++i)
+            GridOf(pass).SetText(1 + i / columns, 1 + i % columns, cells[static_cast<std::size_t>(i)]);
     }
 
-    bool Check(bool prior, bool indicators)
+    static bool Check(bool states, bool outcomes)
     {
-        visited.clear();
-        return Decision::CheckGrids(
-            {.Commit =
-                 [this](int pass, int row, int column, std::string_view text) {
-                     visited.push_back(std::to_string(pass) + std::to_string(row));
-                     stored[{pass, row, column}] = text.empty() ? 0 : std::stod(std::string(text));
-                     return text.empty() && Session.AskIncomplete ? kCellEmpty : kCellStored;
-                 },
-             .Runs = [=](int pass) { return pass == 0 || (pass == 1 ? prior : indicators); },
-             .Probability =
-                 [this](int pass, int row, int column) {
-                     return stored[{pass, row, column}];
-                 },
-             .Count = [](int pass) { return pass == 1 ? 7 : 3; }});
+        Problem.HasStateProbabilities = states ? "YES" : "NO";
+        Problem.ComputeStrategy = outcomes ? "YES" : "NO";
+        return Decision::Check();
     }
 
-    std::vector<std::string> visited;
-    std::map<std::tuple<int, int, int>, double> stored;
     FakeDesktop desktop;
 };
 
@@ -66,10 +58,21 @@ protected:
 
 TEST_F(DecisionChecks, PassesFollowTheFeaturesOfTheProblem)
 {
+    Fill(1, {"0.5", "2"});
+    Fill(2, {"0.1", "0.9", "3"});
     EXPECT_TRUE(Check(false, false));
-    EXPECT_THAT(visited, ElementsAre("01", "01", "02", "02"));
-    EXPECT_TRUE(Check(true, true));
-    EXPECT_THAT(visited, ElementsAre("01", "01", "02", "02", "11", "11", "21", "21", "22", "22"));
+    EXPECT_EQ(Problem.Payoff(2, 1), 3);
+    EXPECT_FALSE(Check(true, true));
+    EXPECT_EQ(GridOf(1).focused, 1);
+    EXPECT_EQ(GridOf(2).focused, 0);
+
+    Fill(1, {"0.25", "0.75"});
+    EXPECT_TRUE(Check(true, false));
+    EXPECT_EQ(Problem.StatePrior(2), 0.75);
+    EXPECT_EQ(Problem.IndicatorGivenState(1, 1), 0);
+    EXPECT_FALSE(Check(true, true));
+    EXPECT_EQ(Problem.IndicatorGivenState(1, 2), 0.9);
+    EXPECT_EQ(GridOf(2).focused, 1);
 }
 
 TEST_F(DecisionChecks, PayoffsAreNotSummed)
@@ -80,17 +83,17 @@ TEST_F(DecisionChecks, PayoffsAreNotSummed)
 
 TEST_F(DecisionChecks, WrongSumsNameTheStatesOrTheOutcomes)
 {
-    Fill(1, {"0.5", "0.4", "", ""});
+    Fill(1, {"0.5", "0.4"});
     EXPECT_FALSE(Check(true, true));
     EXPECT_EQ(desktop.dialogs.Last(),
-              (ShownMessage{"The sum of the probabilities for the 7 states of nature must equal 1!!!  The "
+              (ShownMessage{"The sum of the probabilities for the 2 states of nature must equal 1!!!  The "
                             "probabilities that you have input sum to 0.900.",
                             "WARNING", Icon::Critical, Buttons::OK}));
     EXPECT_EQ(GridOf(1).Column(), 2);
     EXPECT_EQ(GridOf(1).focused, 1);
 
-    Fill(1, {"0.5", "0.5", "", ""});
-    Fill(2, {"0.1", "0.9", "1", "1"});
+    Fill(1, {"0.5", "0.5"});
+    Fill(2, {"0.1", "0.9", "0", "1", "1", "0"});
     EXPECT_FALSE(Check(true, true));
     EXPECT_EQ(desktop.dialogs.Last(),
               (ShownMessage{"The sum of the probabilities for the 3 indicator outcomes must equal 1!!!  The "
@@ -117,7 +120,7 @@ TEST_F(DecisionChecks, ARefusedCellBringsTheFocusToItsGridAndACancelledQuestionD
 TEST_F(DecisionChecks, EmptyCellsAreAskedAboutOnceOverAllPasses)
 {
     Fill(0, {"", "", "3", "4"});
-    Fill(1, {"", "1", "", ""});
+    Fill(1, {"", "1"});
     EXPECT_TRUE(Check(true, false));
     EXPECT_THAT(desktop.dialogs.messages, ElementsAre(kIncomplete));
 }
