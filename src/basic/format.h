@@ -11,15 +11,22 @@
 // sign. A number under a text pattern ("@@") goes in as its plain text.
 std::string Format(double value, std::string_view pattern);
 
+// How many decimals a report shows, 0, 1 or 2, of a problem that counts so many; a file may bring any number.
+constexpr int ShownDecimals(double counted)
+{
+    if (counted < 1) return 0;
+    return counted < 2 ? 1 : 2;
+}
+
 // One pattern for each count of decimals.
 struct DecimalPatterns {
     std::string_view Whole;
     std::string_view OnePlace;
     std::string_view TwoPlaces;
 
-    // The pattern for 0, 1 or 2 decimals; everything else counts as 2.
-    [[nodiscard]] constexpr std::string_view For(double decimals) const
+    [[nodiscard]] constexpr std::string_view For(double counted) const
     {
+        const int decimals = ShownDecimals(counted);
         if (decimals == 0) return Whole;
         return decimals == 1 ? OnePlace : TwoPlaces;
     }

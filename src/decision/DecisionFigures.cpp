@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "basic/format.h"
 #include "picture/words.h"
@@ -34,8 +33,7 @@ std::vector<int> BestAtChance(const DecisionProblem& problem, double chance)
 std::string PayoffText(const DecisionProblem& problem, double payoff)
 {
     constexpr DecimalPatterns kPatterns{"#########0", "#######0.0", "######0.00"};
-    const double decimals = problem.PayoffDecimals.Value();
-    return Format(payoff, kPatterns.For(decimals < 1 ? 0 : decimals < 2 ? 1 : 2));
+    return Format(payoff, kPatterns.For(problem.PayoffDecimals.Value()));
 }
 
 std::string ValueText(double value)
@@ -52,8 +50,7 @@ std::string ScoreText(const DecisionProblem& problem, const DecisionResult& resu
 {
     constexpr DecimalPatterns kPatterns{"#,######0", "#,####0.0", "#,####0.00"};
     if (result.Criterion != kOptimistic && result.Criterion != kConservative) return ValueText(score);
-    const double decimals = problem.PayoffDecimals.Value();
-    return Format(score, kPatterns.For(decimals < 1 ? 0 : decimals < 2 ? 1 : 2));
+    return Format(score, kPatterns.For(problem.PayoffDecimals.Value()));
 }
 
 std::string CriterionName(int criterion)

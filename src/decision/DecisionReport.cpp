@@ -37,9 +37,7 @@ std::string Label(int index)
 // The field for the decimals of the payoffs, out of three.
 const Field& ByDecimals(const std::array<Field, 3>& fields)
 {
-    const double decimals = Problem.PayoffDecimals.Value();
-    if (decimals < 1) return fields[0];
-    return decimals < 2 ? fields[1] : fields[2];
+    return fields.at(static_cast<std::size_t>(ShownDecimals(Problem.PayoffDecimals.Value())));
 }
 
 // ---- the recommendation ----

@@ -5,6 +5,7 @@
 #include "basic/numberrow.h"
 #include "decision/DecisionCriteria.h"
 #include "desktop/desktop.h"
+#include "shell/checks.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
@@ -82,11 +83,6 @@ bool AskSenseWithCriterion()
 
 // ---- the grids ----
 
-std::string GridName(int pass)
-{
-    return "Grid(" + std::to_string(pass) + ")";
-}
-
 int RowsOf(int pass)
 {
     if (pass == kPayoffs) return Problem.AlternativeCount;
@@ -130,8 +126,7 @@ void FillGrid(Grid& grid, int pass)
 
 int RefuseProbability()
 {
-    Refuse("NOTE:  THE PROBABILITY MUST BE BETWEEN 0 AND 1.");
-    return kCellRefused;
+    return RefuseCell("NOTE:  THE PROBABILITY MUST BE BETWEEN 0 AND 1.");
 }
 
 int CommitProbability(double& stored, std::string_view text, bool isNumber)
@@ -146,10 +141,7 @@ int CommitProbability(double& stored, std::string_view text, bool isNumber)
 int CommitPayoff(double& stored, std::string_view text)
 {
     const NumberText number = CheckNumber(text);
-    if (!number.IsNumber) {
-        Refuse("NOTE:  THE PAYOFF MUST BE A NUMERICAL VALUE.");
-        return kCellRefused;
-    }
+    if (!number.IsNumber) return RefuseCell("NOTE:  THE PAYOFF MUST BE A NUMERICAL VALUE.");
     stored = number.Value();
     RaiseDecimalPlaces(Problem.PayoffDecimals, stored);
     return kCellStored;
@@ -246,8 +238,8 @@ void Fill()
 {
     Form& form = desktop::TheForms().Loaded(kForm);
     for (const int pass : {kPayoffs, kStateProbabilities, kIndicatorProbabilities}) {
-        if (Runs(pass)) FillGrid(form.GridOf(GridName(pass)), pass);
-        form.SetVisible(GridName(pass), Runs(pass));
+        if (Runs(pass)) FillGrid(form.GridOf(ArrayGrid(pass)), pass);
+        form.SetVisible(ArrayGrid(pass), Runs(pass));
     }
 }
 
@@ -262,7 +254,7 @@ int CommitCell(int pass, int row, int column, std::string_view text)
     double& stored = Stored(pass, row, column);
     if (text.empty()) {
         stored = 0;
-        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+        return EmptyCell();
     }
     if (pass == kPayoffs) return CommitPayoff(stored, text);
     if (pass == kStateProbabilities) return CommitStateProbability(stored, text);

@@ -1,10 +1,10 @@
 #include "forecasting/ForecastMeaning.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
 #include "basic/format.h"
+#include "forecasting/ForecastReport.h"
 #include "forecasting/SeriesFacts.h"
 #include "picture/words.h"
 
@@ -275,34 +275,23 @@ void Sayer::SayBelowZero()
     }
 }
 
-// Fields of the report, by the decimals of the series.
 void Sayer::SayCutFigures()
 {
-    struct Widths {
-        std::size_t Value;
-        std::size_t Forecast;
-        std::size_t Error;
-    };
-    constexpr std::array<Widths, 3> kWidths{{{11, 10, 10}, {21, 18, 17}, {20, 18, 17}}};
-    constexpr std::size_t kNextWidth = 13;
-    constexpr std::size_t kTrendWidth = 11;
-    const double decimals = std::clamp(problem_.DecimalPlaces.Value(), 0.0, 2.0);
-    const Widths& widths = kWidths.at(static_cast<std::size_t>(decimals));
+    const SeriesFields& fields = FieldsOf(problem_);
     std::vector<std::string> cut;
-    const auto look = [&cut](const std::string& name, const std::string& text, std::size_t width) {
-        if (text.size() > width) cut.push_back(name + " (" + text + ")");
+    const auto look = [&cut](const std::string& name, const std::string& text, int width) {
+        if (text.size() > static_cast<std::size_t>(width)) cut.push_back(name + " (" + text + ")");
     };
     for (int t = 1; t <= n_; ++t) {
         const std::string period = " of period " + Num(t);
-        look("the value" + period, SeriesText(problem_, result_.Series(t)), widths.Value);
+        look("the value" + period, SeriesText(problem_, result_.Series(t)), fields.ValueWidth);
         if (!HasForecasts(result_) || t < result_.FirstFittedPeriod) continue;
-        look("the fitted value" + period, ForecastText(result_.Fitted(t)), widths.Forecast);
-        look("the error" + period, ForecastText(result_.FitError(t)), widths.Error);
+        look("the fitted value" + period, ForecastText(result_.Fitted(t)), fields.ForecastWidth);
+        look("the error" + period, ForecastText(result_.FitError(t)), fields.ErrorWidth);
     }
     int period = n_;
     for (const double forecast : forecasts_)
-        look("the forecast of period " + Num(++period), Format(forecast, "0.00"),
-             IsTrendMethod(result_) ? kTrendWidth : kNextWidth);
+        look("the forecast of period " + Num(++period), Format(forecast, "0.00"), WidthOfForecast(result_));
     if (!cut.empty())
         Say(SentenceKind::Caution,
             "The report cuts figures that do not fit their field: " + picture::Listed(cut, 2) + ".");

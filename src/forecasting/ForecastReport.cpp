@@ -1,24 +1,16 @@
 #include "forecasting/ForecastReport.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <string>
 
 #include "basic/format.h"
-#include "forecasting/VtForecasting.h"
+#include "forecasting/SeriesFacts.h"
 
 namespace VtForecasting {
 namespace {
 
 // ---- fields ----
-
-struct SeriesFields {
-    std::string_view ValuePattern;
-    int ValueWidth;
-    int ForecastWidth;
-    int ErrorWidth;
-};
 
 // By DecimalPlaces.
 constexpr std::array<SeriesFields, 3> kSeriesFields = {{
@@ -26,12 +18,6 @@ constexpr std::array<SeriesFields, 3> kSeriesFields = {{
     {.ValuePattern = "###,###,##0.0", .ValueWidth = 21, .ForecastWidth = 18, .ErrorWidth = 17},
     {.ValuePattern = "###,###,##0.00", .ValueWidth = 20, .ForecastWidth = 18, .ErrorWidth = 17},
 }};
-
-const SeriesFields& CurrentFields()
-{
-    const double decimals = std::clamp(Problem.DecimalPlaces.Value(), 0.0, 2.0);
-    return kSeriesFields.at(static_cast<std::size_t>(decimals));
-}
 
 std::string PeriodText(int t)
 {
@@ -126,7 +112,7 @@ void PrintedZeroWarning(ReportChannel& out)
 std::string SeriesRow(int t)
 {
     constexpr std::string_view kForecastPattern = "###,##0.00";
-    const SeriesFields& fields = CurrentFields();
+    const SeriesFields& fields = FieldsOf(Problem);
     std::string row = Blanks(9) + PeriodText(t) + Blanks(8) +
                       FlushRight(Format(Result.Series(t), fields.ValuePattern), fields.ValueWidth);
     if (t < Result.FirstFittedPeriod) return row;
@@ -154,21 +140,18 @@ void MeanSquareErrorLine(ReportChannel& out)
 // The gap makes up for the digits of the period number, so that the values stand below each other.
 void ForecastLine(ReportChannel& out, int period, double value)
 {
-    const bool isTrend = Result.Method == kTrendProjection || Result.Method == kTrendAndSeasonal;
-    const int gapOfOneDigit = isTrend ? 6 : 4;
-    const int width = isTrend ? 11 : 13;
+    const int gapOfOneDigit = IsTrendMethod(Result) ? 6 : 4;
     const std::string number = std::to_string(period);
     out.Line("     THE FORECAST FOR PERIOD " + number +
              Blanks(gapOfOneDigit + 1 - static_cast<int>(number.size())) +
-             FlushRight(Format(value, "#######0.00"), width));
+             FlushRight(Format(value, "#######0.00"), WidthOfForecast(Result)));
 }
 
 void Forecasts(ReportChannel& out)
 {
     out.Line();
     const int n = Result.PeriodCount;
-    if (Result.Method == kMovingAverages || Result.Method == kExponentialSmoothing)
-        ForecastLine(out, n + 1, Result.NextForecast);
+    if (!IsTrendMethod(Result)) ForecastLine(out, n + 1, Result.NextForecast);
     for (int i = 1; i <= Result.ForecastCount; ++i)
         ForecastLine(out, n + i, Result.Forecast(i));
 }
@@ -199,6 +182,16 @@ void WriteBlocks(ReportChannel& out)
 }
 
 }  // namespace
+
+const SeriesFields& FieldsOf(const ForecastProblem& problem)
+{
+    return kSeriesFields.at(static_cast<std::size_t>(ShownDecimals(problem.DecimalPlaces.Value())));
+}
+
+int WidthOfForecast(const ForecastResult& result)
+{
+    return IsTrendMethod(result) ? 11 : 13;
+}
 
 void WriteReport(ReportChannel& out)
 {

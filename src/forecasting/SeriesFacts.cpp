@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "basic/format.h"
+#include "forecasting/ForecastReport.h"
 
 namespace VtForecasting {
 
@@ -57,9 +58,7 @@ double IndexOf(const ForecastResult& result, int period)
 
 std::string SeriesText(const ForecastProblem& problem, double value)
 {
-    constexpr DecimalPatterns kPatterns{
-        .Whole = "###,###,##0", .OnePlace = "###,###,##0.0", .TwoPlaces = "###,###,##0.00"};
-    return Format(value, kPatterns.For(problem.DecimalPlaces.Value()));
+    return Format(value, FieldsOf(problem).ValuePattern);
 }
 
 std::string ForecastText(double value)

@@ -6,6 +6,7 @@
 #include "basic/format.h"
 #include "basic/number.h"
 #include "basic/numberrow.h"
+#include "basic/numbertext.h"
 #include "desktop/desktop.h"
 #include "shell/checks.h"
 #include "shell/module.h"
@@ -102,13 +103,10 @@ int CommitCell(int row, int column, std::string_view text)
     if (text.empty()) {
         NoteEmptyText();
         Problem.TimeSeries(row) = 0.0;
-        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+        return EmptyCell();
     }
     const NumberText number = CheckNumber(UpperCase(text));
-    if (!number.IsNumber) {
-        Refuse("Values Must be Numeric.  PLEASE REENTER.");
-        return kCellRefused;
-    }
+    if (!number.IsNumber) return RefuseCell("Values Must be Numeric.  PLEASE REENTER.");
     const double value = number.Value();
     Problem.TimeSeries(row) = value;
     RaiseDecimalPlaces(Problem.DecimalPlaces, value);
@@ -239,11 +237,14 @@ bool IsForecastCount(std::string_view text, double seasons)
     return true;
 }
 
-// What is particular to a method: how it stands in the status text, the labels of its two fields and the
-// check of the first one. An empty label has no field.
+using FieldTexts = std::array<std::string, 2>;  // of the two fields of a method
+
+// What is particular to a method: how it stands in the status text, the labels of its fields and the values
+// that they take, and the check of the first one. An empty label has no field.
 struct Method {
     std::string_view Indicator;
-    std::array<std::string, 2> (*Labels)();
+    FieldTexts (*Labels)();
+    FieldTexts (*Ranges)();
     bool (*CheckFirst)(std::string_view text);
 };
 
@@ -252,23 +253,30 @@ const Method& MethodOf(int method)
     static const std::array<Method, 4> methods{{
         {"Forecasting Module - Moving Averages",
          [] {
-             return std::array<std::string, 2>{"Number of Periods in Moving Average:", ""};
+             return FieldTexts{"Number of Periods in Moving Average:", ""};
+         },
+         [] {
+             return FieldTexts{"1 to " + std::to_string(Problem.PeriodCount), ""};
          },
          [](std::string_view text) { return IsPeriodCount(text, Problem.PeriodCount); }},
         {"Forecasting Module - Exponential Smoothing",
          [] {
-             return std::array<std::string, 2>{"Smoothing Constant (0-1):", ""};
+             return FieldTexts{"Smoothing Constant (0-1):", ""};
          },
-         IsSmoothingConstant},
+         [] { return FieldTexts{}; }, IsSmoothingConstant},
         {"Forecasting Module - Trend Projection",
          [] {
-             return std::array<std::string, 2>{"Number of Periods to Forescast (MAX=12):", ""};
+             return FieldTexts{"Number of Periods to Forescast (MAX=12):", ""};
          },
+         [] { return FieldTexts{}; },
          [](std::string_view text) { return IsPeriodCount(text, kMostTrendForecasts, "."); }},
         {"Forecasting Module - Trend && Seasonal Projection",
          [] {
-             return std::array<std::string, 2>{"Number of Seasons (MAX=" + HalfThePeriods() + "):",
-                                               "Number of Periods to Forecast:"};
+             return FieldTexts{"Number of Seasons (MAX=" + HalfThePeriods() + "):",
+                               "Number of Periods to Forecast:"};
+         },
+         [] {
+             return FieldTexts{"1 or more", "At most the number of seasons"};
          },
          IsSeasonCount},
     }};
@@ -294,9 +302,7 @@ std::array<std::string, 2> FieldLabels(int method)
 
 std::array<std::string, 2> FieldRanges(int method)
 {
-    if (method == kMovingAverages) return {"1 to " + std::to_string(Problem.PeriodCount), ""};
-    if (method == kTrendAndSeasonal) return {"1 or more", "At most the number of seasons"};
-    return {};
+    return MethodOf(method).Ranges();
 }
 
 int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPointer& point)
@@ -304,13 +310,13 @@ int TakeMethod(int method, const std::array<std::string, 2>& fields, const BoxPo
     desktop::TheScreen().SetIndicator(MethodOf(method).Indicator);
     PointAtBox(point, 0);
     if (!MethodOf(method).CheckFirst(fields[0])) return 0;
-    // The check has taken the thousands separators out, which would end a number when it is read.
-    const std::string first = Session.CheckText;
+    // Without thousands separators, which would end a number when it is read.
+    const std::string first = ReadNumberText(fields[0]).Text;
     std::string second;
     if (method == kTrendAndSeasonal) {
         PointAtBox(point, 1);
         if (!IsForecastCount(fields[1], Val(first))) return 1;
-        second = Session.CheckText;
+        second = ReadNumberText(fields[1]).Text;
     }
     const bool isTrend = method == kTrendProjection;
     TheMethod.Give({.Method = static_cast<std::int16_t>(method),

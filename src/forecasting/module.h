@@ -1,3 +1,4 @@
+// Forecasting as the shell sees it.
 #pragma once
 
 #include "shell/module.h"

@@ -1,8 +1,9 @@
 #include "inventory/VtInvent.h"
 
+#include <array>
+
 #include "desktop/desktop.h"
 #include "inventory/InventoryPolicy.h"
-#include "shell/commands.h"
 #include "shell/modelform.h"
 #include "shell/userinput.h"
 
@@ -12,8 +13,6 @@ InventoryProblem Problem;
 InventoryResult Result;
 
 namespace {
-
-constexpr std::string_view kModuleIndicator = "Inventory Module";
 
 struct Model {
     const char* Item;       // in the list of models
@@ -45,8 +44,7 @@ int AskModel()
 {
     ListDialog list{.Caption = " Inventory Models Available",
                     .Items = {},
-                    .EmptyMessage = "You Must Select an Inventory Model",
-                    .ModuleIndicator = std::string(kModuleIndicator)};
+                    .EmptyMessage = "You Must Select an Inventory Model"};
     for (const Model& model : kModels)
         list.Items.emplace_back(model.Item);
     return AskListItem(list);
@@ -64,14 +62,6 @@ int AskCategoryCount()
                         .WholeMessage = "",
                         .Note = "(Include the No Discount Category)"}}});
     return answers.empty() ? 0 : answers.front();
-}
-
-// It is in no file: that could not be given up.
-void GiveUpProblem()
-{
-    Problem.ModelKind = 0;
-    LeaveNoProblem();
-    desktop::TheScreen().SetIndicator(kModuleIndicator);
 }
 
 }  // namespace
@@ -95,14 +85,7 @@ bool Ask()
 
 void Fill()
 {
-    const Model* model = CurrentModel();
-    if (model == nullptr) return;
-    const InventoryProblem opened = Problem;
-    const FormExit exit = RunModelForm(model->Form, Problem.Saved);
-    if (exit == FormExit::Closed) Problem = opened;
-    if (exit != FormExit::GivenUp) return;
-    GiveUpProblem();
-    BeginProblem();
+    if (const Model* model = CurrentModel()) EditInForm(model->Form, Problem, &InventoryProblem::ModelKind);
 }
 
 bool HasModel()

@@ -270,9 +270,9 @@ void MakeInteger(LpResult& at, const std::string& name, bool binary)
 void ReadIntegerTypes(LpResult& at)
 {
     const std::string& word = at.Problem.LpLines(VtLP::TypeLine(at.Problem));
-    if (word == "DBI") MakeAllInteger(at, true);
-    if (word == "DIN") MakeAllInteger(at, false);
-    if (word == "BIN" || word == "INT")
+    if (word == VtLP::kAllBinary) MakeAllInteger(at, true);
+    if (word == VtLP::kAllGeneral) MakeAllInteger(at, false);
+    if (VtLP::IsListWord(word))
         VtLP::ForEachListedName(
             at.Problem, [&at](const std::string& name, bool binary) { MakeInteger(at, name, binary); });
 }

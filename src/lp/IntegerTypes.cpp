@@ -5,16 +5,6 @@
 namespace VtLP {
 namespace {
 
-constexpr const char* kAllBinary = "DBI";
-constexpr const char* kAllGeneral = "DIN";
-constexpr const char* kBinaryList = "BIN";
-constexpr const char* kGeneralList = "INT";
-
-bool IsListWord(const std::string& word)
-{
-    return word == kBinaryList || word == kGeneralList;
-}
-
 void MarkListed(IntegerChoice& choice, const std::string& name, bool binary)
 {
     for (int column = 1; column <= Problem.NumVariables; ++column) {
@@ -46,6 +36,11 @@ bool AskIntegerChoice()
     const auto choice = TheIntegerChoice.Ask("frmIP", std::move(question));
     if (choice) StoreIntegerChoice(*choice);
     return choice.has_value();
+}
+
+bool IsListWord(std::string_view word)
+{
+    return word == kBinaryList || word == kGeneralList;
 }
 
 int TypeLine(const LpProblem& problem)

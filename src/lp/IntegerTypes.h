@@ -11,11 +11,18 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "lp/VtLP.h"
 
 namespace VtLP {
+
+constexpr std::string_view kAllBinary = "DBI";
+constexpr std::string_view kAllGeneral = "DIN";
+constexpr std::string_view kBinaryList = "BIN";
+constexpr std::string_view kGeneralList = "INT";
+bool IsListWord(std::string_view word);
 
 // The line with the word.
 int TypeLine(const LpProblem& problem = Problem);

@@ -482,7 +482,7 @@ private:
     void TellSmallLetters()
     {
         const std::string& word = problem_.LpLines(VtLP::TypeLine(problem_));
-        if (word != "BIN" && word != "INT") return;
+        if (!VtLP::IsListWord(word)) return;
         std::vector<std::string> lost;
         VtLP::ForEachListedName(problem_, [&](const std::string& name, bool /*binary*/) {
             if (UpperCase(name) != name) lost.push_back(name);

@@ -8,6 +8,7 @@
 #include "basic/number.h"
 #include "basic/numberrow.h"
 #include "desktop/desktop.h"
+#include "shell/checks.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/Criterion.h"
@@ -208,9 +209,7 @@ void MakeTables()
 
 int Judge(bool accepted, std::string_view message)
 {
-    if (accepted) return kCellStored;
-    Refuse(message);
-    return kCellRefused;
+    return accepted ? kCellStored : RefuseCell(message);
 }
 
 bool PassesNumberCheck(std::string_view text, bool whole)

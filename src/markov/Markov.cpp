@@ -2,9 +2,9 @@
 
 #include "basic/entrytext.h"
 #include "basic/format.h"
-#include "basic/number.h"
 #include "basic/numberrow.h"
 #include "desktop/desktop.h"
+#include "shell/checks.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -19,8 +19,7 @@ namespace {
 
 int RefuseProbability()
 {
-    Refuse("PROBABILITIES MUST BE BETWEEN 0 AND 1!  PLEASE REENTER.");
-    return kCellRefused;
+    return RefuseCell("PROBABILITIES MUST BE BETWEEN 0 AND 1!  PLEASE REENTER.");
 }
 
 void FillGrid(Grid& grid)
@@ -81,7 +80,7 @@ int CommitCell(int row, int column, std::string_view text)
     if (text.empty()) {
         NoteEmptyText();
         Problem.TransitionMatrix(row, column) = 0.0;
-        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+        return EmptyCell();
     }
     const NumberText number = CheckNumber(UpperCase(text), BehindFailure::Passing);
     if (!number.IsNumber) return RefuseProbability();

@@ -9,8 +9,6 @@
 namespace Network {
 namespace {
 
-constexpr double kThousand = 1000;
-
 // What the links lead to, node by node.
 class Ways {
 public:
@@ -116,9 +114,8 @@ std::vector<int> LostArcs(const NetworkProblem& problem)
 
 std::string LengthOf(const NetworkProblem& problem, std::int32_t length)
 {
-    const double places = problem.DecimalPlaces.Value();
-    const std::string_view pattern = places < 1 ? "0" : places < 2 ? "0.0" : "0.00";
-    return Format(length / kThousand, pattern);
+    constexpr DecimalPatterns kPatterns = {"0", "0.0", "0.00"};
+    return Format(length / kThousand, kPatterns.For(problem.DecimalPlaces.Value()));
 }
 
 std::string PairName(int from, int to)

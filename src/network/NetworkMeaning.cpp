@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "basic/format.h"
 #include "network/NetworkFacts.h"
 #include "picture/words.h"
 
@@ -89,7 +90,7 @@ bool LastIsLonger(const NetworkProblem& problem, const Link& link)
 
 int ShownPlaces(const NetworkProblem& problem)
 {
-    return static_cast<int>(std::clamp(problem.DecimalPlaces.Value(), 0.0, 2.0));
+    return ShownDecimals(problem.DecimalPlaces.Value());
 }
 
 // Whether a length has more decimals than are shown.

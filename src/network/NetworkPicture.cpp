@@ -20,8 +20,6 @@ using picture::Picture;
 using picture::Role;
 using Texts = std::vector<std::string>;
 
-constexpr double kThousand = 1000;
-
 Texts Names(const std::vector<int>& numbers)
 {
     Texts names;

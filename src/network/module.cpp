@@ -14,8 +14,6 @@ NetworkResult Result;
 
 namespace {
 
-constexpr double kThousand = 1000;
-
 void Write(RecordWriter& file)
 {
     file.Write(

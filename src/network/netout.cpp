@@ -8,8 +8,6 @@
 namespace Network {
 namespace {
 
-constexpr double kThousand = 1000;
-
 // ---- the route ----
 
 constexpr int kRouteStartWidth = 18;
@@ -84,9 +82,7 @@ void PrintWarning(ReportChannel& out)
 
 std::string LengthText(std::int32_t length, const DecimalPatterns& patterns)
 {
-    const double places = Problem.DecimalPlaces.Value();
-    const std::string_view decimals = places < 2 ? patterns.OnePlace : patterns.TwoPlaces;
-    return Format(length / kThousand, places < 1 ? patterns.Whole : decimals);
+    return Format(length / kThousand, patterns.For(Problem.DecimalPlaces.Value()));
 }
 
 SolveOutcome RouteOutcome()

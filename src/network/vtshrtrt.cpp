@@ -9,6 +9,7 @@
 #include "desktop/desktop.h"
 #include "network/NetworkSolver.h"
 #include "network/netout.h"
+#include "shell/checks.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "shell/userinput.h"
@@ -20,14 +21,6 @@ NetworkProblem Problem;
 ModalDialog<NoQuestion, RouteEnds> Ends{{.StaysLoaded = true}};
 
 namespace {
-
-constexpr double kThousand = 1000;
-
-int RefuseCell(std::string_view message)
-{
-    Refuse(message);
-    return kCellRefused;
-}
 
 int EnterNode(int arc, int end, std::string_view text)
 {
@@ -113,11 +106,6 @@ bool TakeNode(const std::string& text, const NodeQuestion& question)
 
 }  // namespace
 
-bool IsShortestRoute()
-{
-    return Session.ProblemTitle == "SHORTEST ROUTE PROBLEM";
-}
-
 void Allocate()
 {
     Problem = {};
@@ -152,7 +140,7 @@ int EnterCell(int row, int column, std::string_view text)
     const std::string entry = Trimmed(text);
     if (entry.empty()) {
         Problem.ArcTable(column, row) = 0;
-        return Session.AskIncomplete ? kCellEmpty : kCellStored;
+        return EmptyCell();
     }
     return column == kLength ? EnterLength(row, entry) : EnterNode(row, column, entry);
 }

@@ -17,6 +17,7 @@ namespace Network {
 
 constexpr int kMostNodes = 20;
 constexpr int kMostArcs = 40;
+constexpr double kThousand = 1000;  // lengths are thousandths of the entered distance
 
 enum ArcRow : int { kStart = 1, kEnd = 2, kLength = 3 };  // rows of the arc tables
 
@@ -31,8 +32,6 @@ struct NetworkProblem {
 };
 
 extern NetworkProblem Problem;
-
-bool IsShortestRoute();  // otherwise the tree is asked for
 
 // Empties the record and makes the arc table.
 void Allocate();

@@ -5,7 +5,6 @@
 
 #include "basic/format.h"
 #include "basic/number.h"
-#include "project/PertReport.h"
 
 namespace VtPert_CPM {
 namespace {
@@ -147,7 +146,7 @@ double LengthOf(const PertProblem& problem, const std::vector<int>& path)
 std::string TimeOf(const PertProblem& problem, double time)
 {
     constexpr DecimalPatterns kPatterns = {"0", "0.0", "0.00"};
-    return Format(time, kPatterns.For(TimePlaces(problem)));
+    return Format(time, kPatterns.For(problem.TimeDecimals.Value()));
 }
 
 std::string CompletionText(const PertProblem& problem, const PertResult& result)

@@ -3,13 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <numeric>
 #include <string>
 
 #include "basic/format.h"
 #include "picture/words.h"
 #include "project/PertChains.h"
-#include "project/PertReport.h"
 
 namespace VtPert_CPM {
 namespace {
@@ -215,11 +213,12 @@ void AddRoundingCaution(const PertProblem& problem, Sentences& sentences)
 {
     constexpr std::array kUnits{1.0, 10.0, 100.0};
     constexpr double kSame = 1e-6;
-    const double unit = kUnits.at(static_cast<std::size_t>(TimePlaces(problem)));
+    const int decimals = ShownDecimals(problem.TimeDecimals.Value());
+    const double unit = kUnits.at(static_cast<std::size_t>(decimals));
     for (int i = 1; i <= problem.NumActivities; ++i) {
         const double time = unit * problem.ActivityTime(i).Value();
         if (std::abs(time - std::round(time)) <= kSame) continue;
-        sentences.push_back({SentenceKind::Caution, RoundedTimes(TimePlaces(problem))});
+        sentences.push_back({SentenceKind::Caution, RoundedTimes(decimals)});
         return;
     }
 }

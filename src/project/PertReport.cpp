@@ -53,7 +53,7 @@ constexpr DecimalPatterns kSchedulePatterns = {"########0", "######0.0", "#####0
 
 std::string TimeText(double time, const DecimalPatterns& patterns)
 {
-    return Format(time, patterns.For(TimePlaces(Problem)));
+    return Format(time, patterns.For(Problem.TimeDecimals.Value()));
 }
 
 // ---- expected times ----
@@ -178,11 +178,6 @@ void ActivityList(ReportChannel& out)
 }
 
 }  // namespace
-
-int TimePlaces(const PertProblem& problem)
-{
-    return static_cast<int>(std::clamp(problem.TimeDecimals.Value(), 0.0, 2.0));
-}
 
 void WritePertReport(ReportChannel& out)
 {

@@ -7,8 +7,6 @@
 
 namespace VtPert_CPM {
 
-int TimePlaces(const PertProblem& problem);  // of the times: 0, 1 or 2
-
 void WritePertReport(ReportChannel& out);  // on screen
 void PrintPertReport(ReportChannel& out);
 

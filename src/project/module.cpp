@@ -32,8 +32,7 @@ SolveOutcome Solve()
 void ReturnToProblem()
 {
     UnloadSolution();
-    desktop::TheForms().Load(kEntryForm);
-    desktop::TheForms().Show(kEntryForm);
+    Fill();
     Menus.SetEnabled(EditItemName(0), false);
     desktop::TheForms().FocusMenu();
 }

@@ -39,6 +39,17 @@ bool WalkTableau(const std::function<double(int row, int column)>& probability, 
 
 }  // namespace
 
+int EmptyCell()
+{
+    return Session.AskIncomplete ? kCellEmpty : kCellStored;
+}
+
+int RefuseCell(std::string_view message)
+{
+    Refuse(message);
+    return kCellRefused;
+}
+
 CheckingIndicator::CheckingIndicator() : before_(desktop::TheScreen().Indicator())
 {
     desktop::TheScreen().SetIndicator("Checking Problem Data. . .");

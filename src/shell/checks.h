@@ -1,5 +1,5 @@
-// The walks over the entry grids that Solve and Save begin with. Each answers whether the problem may be
-// used; a failed one has told the user why.
+// The cells of the entry grids: what a commit answers, and the walks over all of them that Solve and Save
+// begin with. Each walk answers whether the problem may be used; a failed one has told the user why.
 #pragma once
 
 #include <functional>
@@ -17,6 +17,11 @@ bool CheckTableau();
 
 // The same, and every row of stored probabilities (row, column) must add up to 1.
 bool CheckProbabilityTableau(const std::function<double(int row, int column)>& probability);
+
+// ---- what cell commits are made of ----
+
+int EmptyCell();                           // the code of a cell without a text, which has stored a 0
+int RefuseCell(std::string_view message);  // the code of a cell that is refused, once it has been told
 
 // ---- what checks are made of ----
 

@@ -1,7 +1,6 @@
 #include "shell/modelform.h"
 
 #include "desktop/desktop.h"
-#include "shell/commands.h"
 #include "shell/menus.h"
 #include "shell/modaldialog.h"
 #include "shell/module.h"
@@ -36,19 +35,20 @@ FormExit RunModelForm(std::string_view form, bool problemIsInFile)
     return exit;
 }
 
-void ReturnToModelForm()
-{
-    UnloadSolution();
-    Menus.SetEnabled(EditItemName(0), false);
-    CurrentModule().Routines->Fill();
-}
-
 void LeaveNoProblem()
 {
     Session.ProblemOnDisplay = "NO";
     for (const char* item : {"mnuFileSave", "mnudispedit", "mnuSolution"})
         Menus.SetEnabled(item, false);
     Menus.SetCaption(EditItemName(0), "");
+    desktop::TheScreen().SetIndicator(CurrentModule().Indicator);
+}
+
+void ReturnToModelForm()
+{
+    UnloadSolution();
+    Menus.SetEnabled(EditItemName(0), false);
+    CurrentModule().Routines->Fill();
 }
 
 void LeaveModelForm(FormExit exit)

@@ -3,6 +3,8 @@
 
 #include <string_view>
 
+#include "shell/commands.h"
+
 enum class FormExit {
     Closed,   // the problem is kept as it was when the form was opened
     Solve,    // the Solve command follows
@@ -10,15 +12,28 @@ enum class FormExit {
     GivenUp,  // there is no problem any more, the list of models follows
 };
 
-// Shows the form, the menus off while it is open, and runs the command that it was left with. After
-// FormExit::Closed the module puts the problem back as it was.
+// Shows the form, the menus off while it is open, and runs the command that it was left with.
 FormExit RunModelForm(std::string_view form, bool problemIsInFile);
+
+// The problem of a form has been given up: menus and status text are those of a module without one.
+void LeaveNoProblem();
+
+// The form on the module's problem, until it is left: a problem that is closed is as it was, one that is
+// given up is none any more, its `model` being 0, and the list of the models follows. That one is in no file.
+template <typename Problem>
+void EditInForm(std::string_view form, Problem& problem, int Problem::*model)
+{
+    const Problem opened = problem;
+    const FormExit exit = RunModelForm(form, problem.Saved);
+    if (exit == FormExit::Closed) problem = opened;
+    if (exit != FormExit::GivenUp) return;
+    problem.*model = 0;
+    LeaveNoProblem();
+    BeginProblem();
+}
 
 // From the report back to the model's form.
 void ReturnToModelForm();
-
-// The problem of a form has been given up, the menus are those of a module without one.
-void LeaveNoProblem();
 
 // ---- for the forms ----
 

@@ -2,6 +2,7 @@
 
 #include "basic/number.h"
 #include "desktop/desktop.h"
+#include "shell/module.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ std::vector<std::int16_t> AskSizes(const SizeDialog& dialog)
 int AskListItem(const ListDialog& dialog)
 {
     const auto item = UserInput::List.Ask("frmuserlistinput", dialog);
-    if (!item) desktop::TheScreen().SetIndicator(dialog.ModuleIndicator);
+    if (!item) desktop::TheScreen().SetIndicator(CurrentModule().Indicator);
     return item.value_or(0);
 }
 

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "desktop/dialogs.h"
@@ -16,8 +14,8 @@ struct SizeQuestion {
     int Least = 1;
     int Most = 1;
     std::string RangeMessage = {};
-    std::string WholeMessage =
-        {};  // for a text with a fraction or that is no number; empty: such a text is out of range
+    // For a text with a fraction or that is no number; empty: such a text is out of range.
+    std::string WholeMessage = {};
     std::string Note = {};  // a line below the question; may be empty
 };
 
@@ -34,11 +32,10 @@ std::vector<std::int16_t> AskSizes(const SizeDialog& dialog);
 struct ListDialog {
     std::string Caption = {};
     std::vector<std::string> Items = {};
-    std::string EmptyMessage = {};     // nothing chosen
-    std::string ModuleIndicator = {};  // put back when the dialog is cancelled
+    std::string EmptyMessage = {};  // nothing chosen
 };
 
-// Shows the list; 1 for the first item, 0 when it was cancelled.
+// Shows the list; 1 for the first item, 0 when it was cancelled. The status text is the module's own then.
 int AskListItem(const ListDialog& dialog);
 
 // For the two forms.

@@ -27,7 +27,8 @@ std::string AssignmentLine(int arc, const DecimalPatterns& costs)
 {
     return "       ASSIGN AGENT " + Format(Problem.TailNode(arc), "@@") + " TO TASK " +
            Format(Problem.HeadNode(arc) - Problem.NumOrigins, "@@") +
-           FlushRight(Format(Problem.ArcCost(arc).Value(), costs.For(CostPlaces(Problem))), kCostWidth);
+           FlushRight(Format(Problem.ArcCost(arc).Value(), costs.For(Problem.DecimalPlaces.Value())),
+                      kCostWidth);
 }
 
 void WriteAssignments(ReportChannel& out, const DecimalPatterns& costs)
@@ -43,7 +44,7 @@ void WriteAssignments(ReportChannel& out, const DecimalPatterns& costs)
     }
     out.Line("                                        ---------- ");
     out.Line("         TOTAL COST/REVENUE     " +
-             FlushRight(Format(total, kTotals.For(CostPlaces(Problem))), kTotalWidth));
+             FlushRight(Format(total, kTotals.For(Problem.DecimalPlaces.Value())), kTotalWidth));
 }
 
 // Whoever there are more of.

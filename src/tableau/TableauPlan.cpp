@@ -140,7 +140,7 @@ int DestinationOf(const TableauProblem& problem, int arc)
 std::string CostText(const TableauProblem& problem, double cost)
 {
     constexpr DecimalPatterns kPatterns = {"0", "0.0", "0.00"};
-    return Format(cost, kPatterns.For(CostPlaces(problem)));
+    return Format(cost, kPatterns.For(problem.DecimalPlaces.Value()));
 }
 
 bool AllCostsAreZero(const TableauProblem& problem)

@@ -6,7 +6,7 @@
 #include "basic/error.h"
 #include "basic/number.h"
 #include "basic/numberrow.h"
-#include "desktop/dialogs.h"
+#include "shell/checks.h"
 #include "shell/module.h"
 #include "shell/session.h"
 #include "tableau/ErrorMsg.h"
@@ -22,11 +22,6 @@ namespace {
 constexpr double kValueLimit = 1000000;          // a cost, supply or demand must be below
 constexpr double kLargestCost = 999999;          // in size
 constexpr double kLargestTwoPlaceCost = 999.99;  // in size, of a cost that needs a second decimal
-
-int BlankCell()
-{
-    return Session.AskIncomplete ? kCellEmpty : kCellStored;
-}
 
 // The cost as it is kept. A cost that needs two decimals is cut to the range that the reports can show.
 double TrackDecimals(double cost)
@@ -62,12 +57,6 @@ int RefuseTooLarge(const SizeWords& words, std::string_view text)
     return kCellRefused;
 }
 
-int RefuseCell(std::string_view message)
-{
-    Refuse(message);
-    return kCellRefused;
-}
-
 struct QuantityRule {
     int Sign;  // of the stored supply
     std::string_view NotWhole;
@@ -82,7 +71,7 @@ int EnterQuantity(int node, std::string_view text, const QuantityRule& rule)
     std::int32_t& stored = Problem.NodeSupply(node);
     if (number.IsBlank) {
         stored = 0;
-        return BlankCell();
+        return EmptyCell();
     }
     if (!number.IsWholeNumeral()) return RefuseCell(rule.NotWhole);
     const double value = number.Value();
@@ -138,11 +127,6 @@ void JoinArcs()
         }
 }
 
-int CostPlaces(const TableauProblem& problem)
-{
-    return static_cast<int>(std::clamp(problem.DecimalPlaces.Value(), 0.0, 2.0));
-}
-
 int EnterCost(int origin, int destination, std::string_view text)
 {
     constexpr SizeWords kWords = {"COST/REVENUE", "cost/revenue", "cost"};
@@ -155,7 +139,7 @@ int EnterCost(int origin, int destination, std::string_view text)
     Problem.HeadNode(arc) = static_cast<std::int16_t>(Problem.NumOrigins + destination);
     const double cost = value <= -kValueLimit ? -kLargestCost : value;
     Problem.ArcCost(arc) = TrackDecimals(cost);
-    return number.IsBlank ? BlankCell() : kCellStored;
+    return number.IsBlank ? EmptyCell() : kCellStored;
 }
 
 int EnterSupply(int node, std::string_view text)

@@ -52,9 +52,6 @@ int ArcNumber(int origin, int destination);
 // The tail and head of every arc.
 void JoinArcs();
 
-// Decimal places for the patterns of the reports: 0, 1 or 2.
-int CostPlaces(const TableauProblem& problem);
-
 // Each takes the text of a cell and answers as a cell commit does (shell/module.h); a refused text has been
 // told. A blank cell stores 0. EnterSupply and EnterDemand take the node.
 int EnterCost(int origin, int destination, std::string_view text);

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <functional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "basic/error.h"
@@ -90,7 +89,7 @@ std::string CostCell(int origin, int destination)
 {
     constexpr DecimalPatterns kPatterns = {"######0", "####0.0", "###0.00"};
     return Format(Problem.ArcCost(ArcNumber(origin, destination)).Value(),
-                  kPatterns.For(CostPlaces(Problem)));
+                  kPatterns.For(Problem.DecimalPlaces.Value()));
 }
 
 void PrintCostHeading(ReportChannel& out)

@@ -1,7 +1,6 @@
 #include "waiting/VtWait.h"
 
 #include "desktop/desktop.h"
-#include "shell/commands.h"
 #include "shell/modelform.h"
 #include "shell/userinput.h"
 
@@ -12,7 +11,6 @@ WaitingResult Result;
 
 namespace {
 
-constexpr std::string_view kModuleIndicator = "Waiting Lines Module";
 constexpr std::string_view kForm = "frmWL_Model";
 
 constexpr Box kChannels{"Number of Channels:", "", TakeChannels, &WaitingProblem::Channels};
@@ -58,21 +56,11 @@ const Model& CurrentModel()
 
 int AskModel()
 {
-    ListDialog list{.Caption = " Waiting Lines",
-                    .Items = {},
-                    .EmptyMessage = "You Must Select a Waiting Line Model",
-                    .ModuleIndicator = std::string(kModuleIndicator)};
+    ListDialog list{
+        .Caption = " Waiting Lines", .Items = {}, .EmptyMessage = "You Must Select a Waiting Line Model"};
     for (const Model& model : kModels)
         list.Items.emplace_back(model.Item);
     return AskListItem(list);
-}
-
-// It is in no file: that could not be given up.
-void GiveUpProblem()
-{
-    Problem.WaitingModel = 0;
-    LeaveNoProblem();
-    desktop::TheScreen().SetIndicator(kModuleIndicator);
 }
 
 }  // namespace
@@ -94,13 +82,7 @@ bool Ask()
 
 void Fill()
 {
-    if (!HasModel()) return;
-    const WaitingProblem opened = Problem;
-    const FormExit exit = RunModelForm(kForm, Problem.Saved);
-    if (exit == FormExit::Closed) Problem = opened;
-    if (exit != FormExit::GivenUp) return;
-    GiveUpProblem();
-    BeginProblem();
+    if (HasModel()) EditInForm(kForm, Problem, &WaitingProblem::WaitingModel);
 }
 
 bool HasModel()

@@ -204,6 +204,18 @@ TEST(Format, LeavesOutZerosUnderPlacesThatNeedNone)
                    {0.1, "#.##", ".1"}});
 }
 
+// A count that lies between two is the lower one, whatever a file brings.
+TEST(DecimalPatterns, AreForNoneOneOrTwoDecimals)
+{
+    constexpr DecimalPatterns kCosts{.Whole = "0", .OnePlace = "0.0", .TwoPlaces = "0.00"};
+    for (const double counted : {-3.0, 0.0, 0.5})
+        EXPECT_EQ(kCosts.For(counted), "0") << counted;
+    for (const double counted : {1.0, 1.5})
+        EXPECT_EQ(kCosts.For(counted), "0.0") << counted;
+    for (const double counted : {2.0, 2.5, 7.0})
+        EXPECT_EQ(kCosts.For(counted), "0.00") << counted;
+}
+
 TEST(Format, RefusesWhatIsNoFiniteNumber)
 {
     EXPECT_THROW(Format(std::numeric_limits<double>::infinity(), "0.0"), RuntimeError);

@@ -434,7 +434,6 @@ TEST(ListOfModels, ADoubleClickBesideTheItemsIsOK)
         list->setCurrentRow(1);
         QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, beside);
     });
-    EXPECT_EQ(
-        AskListItem({.Caption = "", .Items = {"A", "B"}, .EmptyMessage = "None", .ModuleIndicator = ""}), 2);
+    EXPECT_EQ(AskListItem({.Caption = "", .Items = {"A", "B"}, .EmptyMessage = "None"}), 2);
     EXPECT_EQ(desktop.dialogs.Last(), Refused("None"));
 }

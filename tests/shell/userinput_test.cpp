@@ -96,10 +96,8 @@ TEST_F(UserInputs, CancelAsksFirst)
 
 TEST_F(UserInputs, AListNeedsAChoice)
 {
-    const ListDialog dialog{.Caption = " Models",
-                            .Items = {"A", "B"},
-                            .EmptyMessage = "You Must Select an Inventory Model",
-                            .ModuleIndicator = "Inventory Module"};
+    const ListDialog dialog{
+        .Caption = " Models", .Items = {"A", "B"}, .EmptyMessage = "You Must Select an Inventory Model"};
     desktop.forms.onModal["frmuserlistinput"] = [] {
         EXPECT_FALSE(UserInput::TakeListItem(0));
         EXPECT_TRUE(UserInput::TakeListItem(2));
@@ -110,9 +108,10 @@ TEST_F(UserInputs, AListNeedsAChoice)
 
 TEST_F(UserInputs, ACancelledListPutsTheIndicatorBack)
 {
+    Session.CurrentModule = 9;
     desktop.screen.indicator = "something else";
     desktop.forms.onModal["frmuserlistinput"] = [] { UserInput::List.Cancel(); };
-    EXPECT_EQ(AskListItem({.Items = {"A"}, .ModuleIndicator = "Waiting Lines Module"}), 0);
+    EXPECT_EQ(AskListItem({.Items = {"A"}}), 0);
     EXPECT_EQ(desktop.screen.indicator, "Waiting Lines Module");
     EXPECT_THAT(desktop.dialogs.messages, IsEmpty());
 }

@@ -417,7 +417,6 @@ TEST_F(TableauForm, EmptyFieldsComeBackEmpty)
     EXPECT_TRUE(Problem.DecimalPlaces.IsEmpty());
     EXPECT_TRUE(Problem.ArcCost(1).IsEmpty());
     EXPECT_EQ(Problem.ArcCost(2).Value(), 5);
-    EXPECT_EQ(Tableau::CostPlaces(Problem), 0);
 }
 
 TEST_F(TableauForm, FilesThatDoNotFitAreErrors)

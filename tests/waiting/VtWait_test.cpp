@@ -85,7 +85,7 @@ TEST_F(WaitingModule, ListsItsFiveModels)
                             "Poisson Arrivals / Arbitrary Service (No Waiting)",
                             "Poisson Arrivals / Exponential Service (Finite Pop.)"));
     EXPECT_EQ(UserInput::List.Question().EmptyMessage, "You Must Select a Waiting Line Model");
-    EXPECT_EQ(UserInput::List.Question().ModuleIndicator, "Waiting Lines Module");
+    EXPECT_EQ(desktop.screen.indicator, "Waiting Lines Module");
     EXPECT_EQ(Problem.WaitingModel, 0);
 }
 
