@@ -110,8 +110,8 @@ Array1<std::int16_t> BinaryVariables(const LpResult& result)
     Array1<std::int16_t> binary(problem.NumVariables);
     if (!result.Integer) return binary;
     const std::string& word = problem.LpLines(VtLP::TypeLine(problem));
-    if (word == "DBI") binary.Fill(1);
-    if (word != "BIN" && word != "INT") return binary;
+    if (word == VtLP::kAllBinary) binary.Fill(1);
+    if (!VtLP::IsListWord(word)) return binary;
     VtLP::ForEachListedName(problem, [&](const std::string& name, bool isBinary) {
         for (int j = 1; j <= problem.NumVariables; ++j) {
             if (problem.LpVariableNames(j) != UpperCase(name)) continue;
@@ -136,14 +136,6 @@ std::string ConstraintText(const VtLP::LpProblem& problem, int constraint)
     const std::int16_t relation = problem.LpRelations(constraint);
     text += relation == VtLP::kLess ? '<' : relation == VtLP::kEqual ? '=' : '>';
     return text + EntryText(problem.LpCoefficients(constraint, 0));
-}
-
-double Activity(const LpResult& result, const Figures& figures, int constraint)
-{
-    double sum = 0;
-    for (int j = 1; j <= result.Problem.NumVariables; ++j)
-        sum += result.Problem.LpCoefficients(constraint, j) * figures.Values(j);
-    return sum;
 }
 
 }  // namespace LP_Engine

@@ -46,7 +46,4 @@ Array1<std::int16_t> BinaryVariables(const LpResult& result);
 // The constraint as it was typed: "3X1+2X2<18".
 std::string ConstraintText(const VtLP::LpProblem& problem, int constraint);
 
-// The left side of a constraint at the values of a report.
-double Activity(const LpResult& result, const Figures& figures, int constraint);
-
 }  // namespace LP_Engine

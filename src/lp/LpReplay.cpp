@@ -1,7 +1,5 @@
 #include "lp/LpReplay.h"
 
-#include <algorithm>
-
 #include "lp/IntegerSearch.h"
 #include "lp/LpFigures.h"
 
@@ -83,24 +81,6 @@ std::vector<Point> WayOf(const LpResult& result)
     const LpResult again = Solve(result.Problem, result.Minimize, false, &trail);
     if (again.End == Outcome::Optimal) trail.Add(again);
     return trail.points;
-}
-
-// The search's first node is the relaxation; a program whose search found nothing has it too.
-LpResult RelaxationOf(const LpResult& result)
-{
-    class Root : public Replay {
-    public:
-        void Settled(const LpResult& at, int /*record*/) override
-        {
-            if (!root.Solved) root = at;
-        }
-        LpResult root;
-    };
-    Root listener;
-    LpResult again = Solve(result.Problem, result.Minimize, result.Integer, &listener);
-    if (!listener.root.Solved) return again;
-    listener.root.End = listener.root.Tree.Nodes(0).InPhaseOne ? Outcome::Infeasible : Outcome::Optimal;
-    return listener.root;
 }
 
 std::vector<SearchMark> CourseOf(const LpResult& result)

@@ -27,9 +27,6 @@ bool GoesFarAway(const LpResult& at, const Pivot& pivot);
 // The corners that the relaxation went through, for two variables. At most some hundreds.
 std::vector<picture::Point> WayOf(const LpResult& result);
 
-// The best plan without the condition of whole numbers.
-LpResult RelaxationOf(const LpResult& result);
-
 // The search, visit by visit: the best whole plan behind it and the best that open nodes still promise, in
 // the problem's own sense. Nothing: there is none.
 struct SearchMark {

@@ -16,11 +16,6 @@ Point Between(const Point& a, const Point& b, double share)
     return {a.X + share * (b.X - a.X), a.Y + share * (b.Y - a.Y)};
 }
 
-double Turn(const Point& a, const Point& b, const Point& c)  // above 0: to the left
-{
-    return (b.X - a.X) * (c.Y - a.Y) - (b.Y - a.Y) * (c.X - a.X);
-}
-
 // One side of a window for a segment: narrows the shares between which it is inside.
 bool Narrow(double towards, double room, double& from, double& to)
 {
@@ -113,42 +108,6 @@ std::vector<Point> Region(const Box& window, const std::vector<HalfPlane>& halve
     for (const HalfPlane& half : halves)
         region = ClipPolygon(region, half, slack);
     return region;
-}
-
-std::vector<Point> Hull(std::vector<Point> points)
-{
-    const auto before = [](const Point& a, const Point& b) { return a.X < b.X || (a.X == b.X && a.Y < b.Y); };
-    const auto same = [](const Point& a, const Point& b) { return a.X == b.X && a.Y == b.Y; };
-    std::sort(points.begin(), points.end(), before);
-    points.erase(std::unique(points.begin(), points.end(), same), points.end());
-    if (points.size() < 3) return points;
-    std::vector<Point> hull;
-    const auto add = [&hull](const Point& point, std::size_t fixed) {
-        while (hull.size() > fixed && Turn(hull[hull.size() - 2], hull.back(), point) <= 0)
-            hull.pop_back();
-        hull.push_back(point);
-    };
-    for (const Point& point : points)
-        add(point, 1);
-    const std::size_t lower = hull.size();
-    for (auto point = points.rbegin() + 1; point != points.rend(); ++point)
-        add(*point, lower);
-    hull.pop_back();
-    return hull;
-}
-
-std::optional<Segment> LineInside(const HalfPlane& line, const Box& window)
-{
-    const double square = line.A * line.A + line.B * line.B;
-    if (square == 0) return std::nullopt;
-    // From the line's point next to the window's middle to both sides, further than the window reaches.
-    const Point middle = window.Middle();
-    const double beyond = Beyond(line, middle) / square;
-    const Point foot{middle.X - beyond * line.A, middle.Y - beyond * line.B};
-    const double reach = (window.Width + window.Height) / std::sqrt(square);
-    return ClipSegment({{foot.X - reach * line.B, foot.Y + reach * line.A},
-                        {foot.X + reach * line.B, foot.Y - reach * line.A}},
-                       window);
 }
 
 }  // namespace picture

@@ -58,12 +58,6 @@ std::vector<Point> ClipPolygon(const std::vector<Point>& polygon, const HalfPlan
 // The window's corners in order, cut by all of the half-planes.
 std::vector<Point> Region(const Box& window, const std::vector<HalfPlane>& halves, double slack = 0);
 
-// The convex hull, from the lowest leftmost point against the clock; points on its sides are left out.
-std::vector<Point> Hull(std::vector<Point> points);
-
-// The part of the line A x + B y = C inside of the window.
-std::optional<Segment> LineInside(const HalfPlane& line, const Box& window);
-
 // The size of a line of text as it will be written.
 using Measure = std::function<Extent(std::string_view)>;
 

@@ -105,20 +105,6 @@ TEST(Region, OfLimitsThatExcludeEachOtherIsEmpty)
     EXPECT_TRUE(picture::Region({0, 0, 9, 9}, {{1, 0, 2}, {-1, 0, -3}}).empty());
 }
 
-TEST(Hull, LeavesOutWhatLiesInsideOrOnASide)
-{
-    const std::vector<Point> hull = picture::Hull({{0, 0}, {2, 0}, {4, 0}, {4, 4}, {0, 4}, {1, 1}, {0, 0}});
-    EXPECT_EQ(hull.size(), 4U);
-    EXPECT_DOUBLE_EQ(AreaOf(hull), 16);
-}
-
-TEST(Hull, OfFewPointsIsThemselves)
-{
-    EXPECT_TRUE(picture::Hull({}).empty());
-    EXPECT_EQ(picture::Hull({{1, 1}, {1, 1}}).size(), 1U);
-    EXPECT_EQ(picture::Hull({{1, 1}, {2, 2}, {3, 3}}).size(), 2U);
-}
-
 TEST(ClipSegment, KeepsWhatIsInside)
 {
     const auto part = picture::ClipSegment({{-2, 1}, {6, 1}}, {0, 0, 4, 4});
@@ -127,16 +113,6 @@ TEST(ClipSegment, KeepsWhatIsInside)
     EXPECT_DOUBLE_EQ(part->To.X, 4);
     EXPECT_FALSE(picture::ClipSegment({{-2, 5}, {6, 5}}, {0, 0, 4, 4}));
     EXPECT_FALSE(picture::ClipSegment({{-1, 3}, {1, 5}}, {0, 0, 4, 3.5}));
-}
-
-TEST(LineInside, RunsFromEdgeToEdge)
-{
-    const auto line = picture::LineInside({1, 1, 4}, {0, 0, 4, 4});  // from (4, 0) to (0, 4)
-    ASSERT_TRUE(line);
-    EXPECT_NEAR(std::hypot(line->From.X - line->To.X, line->From.Y - line->To.Y), std::hypot(4, 4), 1e-9);
-    EXPECT_NEAR(line->From.X + line->From.Y, 4, 1e-9);
-    EXPECT_FALSE(picture::LineInside({0, 0, 1}, {0, 0, 4, 4}));
-    EXPECT_FALSE(picture::LineInside({1, 0, 9}, {0, 0, 4, 4}));
 }
 
 TEST(DistanceToSegment, IsMeasuredToTheNearestPoint)
