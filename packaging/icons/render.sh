@@ -7,8 +7,8 @@ need_packages "${ICON_PACKAGES[@]}"
 for size in 16 22 24 32 48 64 128 256; do
     rsvg-convert --width "$size" --height "$size" --output "vantrel-$size.png" vantrel.svg
 done
-for module in $(seq 12); do
+for drawing in module-*.svg; do
     for size in 24 48 64 128; do
-        rsvg-convert --width "$size" --height "$size" --output "module-$module-$size.png" "module-$module.svg"
+        rsvg-convert --width "$size" --height "$size" --output "${drawing%.svg}-$size.png" "$drawing"
     done
 done

@@ -1,7 +1,6 @@
 #include "basic/files.h"
 
 #include <cerrno>
-#include <cstdint>
 #include <filesystem>
 #include <fstream>
 

@@ -5,7 +5,6 @@
 #include "basic/format.h"
 #include "decision/DecisionFigures.h"
 #include "decision/DecisionPicture.h"
-#include "picture/words.h"
 
 namespace Decision {
 namespace {

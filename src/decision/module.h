@@ -1,3 +1,4 @@
+// Decision analysis as the shell sees it.
 #pragma once
 
 #include "shell/module.h"

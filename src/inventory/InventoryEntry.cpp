@@ -4,7 +4,6 @@
 #include "basic/number.h"
 #include "desktop/dialogs.h"
 #include "inventory/VtInvent.h"
-#include "shell/session.h"
 #include "tableau/tanumchk.h"
 
 namespace VtInvent {

@@ -44,8 +44,8 @@ void TakeHeights(Chart& chart)
 // ---- costs ----
 
 constexpr double kWindow = 12;  // from a quarter of the best quantity to three times it
-constexpr int kSteps =
-    48;  // of a curve; their quantities grow by equal factors, as it bends most on the left
+// Of a curve; their quantities grow by equal factors, as it bends most on the left.
+constexpr int kSteps = 48;
 
 using Cost = double (CostCurve::*)(double) const;
 

@@ -1,5 +1,7 @@
 #include "inventory/InventoryReport.h"
 
+#include <array>
+
 #include "basic/format.h"
 #include "inventory/VtInvent.h"
 

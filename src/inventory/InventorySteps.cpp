@@ -1,7 +1,6 @@
 #include "inventory/InventorySteps.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "basic/format.h"
 #include "inventory/InventoryCosts.h"

@@ -4,7 +4,6 @@
 // entered are empty and count as 0. Categories are indexed from 1.
 #pragma once
 
-#include <array>
 #include <map>
 #include <string>
 #include <string_view>

@@ -1,4 +1,7 @@
 #include "inventory/frmOnePeriodProb.h"
+
+#include <array>
+
 #include "basic/entrytext.h"
 
 using VtInvent::Problem;

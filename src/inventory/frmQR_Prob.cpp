@@ -1,4 +1,7 @@
 #include "inventory/frmQR_Prob.h"
+
+#include <array>
+
 #include "basic/entrytext.h"
 
 using VtInvent::Problem;

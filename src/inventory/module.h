@@ -1,3 +1,4 @@
+// Inventory as the shell sees it.
 #pragma once
 
 #include "shell/module.h"

@@ -10,8 +10,8 @@ namespace LP_Engine {
 
 struct LostNode {
     int Record = 0;
-    bool IsBetter =
-        false;  // some plan there is better than the best whole one by more than the search's gain
+    // Some plan there is better than the best whole one by more than the search's gain.
+    bool IsBetter = false;
 };
 
 std::vector<LostNode> LostNodes(const LpResult& result);

@@ -1,6 +1,6 @@
 #include "lp/LpCheck.h"
 
-#include "desktop/desktop.h"
+#include "desktop/dialogs.h"
 #include "shell/checks.h"
 
 namespace VtLP {

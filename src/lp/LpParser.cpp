@@ -7,7 +7,6 @@
 #include "basic/number.h"
 #include "desktop/dialogs.h"
 #include "lp/VtLP.h"
-#include "shell/commands.h"
 
 namespace VtLP {
 namespace {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "basic/number.h"
 #include "lp/LpFigures.h"
 #include "lp/LpPicture.h"
 #include "lp/LpPlane.h"

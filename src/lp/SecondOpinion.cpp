@@ -8,7 +8,6 @@
 #include <unistd.h>
 #endif
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <csignal>

@@ -1,7 +1,6 @@
 // The steps of the simplex method on the tables of one run, and who listens to them.
 #pragma once
 
-#include <optional>
 #include <vector>
 
 #include "lp/LP_Engine.h"

@@ -13,7 +13,6 @@
 #include "lp/LpSteps.h"
 #include "lp/SecondOpinion.h"
 #include "lp/VtLP.h"
-#include "shell/checks.h"
 #include "shell/commands.h"
 #include "shell/session.h"
 

@@ -1,3 +1,4 @@
+// Markov processes as the shell sees them.
 #pragma once
 
 #include "shell/module.h"

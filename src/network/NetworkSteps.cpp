@@ -1,6 +1,5 @@
 #include "network/NetworkSteps.h"
 
-#include <algorithm>
 #include <string>
 
 #include "network/NetworkFacts.h"

@@ -2,7 +2,6 @@
 
 #include "basic/format.h"
 #include "picture/describing.h"
-#include "picture/words.h"
 
 namespace picture {
 

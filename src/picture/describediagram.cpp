@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <map>
-#include <set>
 
 #include "basic/format.h"
 #include "basic/number.h"

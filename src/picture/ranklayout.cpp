@@ -1,7 +1,6 @@
 // Ranks from left to right: the order in each column follows the neighbours' middles, a line over several
 // columns keeps a place of its own in each of them.
 #include <algorithm>
-#include <cmath>
 #include <map>
 
 #include "picture/layouts.h"

@@ -1,7 +1,6 @@
 // Two sides: a block for each node, as high as its amount, and ribbons between them.
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 #include "picture/layouts.h"
 

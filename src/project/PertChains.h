@@ -33,8 +33,8 @@ double CountChains(const PertProblem& problem, const PertResult& result);
 
 // The report's path in the order of the walk, first to last.
 std::vector<int> WalkedPath(const PertProblem& problem, const PertResult& result);
-std::vector<Link> GapsOf(const PertResult& result,
-                         const std::vector<int>& path);  // its links that are not tight
+// Its links that are not tight.
+std::vector<Link> GapsOf(const PertResult& result, const std::vector<int>& path);
 double LengthOf(const PertProblem& problem, const std::vector<int>& path);
 
 // A time in the report's decimals.

@@ -1,6 +1,5 @@
 #include "project/VtPert_CPM.h"
 
-#include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/desktop.h"
 #include "tableau/decimals.h"

@@ -1,3 +1,4 @@
+// PERT/CPM as the shell sees it.
 #pragma once
 
 #include "shell/module.h"

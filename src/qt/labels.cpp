@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <array>
 
 #include "picture/plane.h"
 #include "qt/drawing.h"

@@ -11,7 +11,6 @@
 #include <QSvgGenerator>
 #endif
 #include <algorithm>
-#include <cmath>
 
 #include "basic/error.h"
 #include "basic/files.h"

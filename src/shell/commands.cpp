@@ -370,6 +370,26 @@ void RunReports(ReportChannel& channel)
         report(channel);
 }
 
+// ---- the Edit menu ----
+
+// An Edit command's failure is shown without an icon and under the program's own title.
+void TellEditError(const RuntimeError& error)
+{
+    MsgBox(error.Text(), "Vantrel", Icon::None);
+}
+
+void ReturnToProblem()
+{
+    const ModuleRoutines& routines = *CurrentModule().Routines;
+    if (routines.ReturnToProblem) {
+        routines.ReturnToProblem();
+        return;
+    }
+    HideSolution();
+    ShowMenusOfProblem(routines);
+    desktop::TheForms().FocusForm(CurrentModule().ProblemForm);  // the keys go to the table at once
+}
+
 }  // namespace
 
 void SetProgramFolder(std::string_view folder)
@@ -531,6 +551,8 @@ void Solve()
     });
 }
 
+// Neither this nor the next brings the hourglass back behind an error: it stays, as it always has, until
+// another command sets the pointer.
 void Print()
 {
     Trap(
@@ -568,24 +590,6 @@ void SaveAsText()
             desktop::TheScreen().SetPointer(Pointer::Normal);
         },
         ShowError);
-}
-
-// An Edit command's failure is shown without an icon and under the program's own title.
-void TellEditError(const RuntimeError& error)
-{
-    MsgBox(error.Text(), "Vantrel", Icon::None);
-}
-
-void ReturnToProblem()
-{
-    const ModuleRoutines& routines = *CurrentModule().Routines;
-    if (routines.ReturnToProblem) {
-        routines.ReturnToProblem();
-        return;
-    }
-    HideSolution();
-    ShowMenusOfProblem(routines);
-    desktop::TheForms().FocusForm(CurrentModule().ProblemForm);  // the keys go to the table at once
 }
 
 void EditItem(int index)

@@ -12,9 +12,9 @@ namespace Commands {
 void Start();
 
 // `frmModuleSelection`
-void SelectModule(int number);
-int LastModule();  // the one that was left for the selection; 0: none yet  // a click on an option, 1 to 12
-bool ChooseModule();  // its OK; false: none is chosen, the form stays
+void SelectModule(int number);  // a click on an option, 1 to 12
+int LastModule();               // the one that was left for the selection; 0: none yet
+bool ChooseModule();            // its OK; false: none is chosen, the form stays
 
 // A menu of the bar is opened: what is being typed is finished first.
 void OpenMenu(TopMenu menu);

@@ -4,7 +4,6 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
@@ -65,7 +64,6 @@ bool IsScrollKey(int key)
     }
 }
 
-// Steps of the zoom that a key with Ctrl stands for; Plus may come as the key it shares.
 QToolButton* AddFindButton(QLayout* row, const char* name, const QString& caption, const QString& tip)
 {
     auto* button = new QToolButton;
@@ -192,6 +190,7 @@ void frmSolution::Zoom(int steps)
     ShowZoom();
 }
 
+// A key with Ctrl. Plus may come as the key that it shares.
 bool frmSolution::ZoomByKey(int key)
 {
     switch (key) {

@@ -6,7 +6,6 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 #include "basic/array.h"
 #include "shell/module.h"
@@ -32,8 +31,8 @@ void WriteTransportationPage(ReportChannel& out);
 
 // The full report, in this order.
 void PrintProblemStatement(ReportChannel& out);
-void PrintSuppliesAndDemands(
-    ReportChannel& out);  // "Subscript out of range": see SUMMARY OF DESTINATION DEMANDS
+// "Subscript out of range": see SUMMARY OF DESTINATION DEMANDS.
+void PrintSuppliesAndDemands(ReportChannel& out);
 void PrintTransportationCosts(ReportChannel& out);
 void PrintTransportationSolution(ReportChannel& out);
 

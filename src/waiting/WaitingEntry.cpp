@@ -5,7 +5,6 @@
 #include "basic/format.h"
 #include "basic/number.h"
 #include "desktop/dialogs.h"
-#include "shell/session.h"
 #include "tableau/tanumchk.h"
 #include "waiting/VtWait.h"
 

@@ -1,9 +1,7 @@
 #include "waiting/WaitingMeaning.h"
 
-#include <algorithm>
 #include <string>
 
-#include "basic/format.h"
 #include "picture/words.h"
 #include "waiting/LineFacts.h"
 

@@ -4,7 +4,6 @@
 #include <string>
 
 #include "basic/format.h"
-#include "picture/words.h"
 #include "waiting/LineFacts.h"
 
 namespace VtWait {

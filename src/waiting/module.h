@@ -1,3 +1,4 @@
+// Waiting lines as the shell sees them.
 #pragma once
 
 #include "shell/module.h"

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "lp/opinion/opinion.h"
