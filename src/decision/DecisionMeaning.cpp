@@ -352,7 +352,7 @@ private:
 
     [[nodiscard]] bool HasMoreDecimals(double payoff) const
     {
-        const double scale = std::pow(10.0, std::clamp(p_.PayoffDecimals.Value(), 0.0, 2.0));
+        const double scale = std::pow(10.0, ShownDecimals(p_.PayoffDecimals.Value()));
         return std::abs(payoff * scale - std::round(payoff * scale)) > kRounding * (1 + std::abs(payoff));
     }
 

@@ -64,11 +64,6 @@ private:
     std::vector<int> carries_;
 };
 
-double ScaledCost(const TableauProblem& problem, const TableauResult& result, int arc)
-{
-    return (result.Maximize ? -1 : 1) * Int(kCostScale * problem.ArcCost(arc).Value());
-}
-
 double LargestCost(const TableauProblem& problem)
 {
     double largest = 0;
@@ -143,6 +138,14 @@ std::string CostText(const TableauProblem& problem, double cost)
     return Format(cost, kPatterns.For(problem.DecimalPlaces.Value()));
 }
 
+double CostInRun(const TableauProblem& problem, const TableauResult& result, int arc)
+{
+    if (arc <= problem.NumArcs)
+        return (result.Maximize ? -1 : 1) * Int(kCostScale * problem.ArcCost(arc).Value());
+    const bool fromRoot = TailOf(problem, arc) == problem.NumNodes + 1;
+    return fromRoot ? LargestCost(problem) * problem.NumNodes : 0;
+}
+
 bool AllCostsAreZero(const TableauProblem& problem)
 {
     return LargestCost(problem) == 0;
@@ -158,7 +161,6 @@ OtherPlans FindOtherPlans(const TableauProblem& problem, const TableauResult& re
     Trace trace;
     TaSolve(problem, result.Maximize, &trace);
     const TreeState& last = trace.Changes.empty() ? trace.First : trace.Changes.back().After;
-    const double penalty = LargestCost(problem) * problem.NumNodes;
     OtherPlans others;
     FreeWays ways(problem, trace);
     std::vector<int> unused;
@@ -166,9 +168,8 @@ OtherPlans FindOtherPlans(const TableauProblem& problem, const TableauResult& re
         const int tail = TailOf(problem, e);
         const int head = HeadOf(problem, e);
         const bool route = e <= problem.NumArcs;
-        const double cost =
-            route ? ScaledCost(problem, result, e) : (tail == problem.NumNodes + 1 ? penalty : 0);
-        const double tooDear = cost - (last.NodePotential(tail) - last.NodePotential(head));
+        const double tooDear =
+            CostInRun(problem, result, e) - (last.NodePotential(tail) - last.NodePotential(head));
         if (tooDear == 0) ways.Open(tail, head);
         if (ways.Carries(e)) ways.Open(head, tail);
         if (ways.Carries(e)) continue;

@@ -44,6 +44,10 @@ int DestinationOf(const TableauProblem& problem, int arc);
 // A cost under the pattern of the report's decimals.
 std::string CostText(const TableauProblem& problem, double cost);
 
+// What an arc costs in the run that the result comes from: scaled, of revenues their negative; an arc from
+// the root costs its penalty, one to the root nothing.
+double CostInRun(const TableauProblem& problem, const TableauResult& result, int arc);
+
 // Whether every cost counts as 0, so that nothing is worth shipping.
 bool AllCostsAreZero(const TableauProblem& problem);
 

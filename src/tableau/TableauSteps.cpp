@@ -1,11 +1,9 @@
 #include "tableau/TableauSteps.h"
 
-#include <cmath>
 #include <cstdlib>
 #include <string>
 
 #include "basic/format.h"
-#include "basic/number.h"
 #include "picture/words.h"
 #include "tableau/TableauPlan.h"
 
@@ -61,15 +59,7 @@ private:
         return Price(Sense() * state.NodePotential(node));
     }
 
-    [[nodiscard]] double ScaledCost(int arc) const
-    {
-        if (IsRoute(arc)) return Sense() * Int(kCostScale * problem_.ArcCost(arc).Value());
-        if (TailOf(problem_, arc) != problem_.NumNodes + 1) return 0;
-        double largest = 0;
-        for (int e = 1; e <= problem_.NumArcs; ++e)
-            largest = std::max(largest, std::abs(Int(kCostScale * problem_.ArcCost(e).Value())));
-        return largest * problem_.NumNodes;
-    }
+    [[nodiscard]] double ScaledCost(int arc) const { return CostInRun(problem_, result_, arc); }
 
     // Of the routes alone, as entered.
     [[nodiscard]] std::string ValueSoFar(const TreeState& state) const
