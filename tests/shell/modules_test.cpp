@@ -56,7 +56,7 @@ TEST(Modules, TheMisspeltWordOfTheFirstDescriptionStays)
 TEST(Modules, NumbersOutsideOfTheTableFail)
 {
     EXPECT_THROW(ModuleOf(0), RuntimeError);
-    EXPECT_THROW(ModuleOf(13), RuntimeError);
+    EXPECT_THROW(ModuleOf(kModuleCount + 1), RuntimeError);
 }
 
 TEST(Modules, AClickOnAnOptionFillsTheSession)
