@@ -104,16 +104,13 @@ TEST_F(DecisionChecks, WrongSumsNameTheStatesOrTheOutcomes)
 
 TEST_F(DecisionChecks, ARefusedCellBringsTheFocusToItsGridAndACancelledQuestionDoesNot)
 {
-    const auto checkWith = [](int code) {
-        return Decision::CheckGrids({.Commit = [code](int, int, int, std::string_view) { return code; },
-                                     .Runs = [](int) { return true; },
-                                     .Probability = [](int, int, int) { return 0.5; },
-                                     .Count = [](int) { return 2; }});
-    };
-    EXPECT_FALSE(checkWith(kCellRefused));
+    Fill(0, {"many", "2", "3", "4"});
+    EXPECT_FALSE(Check(true, true));
     EXPECT_EQ(GridOf(0).focused, 1);
+    Fill(0, {"", "2", "3", "4"});
     desktop.dialogs.answers = {Answer::Cancel};
-    EXPECT_FALSE(checkWith(kCellEmpty));
+    EXPECT_FALSE(Check(true, true));
+    EXPECT_EQ(desktop.dialogs.Last(), kIncomplete);
     EXPECT_EQ(GridOf(0).focused, 1);
 }
 

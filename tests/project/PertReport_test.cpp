@@ -228,14 +228,6 @@ TEST_F(PertReport, EightPredecessorsMoveTheEstimates)
     EXPECT_THAT(Printed(), Contains("      I        A, B, C, D, E, F, G, H  2            3              4"));
 }
 
-TEST_F(PertReport, TimesHaveAtMostTwoDecimals)
-{
-    Problem.TimeDecimals = 3.0;
-    EXPECT_EQ(TimePlaces(Problem), 2);
-    Problem.TimeDecimals = 2.0;
-    EXPECT_EQ(TimePlaces(Problem), 2);
-}
-
 TEST_F(PertReport, WithoutASolveNothingIsPrinted)
 {
     Given(kHouse);

@@ -284,16 +284,6 @@ TEST_F(Cells, NumbersOfAnotherSizeComeBackWithTheirArcs)
     EXPECT_EQ(Problem.HeadNode(6), 5);
 }
 
-TEST_F(Cells, CostsAreShownWithAtMostTwoDecimals)
-{
-    for (const int places : {0, 1, 2}) {
-        Problem.DecimalPlaces = places;
-        EXPECT_EQ(Tableau::CostPlaces(Problem), places);
-    }
-    Problem.DecimalPlaces = 3.0;
-    EXPECT_EQ(Tableau::CostPlaces(Problem), 2);
-}
-
 TEST_F(Cells, SizesBeyondTheLimitsOfTheDialogAreTaken)
 {
     Tableau::Allocate(181, 181);
