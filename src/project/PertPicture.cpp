@@ -7,7 +7,6 @@
 #include "basic/format.h"
 #include "picture/words.h"
 #include "project/PertChains.h"
-#include "project/PertReport.h"
 
 namespace VtPert_CPM {
 namespace {
@@ -171,8 +170,10 @@ void SetTimeAxis(const PertProblem& problem, const PertResult& result, Chart& ch
         last = std::max({last, result.EarliestFinish(i), result.LatestFinish(i)});
     }
     const double span = last > first ? last - first : 1;
-    chart.X = {
-        .Title = "Time", .From = first, .To = first + span * (1 + kRoom), .Places = TimePlaces(problem)};
+    chart.X = {.Title = "Time",
+               .From = first,
+               .To = first + span * (1 + kRoom),
+               .Places = ShownDecimals(problem.TimeDecimals.Value())};
 }
 
 Picture ScheduleOf(const PertProblem& problem, const PertResult& result)
