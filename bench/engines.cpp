@@ -12,12 +12,6 @@ namespace {
 
 constexpr int kGrowthSteps = 5;
 
-std::string NameOf(int module)
-{
-    const std::string& option = ModuleOf(module).Option;  // "12. Markov Processes"
-    return option.substr(option.find_first_not_of("0123456789. "));
-}
-
 void Read(benchmark::State& state, int module, int size)
 {
     const bench::Desk desk(module, size);
@@ -48,7 +42,7 @@ using Routine = void (*)(benchmark::State&, int, int);
 
 void Register(const char* what, Routine routine, int module, int size)
 {
-    const std::string name = std::string(what) + "/" + NameOf(module) + "/" + std::to_string(size);
+    const std::string name = std::string(what) + "/" + NameOf(ModuleOf(module)) + "/" + std::to_string(size);
     benchmark::RegisterBenchmark(name.c_str(), routine, module, size)
         ->Unit(benchmark::kMicrosecond)
         ->MinTime(0.05);

@@ -58,8 +58,7 @@ void AddPicturesOf(const bench::ModuleSize& size)
     const Module& module = ModuleOf(size.Module);
     const auto pictures = module.Routines->Pictures();
     for (std::size_t i = 0; i < pictures.size(); ++i) {
-        const std::string name =
-            module.Option.substr(module.Option.find_first_not_of("0123456789. ")) + ": " + pictures[i].Title;
+        const std::string name = NameOf(module) + ": " + pictures[i].Title;
         benchmark::RegisterBenchmark(name.c_str(), [size, i](benchmark::State& state) {
             MakeAndPaint(state, size, i);
         })->Unit(benchmark::kMillisecond);

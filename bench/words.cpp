@@ -36,8 +36,7 @@ int main()
         std::size_t count = 0;
         const double steps = Milliseconds([&] { count = routines.Steps().size(); });
         const double meaning = Milliseconds([&] { routines.Meaning(); });
-        std::string name = CurrentModule().Option;
-        name.erase(0, name.find_first_not_of("0123456789. "));
+        const std::string name = NameOf(CurrentModule());
         std::printf("| %s | %d | %zu | %.1f | %.1f |\n", name.c_str(), limit.Limit, count, steps, meaning);
     }
     return 0;

@@ -153,6 +153,11 @@ const Module& ModuleOf(int number)
     return Table()[static_cast<std::size_t>(number) - 1];
 }
 
+std::string NameOf(const Module& module)
+{
+    return module.Option.substr(module.Option.find_first_not_of("0123456789. "));
+}
+
 const Module& CurrentModule()
 {
     return ModuleOf(Session.CurrentModule);

@@ -46,7 +46,8 @@ std::vector<std::string> Describe(const Picture& picture)
     std::vector<std::string> lines;
     std::visit(
         [&](const auto& body) {
-            lines.push_back(std::string(describing::KindOf(body)) + ": " + picture.Title + ".");
+            lines.push_back(std::string(describing::KindOf(body)) + ": " + picture.Title +
+                            (picture.Problem.empty() ? "." : ", " + picture.Problem + "."));
             if (!picture.Notes.empty()) lines.push_back(picture.Notes.front());
             describing::Tell(body, lines);
             for (std::size_t i = 1; i < picture.Notes.size(); ++i)

@@ -180,6 +180,7 @@ struct Picture {
     std::string Title = {};  // also on its button
     std::variant<Chart, Diagram> Body = {};
     std::vector<std::string> Notes = {};  // under the picture; the first one says the main thing to see
+    std::string Problem = {};             // what kind of problem it shows: "Shortest Route"; may be missing
 };
 
 struct Step {

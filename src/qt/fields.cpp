@@ -193,8 +193,8 @@ private:
     }
 };
 
-// A list shows by a frame that the keys are its own. Where one choice is wanted and nothing is chosen yet, the
-// first arrow key chooses the entry that it stands on; until then no entry looks as if it were chosen.
+// A list shows by a frame that the keys are its own. Where one choice is wanted and nothing is chosen yet,
+// the first arrow key chooses the entry that it stands on; until then no entry looks as if it were chosen.
 class List : public QListWidget {
 public:
     List()

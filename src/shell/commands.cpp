@@ -155,7 +155,7 @@ void StartNewProblem()
 std::string GuidePage(const Module& module)
 {
     std::string page;
-    for (const char character : module.Option.substr(module.Option.find_first_not_of("0123456789. ")))
+    for (const char character : NameOf(module))
         page += character == ' ' || character == '/'
                     ? '-'
                     : static_cast<char>(std::tolower(static_cast<unsigned char>(character)));

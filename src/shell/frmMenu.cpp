@@ -108,11 +108,24 @@ bool IsBarMenu(const MenuItem& item)
     return item.Parent.empty();
 }
 
+// Who hears a picture told hears of which problem.
+std::function<std::vector<picture::Picture>()> NamingTheProblem(
+    const std::function<std::vector<picture::Picture>()>& make)
+{
+    if (!make) return {};
+    return [make, name = NameOf(CurrentModule())] {
+        std::vector<picture::Picture> pictures = make();
+        for (picture::Picture& picture : pictures)
+            picture.Problem = name;
+        return pictures;
+    };
+}
+
 qt::PaneSources SourcesOfModule()
 {
     if (Session.CurrentModule == 0 || CurrentModule().Routines == nullptr) return {};
     const ModuleRoutines& routines = *CurrentModule().Routines;
-    return {.Pictures = routines.Pictures,
+    return {.Pictures = NamingTheProblem(routines.Pictures),
             .Steps = routines.Steps,
             .Meaning = routines.Meaning,
             .Opinion = routines.Opinion};

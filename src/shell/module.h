@@ -140,5 +140,8 @@ constexpr int kModuleCount = 12;
 // Defined in modules.cpp, the only place that knows them all. The number is 1 to 12.
 const Module& ModuleOf(int number);
 
+// "Markov Processes".
+std::string NameOf(const Module& module);
+
 // The module of the session.
 const Module& CurrentModule();

@@ -31,6 +31,13 @@ Chart Plan()
 
 }  // namespace
 
+TEST(Describe, NamesTheProblemWhereItIsKnown)
+{
+    EXPECT_EQ(Describe({.Title = "Network", .Body = Chart{}, .Problem = "Shortest Route"})[0],
+              "Chart: Network, Shortest Route.");
+    EXPECT_EQ(Describe({.Title = "Network", .Body = Chart{}})[0], "Diagram: Network.");
+}
+
 TEST(Describe, BeginsWithWhatItIsAndTheMainThing)
 {
     const auto lines = Told("Plan", Plan(), {"The best corner is 40.000, 0.000.", "Limit 2 bounds nothing."});

@@ -12,6 +12,7 @@
 
 #include "forms.h"
 #include "qt/entrygrid.h"
+#include "qt/pictureview.h"
 #include "qt/fields.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
@@ -296,4 +297,19 @@ TEST_F(AccessibilityTest, ACellIsNamedByItsHeadings)
                     ->cellAt(2, 1)
                     ->text(QAccessible::Name)
                     .startsWith("Subject To: Constraint 2, "));
+}
+
+TEST_F(AccessibilityTest, APictureIsToldWithItsProblem)
+{
+    Commands::Start();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(desktop.forms.MainWindow()));
+    Choose(12);
+    Open("Newspapers.MRK");
+    Commands::Solve();
+    const auto* view = desktop.forms.MainWindow()->findChild<qt::PictureView*>();
+    ASSERT_TRUE(QTest::qWaitFor([view] { return view->Canvas().Page() != nullptr; }));
+    QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(&view->Canvas());
+    ASSERT_NE(canvas, nullptr);
+    EXPECT_EQ(canvas->text(QAccessible::Description).section(QLatin1Char('\n'), 0, 0).toStdString(),
+              "Table: Matrix, Markov Processes.");
 }
