@@ -75,8 +75,9 @@ private:
     {
         const auto r = static_cast<std::size_t>(row);
         const auto c = static_cast<std::size_t>(column);
-        if (c >= stride_ || r >= elements_.size() / stride_) Raise(ErrorNumber::SubscriptOutOfRange);
-        return r * stride_ + c;
+        const std::size_t index = r * stride_ + c;  // of a negative row a huge one, too
+        if (c >= stride_ || index >= elements_.size()) Raise(ErrorNumber::SubscriptOutOfRange);
+        return index;
     }
 
     std::size_t stride_ = 0;

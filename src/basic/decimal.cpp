@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <system_error>
 
 #include "basic/error.h"
@@ -12,23 +13,30 @@
 namespace {
 
 constexpr std::size_t kLongestNumber = 40;  // a sign, 17 digits, a point and an exponent fit easily
-constexpr int kWholeDigits = 15;
+constexpr int kExactDigits = 15;            // whole numbers of so many digits are doubles without an error
 constexpr double kWholeLimit = 1e15;
+constexpr std::size_t kNoPoint = std::string_view::npos;
+
+// They too are doubles without an error.
+constexpr std::array<double, kExactDigits + 1> kPowersOfTen = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 // Takes "-1.25e+03" apart.
-Decimal FromScientific(std::string_view text)
+Decimal FromScientific(std::span<char> text)
 {
     Decimal decimal;
     decimal.Negative = text.front() == '-';
-    if (decimal.Negative) text.remove_prefix(1);
-    const std::size_t mark = text.find('e');
-    decimal.Digits = text.front();
-    if (mark > 2) decimal.Digits += text.substr(2, mark - 2);
-    decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
+    if (decimal.Negative) text = text.subspan(1);
+    const std::string_view view(text.data(), text.size());
+    const std::size_t mark = view.find('e');
+    const bool hasPoint = mark > 1;
+    if (hasPoint) text[1] = text[0];  // the digits side by side
+    const std::string_view digits = view.substr(hasPoint ? 1 : 0, hasPoint ? mark - 1 : mark);
+    decimal.Digits = digits.substr(0, digits.find_last_not_of('0') + 1);
     if (decimal.Digits.empty()) return {};
     const std::size_t exponent =
         text[mark + 1] == '+' ? mark + 2 : mark + 1;  // a plus is none for from_chars
-    std::from_chars(text.data() + exponent, text.data() + text.size(), decimal.Exponent);
+    std::from_chars(view.data() + exponent, view.data() + view.size(), decimal.Exponent);
     ++decimal.Exponent;
     return decimal;
 }
@@ -36,7 +44,8 @@ Decimal FromScientific(std::string_view text)
 // Whether the value is a whole number whose digits can all be significant.
 bool IsShortWhole(double value, int significantDigits)
 {
-    return significantDigits >= kWholeDigits && std::abs(value) < kWholeLimit && value == std::trunc(value);
+    return significantDigits >= kExactDigits && std::abs(value) < kWholeLimit &&
+           value == static_cast<double>(static_cast<std::int64_t>(value));
 }
 
 // Most numbers of a report are whole, and these need no search for their digits.
@@ -97,21 +106,6 @@ bool IsLarge(std::string_view numeral)
     return places + (negative ? -power : power) > 0;
 }
 
-// Digits alone, or behind a minus, so few that a double holds the value.
-bool IsShortWholeNumeral(std::string_view numeral)
-{
-    return numeral.size() <= kWholeDigits &&
-           SkipDigits(numeral, IsSignAt(numeral, 0) ? 1 : 0) == numeral.size();
-}
-
-double ShortWholeValue(std::string_view numeral)
-{
-    std::int64_t whole = 0;
-    std::from_chars(numeral.data(), numeral.data() + numeral.size(), whole);
-    const bool negative = numeral.front() == '-';  // "-0" keeps its sign
-    return std::copysign(static_cast<double>(whole), negative ? -1.0 : 1.0);
-}
-
 }  // namespace
 
 Decimal ToDecimal(double value, int significantDigits)
@@ -160,10 +154,35 @@ std::size_t NumeralLength(std::string_view text)
     return digits == 0 ? 0 : SkipExponent(text, end);
 }
 
+// The quotient of two exact doubles is rounded once and so rightly (Clinger, "How to Read Floating Point
+// Numbers Accurately").
+Variant ShortNumeralValue(std::string_view text)
+{
+    const std::size_t start = IsSignAt(text, 0) ? 1 : 0;
+    if (text.size() - start > kExactDigits) return {};
+    std::int64_t digits = 0;
+    std::size_t count = 0;
+    std::size_t whole = kNoPoint;  // how many digits stand in front of the point
+    for (const char c : text.substr(start)) {
+        if (IsDigit(c)) {
+            digits = digits * 10 + (c - '0');
+            ++count;
+        } else if (c == '.' && whole == kNoPoint) {
+            whole = count;
+        } else {
+            return {};
+        }
+    }
+    if (count == 0) return {};
+    auto value = static_cast<double>(digits);
+    if (whole < count) value /= kPowersOfTen[count - whole];
+    return text.front() == '-' ? -value : value;
+}
+
 double NumeralValue(std::string_view numeral)
 {
+    if (const Variant value = ShortNumeralValue(numeral); !value.IsEmpty()) return value.Value();
     if (numeral.front() == '+') numeral.remove_prefix(1);
-    if (IsShortWholeNumeral(numeral)) return ShortWholeValue(numeral);
     double value = 0.0;
     const auto read = std::from_chars(numeral.data(), numeral.data() + numeral.size(), value);
     if (read.ec != std::errc::result_out_of_range) return value;

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "basic/variant.h"
+
 // The value is 0.d1d2d3... times ten to the power Exponent; no zeros at the end of the digits. Zero has no
 // digits, exponent 0 and no sign.
 struct Decimal {
@@ -23,6 +25,10 @@ std::string PlainDigits(const Decimal& decimal);
 // The length of the numeral at the start of the text: a sign, digits with a point, an exponent; 0 where no
 // digit stands.
 std::size_t NumeralLength(std::string_view text);
+
+// The value of a text that is a short numeral from end to end: without an exponent, and at most 15 characters
+// behind its sign, as nearly all that are typed or read. Nothing for any other text.
+Variant ShortNumeralValue(std::string_view text);
 
 // The value of a text that is a numeral from end to end. "Overflow" beyond a double's range.
 double NumeralValue(std::string_view numeral);

@@ -23,6 +23,17 @@ double LeadingValue(std::string_view text)
     return length == 0 ? 0.0 : NumeralValue(text.substr(0, length));
 }
 
+// Of any text; apart from Val, which mostly does without it.
+double LongVal(std::string_view text)
+{
+    if (std::any_of(text.begin(), text.end(), IsBlank)) {
+        std::string packed;
+        std::remove_copy_if(text.begin(), text.end(), std::back_inserter(packed), IsBlank);
+        return LeadingValue(packed);
+    }
+    return LeadingValue(text);
+}
+
 // std::nearbyint rounds halves to even as long as nobody changes the rounding mode, and nobody does.
 template <typename Whole>
 Whole ToWhole(double value)
@@ -38,12 +49,8 @@ Whole ToWhole(double value)
 
 double Val(std::string_view text)
 {
-    if (std::any_of(text.begin(), text.end(), IsBlank)) {
-        std::string packed;
-        std::remove_copy_if(text.begin(), text.end(), std::back_inserter(packed), IsBlank);
-        return LeadingValue(packed);
-    }
-    return LeadingValue(text);
+    const Variant value = ShortNumeralValue(text);
+    return value.IsEmpty() ? LongVal(text) : value.Value();
 }
 
 double Int(double value)

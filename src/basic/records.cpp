@@ -1,5 +1,6 @@
 #include "basic/records.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "basic/decimal.h"
@@ -29,9 +30,15 @@ bool IsLineEnd(char c)
     return c == '\r' || c == '\n';
 }
 
+bool EndsField(char c)
+{
+    return c == ',' || IsLineEnd(c);
+}
+
 // The number that a field holds; an empty field counts as 0.
 double NumberOf(std::string_view field)
 {
+    if (const Variant value = ShortNumeralValue(field); !value.IsEmpty()) return value.Value();
     if (field.empty()) return 0.0;
     if (NumeralLength(field) != field.size()) Raise(ErrorNumber::TypeMismatch);
     return NumeralValue(field);
@@ -88,9 +95,16 @@ std::string WithoutMark(std::string text)
     return FromUtf16(std::string_view(text).substr(kUtf16LowFirst.size()), highFirst);
 }
 
+bool IsBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
 std::string_view WithoutBlanksBehind(std::string_view field)
 {
-    return field.substr(0, field.find_last_not_of(" \t") + 1);
+    while (!field.empty() && IsBlank(field.back()))
+        field.remove_suffix(1);
+    return field;
 }
 
 }  // namespace
@@ -122,34 +136,38 @@ RecordReader RecordReader::FromFile(const std::string& path)
 void RecordReader::StartField()
 {
     if (next_ >= text_.size()) Raise(ErrorNumber::InputPastEnd);
-    while (next_ < text_.size() && (text_[next_] == ' ' || text_[next_] == '\t'))
+    while (next_ < text_.size() && IsBlank(text_[next_]))
         ++next_;
 }
 
 std::string_view RecordReader::TakeUnquoted()
 {
-    const std::size_t start = next_;
-    while (next_ < text_.size() && text_[next_] != ',' && !IsLineEnd(text_[next_]))
-        ++next_;
-    return std::string_view(text_).substr(start, next_ - start);
+    const std::string_view rest = std::string_view(text_).substr(next_);
+    const auto end = std::find_if(rest.begin(), rest.end(), EndsField);
+    const std::string_view field(rest.begin(), end);
+    next_ += field.size();
+    return field;
+}
+
+// From the quote at hand to the next one.
+std::string_view RecordReader::TakeBetweenQuotes()
+{
+    const std::size_t start = next_ + 1;
+    const std::size_t end = text_.find('"', start);
+    if (end == std::string::npos) {
+        next_ = text_.size();
+        Raise(ErrorNumber::InputPastEnd);
+    }
+    next_ = end + 1;
+    return std::string_view(text_).substr(start, end - start);
 }
 
 // Two quotes within the text stand for one.
 std::string RecordReader::TakeQuoted()
 {
-    std::string field;
-    for (;;) {
-        const std::size_t start = next_ + 1;
-        const std::size_t end = text_.find('"', start);
-        if (end == std::string::npos) {
-            next_ = text_.size();
-            Raise(ErrorNumber::InputPastEnd);
-        }
-        field.append(text_, start, end - start);
-        next_ = end + 1;
-        if (next_ >= text_.size() || text_[next_] != '"') break;
-        field += '"';
-    }
+    std::string field(TakeBetweenQuotes());
+    while (next_ < text_.size() && text_[next_] == '"')
+        field.append(1, '"').append(TakeBetweenQuotes());
     TakeUnquoted();
     return field;
 }

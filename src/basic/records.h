@@ -48,6 +48,7 @@ public:
 private:
     void StartField();  // passes blanks over; "Input past end of file" when nothing is left
     std::string_view TakeUnquoted();
+    std::string_view TakeBetweenQuotes();
     std::string TakeQuoted();
     std::string_view TakeNumberField();
     void PassSeparator();  // the comma or line end behind a field

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <random>
 #include <string>
@@ -31,7 +33,50 @@ std::string RandomNumeral(std::mt19937& random)
     return text;
 }
 
+// A text of the characters that numerals are made of, mostly digits.
+std::string RandomText(std::mt19937& random)
+{
+    constexpr std::string_view kCharacters = "+-..E0123456789012345678901234567890123456789";
+    std::string text;
+    for (auto count = random() % 18; count > 0; --count)
+        text += kCharacters[random() % kCharacters.size()];
+    return text;
+}
+
+// A sign, at most 15 characters behind it, and no exponent.
+bool IsShortNumeral(std::string_view text)
+{
+    const std::size_t sign = text.starts_with('+') || text.starts_with('-') ? 1 : 0;
+    return !text.empty() && NumeralLength(text) == text.size() && text.size() - sign <= 15 &&
+           text.find('E') == std::string_view::npos;
+}
+
 }  // namespace
+
+TEST(ShortNumeralValue, IsTheOneOfTheCLibraryToTheLastBit)
+{
+    std::mt19937 random(12);
+    int found = 0;
+    for (int round = 0; round < 400000; ++round) {
+        const std::string text = RandomText(random);
+        const Variant value = ShortNumeralValue(text);
+        ASSERT_EQ(!value.IsEmpty(), IsShortNumeral(text)) << text;
+        if (value.IsEmpty()) continue;
+        ++found;
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(value.Value()),
+                  std::bit_cast<std::uint64_t>(std::strtod(text.c_str(), nullptr)))
+            << text;
+    }
+    EXPECT_GT(found, 50000);
+}
+
+TEST(ShortNumeralValue, NeedsADigit)
+{
+    for (const char* text : {"", "+", "-", ".", "-.", "1.2.", "--1", "1-", " 1", "1E2"})
+        EXPECT_TRUE(ShortNumeralValue(text).IsEmpty()) << text;
+    EXPECT_EQ(ShortNumeralValue("-12."), -12);
+    EXPECT_EQ(ShortNumeralValue("+.25"), 0.25);
+}
 
 TEST(NumeralValue, IsWhatTheCLibraryReads)
 {
