@@ -29,52 +29,41 @@ bool IsTextPattern(std::string_view pattern)
     return std::any_of(pattern.begin(), pattern.end(), IsTextPlace);
 }
 
-// The digits before and behind the point of a number that is rounded to the decimals of a pattern.
-struct RoundedNumber {
-    bool Negative = false;
-    std::string Whole;  // no zeros in front; nothing for a number below 1
-    std::string Fraction;
-};
-
-// Adds one to the last digit and carries; true when the carry runs out at the front.
-bool Increment(std::string& digits)
+// Adds one to the last digit and carries; what becomes 0 falls off the end.
+void Increment(Decimal& number)
 {
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
-        if (*digit != '9') {
-            ++*digit;
-            return false;
-        }
-        *digit = '0';
+    number.Digits.erase(number.Digits.find_last_not_of('9') + 1);
+    if (!number.Digits.empty()) {
+        ++number.Digits.back();
+        return;
     }
-    return true;
+    number.Digits = '1';
+    ++number.Exponent;
 }
 
-RoundedNumber Round(double value, int decimals)
+// To the decimals of a pattern, half away from zero.
+Decimal Round(double value, int decimals)
 {
-    const Decimal decimal = ToDecimal(value, kSignificantDigits);
-    const std::size_t wholeDigits = Size(decimal.Exponent);
-    const std::size_t kept = wholeDigits + Size(decimals);
-    std::string digits(Size(-decimal.Exponent), '0');  // between the point and the first digit
-    digits += decimal.Digits;
-    const bool up = digits.size() > kept && digits[kept] >= '5';
-    digits.resize(kept, '0');
-    const bool carried = up && Increment(digits);
-    const bool isZero = !carried && digits.find_first_not_of('0') == std::string::npos;
-    RoundedNumber rounded;
-    rounded.Negative = decimal.Negative && !isZero;
-    if (carried) rounded.Whole = '1';
-    rounded.Whole.append(digits, 0, wholeDigits);
-    rounded.Fraction.assign(digits, wholeDigits);
-    return rounded;
+    Decimal number = ToDecimal(value, kSignificantDigits);
+    const int kept = number.Exponent + decimals;
+    if (kept >= static_cast<int>(number.Digits.size())) return number;
+    if (kept < 0) return {};
+    const bool up = number.Digits[Size(kept)] >= '5';
+    number.Digits.resize(Size(kept));
+    if (up)
+        Increment(number);
+    else
+        number.Digits.erase(number.Digits.find_last_not_of('0') + 1);
+    if (number.Digits.empty()) return {};
+    return number;
 }
 
-// What stands in a digit pattern on both sides of its point.
-struct DigitPattern {
-    std::string_view Whole;
-    std::string_view Fraction;
-    bool Point = false;
-    bool Separators = false;
-};
+// Places count from the point: 0 is the first one behind it, -1 the last one in front of it.
+char DigitAt(const Decimal& number, int place)
+{
+    const int at = number.Exponent + place;
+    return at >= 0 && at < static_cast<int>(number.Digits.size()) ? number.Digits[Size(at)] : '0';
+}
 
 // A comma counts between two digit places only.
 bool HasSeparators(std::string_view whole)
@@ -86,15 +75,12 @@ bool HasSeparators(std::string_view whole)
            whole.substr(first, last - first).find(',') != std::string_view::npos;
 }
 
-DigitPattern Parse(std::string_view pattern)
+// A '#' in front of another place changes nothing: a digit would stand there in any case.
+std::string_view WithoutIdlePlaces(std::string_view whole)
 {
-    DigitPattern parsed;
-    const std::size_t point = pattern.find('.');
-    parsed.Point = point != std::string_view::npos;
-    parsed.Whole = pattern.substr(0, point);
-    if (parsed.Point) parsed.Fraction = pattern.substr(point + 1);
-    parsed.Separators = HasSeparators(parsed.Whole);
-    return parsed;
+    while (whole.size() > 1 && whole[0] == '#' && IsDigitPlace(whole[1]))
+        whole.remove_prefix(1);
+    return whole;
 }
 
 int CountPlaces(std::string_view pattern)
@@ -102,81 +88,39 @@ int CountPlaces(std::string_view pattern)
     return static_cast<int>(std::count_if(pattern.begin(), pattern.end(), IsDigitPlace));
 }
 
-// Writes the digits before the point, last one first.
+// How many digits a number shows in front of the point, with the zeros that the pattern asks for.
+int CountDigits(const Decimal& number, std::string_view pattern)
+{
+    int count = std::max(number.Exponent, 0);
+    int place = CountPlaces(pattern);
+    for (const char c : pattern) {
+        if (c == '0' && place > number.Exponent) ++count;
+        if (IsDigitPlace(c)) --place;
+    }
+    return count;
+}
+
+// Writes the digits in front of the point, the first one first.
 class WholeWriter {
 public:
-    WholeWriter(std::string_view digits, bool separators) : digits_(digits), separators_(separators) {}
-
-    void Place(char place)
+    // `count` is how many digits there will be, for the commas; 0: there are none.
+    WholeWriter(std::string& text, const Decimal& number, int count)
+        : text_(text), number_(number), left_(count)
     {
-        if (!digits_.empty()) {
-            Put(digits_.back());
-            digits_.remove_suffix(1);
-        } else if (place == '0') {
-            Put('0');
-        }
     }
-    void PlaceRest()
-    {
-        while (!digits_.empty())
-            Place('#');
-    }
-    void Literal(char c) { reversed_ += c; }
-    [[nodiscard]] std::string Text() const { return {reversed_.rbegin(), reversed_.rend()}; }
 
-private:
-    void Put(char digit)
+    void Put(int place)
     {
         constexpr int kGroup = 3;
-        if (separators_ && written_ > 0 && written_ % kGroup == 0) reversed_ += ',';
-        reversed_ += digit;
-        ++written_;
+        text_ += DigitAt(number_, place);
+        if (--left_ > 0 && left_ % kGroup == 0) text_ += ',';
     }
 
-    std::string_view digits_;
-    bool separators_;
-    std::string reversed_;
-    int written_ = 0;
+private:
+    std::string& text_;
+    const Decimal& number_;
+    int left_;
 };
-
-// Digits that find no place of their own stand at the first one, the minus in front of it.
-std::string WholePart(const RoundedNumber& number, const DigitPattern& pattern)
-{
-    WholeWriter writer(number.Whole, pattern.Separators);
-    const std::size_t first = pattern.Whole.find_first_of("0#");
-    for (std::size_t i = pattern.Whole.size(); i-- > 0;) {
-        const char c = pattern.Whole[i];
-        if (IsDigitPlace(c))
-            writer.Place(c);
-        else if (c != ',')
-            writer.Literal(c);
-        if (i == first) {
-            writer.PlaceRest();
-            if (number.Negative) writer.Literal('-');
-        }
-    }
-    return writer.Text();
-}
-
-// The digits behind the point; of those under '#' the zeros at the end are left out.
-std::string FractionPart(const std::string& digits, std::string_view pattern)
-{
-    std::size_t shown = digits.find_last_not_of('0') + 1;
-    std::size_t place = 0;
-    for (const char c : pattern) {
-        if (c == '0') shown = std::max(shown, place + 1);
-        if (IsDigitPlace(c)) ++place;
-    }
-    std::string text;
-    place = 0;
-    for (const char c : pattern) {
-        if (!IsDigitPlace(c))
-            text += c;
-        else if (place++ < shown)
-            text += digits[place - 1];
-    }
-    return text;
-}
 
 // The characters for the places of a text pattern, first to last. A surplus comes back as it is.
 std::string PlacedText(std::string_view text, std::size_t places, bool fromLeft)
@@ -188,13 +132,67 @@ std::string PlacedText(std::string_view text, std::size_t places, bool fromLeft)
 
 }  // namespace
 
+DigitPattern::DigitPattern(std::string_view pattern)
+{
+    const std::size_t point = pattern.find('.');
+    const std::string_view whole = pattern.substr(0, point);
+    hasSeparators_ = HasSeparators(whole);
+    whole_ = WithoutIdlePlaces(whole);
+    wholePlaces_ = CountPlaces(whole_);
+    hasPoint_ = point != std::string_view::npos;
+    if (!hasPoint_) return;
+    fraction_ = pattern.substr(point + 1);
+    decimals_ = CountPlaces(fraction_);
+    leastDecimals_ = CountPlaces(std::string_view(fraction_).substr(0, fraction_.find_last_of('0') + 1));
+}
+
+void DigitPattern::Append(std::string& text, double value) const
+{
+    const Decimal number = Round(value, decimals_);
+    AppendWhole(text, number);
+    if (!hasPoint_) return;
+    text += '.';
+    AppendFraction(text, number);
+}
+
+// Digits that find no place of their own stand at the first one, the minus in front of them.
+void DigitPattern::AppendWhole(std::string& text, const Decimal& number) const
+{
+    WholeWriter writer(text, number, hasSeparators_ ? CountDigits(number, whole_) : 0);
+    int place = -wholePlaces_;
+    for (const char c : whole_) {
+        if (!IsDigitPlace(c)) {
+            if (c != ',') text += c;
+            continue;
+        }
+        if (place == -wholePlaces_) {
+            if (number.Negative) text += '-';
+            for (int surplus = -number.Exponent; surplus < place; ++surplus)
+                writer.Put(surplus);
+        }
+        if (c == '0' || place >= -number.Exponent) writer.Put(place);
+        ++place;
+    }
+}
+
+// Of the digits under '#' the zeros at the end are left out.
+void DigitPattern::AppendFraction(std::string& text, const Decimal& number) const
+{
+    const int shown = std::max(static_cast<int>(number.Digits.size()) - number.Exponent, leastDecimals_);
+    int place = 0;
+    for (const char c : fraction_) {
+        if (!IsDigitPlace(c))
+            text += c;
+        else if (place++ < shown)
+            text += DigitAt(number, place - 1);
+    }
+}
+
 std::string Format(double value, std::string_view pattern)
 {
     if (IsTextPattern(pattern)) return Format(PlainText(value), pattern);
-    const DigitPattern parsed = Parse(pattern);
-    const RoundedNumber number = Round(value, CountPlaces(parsed.Fraction));
-    std::string text = WholePart(number, parsed);
-    if (parsed.Point) text.append(1, '.').append(FractionPart(number.Fraction, parsed.Fraction));
+    std::string text;
+    DigitPattern(pattern).Append(text, value);
     return text;
 }
 
@@ -244,11 +242,17 @@ std::string PrintItem(double value)
     return (text.front() == '-' ? text : " " + text) + " ";
 }
 
-std::string FlushRight(std::string_view text, int width)
+void AppendFlushRight(std::string& line, std::string_view text, int width)
 {
     const std::string_view kept = text.substr(0, Size(width));
-    std::string line(Size(width) - kept.size(), ' ');
-    return line.append(kept);
+    line.append(Size(width) - kept.size(), ' ').append(kept);
+}
+
+std::string FlushRight(std::string_view text, int width)
+{
+    std::string line;
+    AppendFlushRight(line, text, width);
+    return line;
 }
 
 std::string FlushLeft(std::string_view text, int width)

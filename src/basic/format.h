@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "basic/decimal.h"
+
 // Digit patterns: '0' a digit always shown, '#' a digit if there is one, '.' the point, ',' between digit
 // places thousands separators; every other character stands as it is. Without a '0' before the point a value
 // below 1 begins with the point (".7500"). The value is taken to 15 significant decimal digits and then
@@ -17,6 +19,27 @@ constexpr int ShownDecimals(double counted)
     if (counted < 1) return 0;
     return counted < 2 ? 1 : 2;
 }
+
+// A digit pattern taken apart once, for a report that writes many numbers under it.
+class DigitPattern {
+public:
+    explicit DigitPattern(std::string_view pattern);
+
+    // Behind what stands there; as Format gives it.
+    void Append(std::string& text, double value) const;
+
+private:
+    void AppendWhole(std::string& text, const Decimal& number) const;
+    void AppendFraction(std::string& text, const Decimal& number) const;
+
+    std::string whole_;
+    std::string fraction_;
+    bool hasPoint_ = false;
+    bool hasSeparators_ = false;
+    int wholePlaces_ = 0;
+    int decimals_ = 0;
+    int leastDecimals_ = 0;  // shown even if they are zeros
+};
 
 // One pattern for each count of decimals.
 struct DecimalPatterns {
@@ -46,6 +69,7 @@ std::string PrintItem(double value);
 
 // The text set flush right into a field of blanks; of a longer text the leftmost characters stay.
 std::string FlushRight(std::string_view text, int width);
+void AppendFlushRight(std::string& line, std::string_view text, int width);  // behind what stands there
 
 // The text set flush left into a field of blanks; of a longer text the leftmost characters stay.
 std::string FlushLeft(std::string_view text, int width);

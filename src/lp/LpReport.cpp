@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
 
 #include "basic/format.h"
@@ -14,13 +15,14 @@ using LP_Engine::LpResult;
 using LP_Engine::Range;
 
 constexpr std::size_t kLongestName = 14;
-constexpr std::size_t kLineLength = 80;  // enough for any line of the tables
 constexpr int kNumberWidth = 15;
 constexpr int kNameWidth = 14;  // of the solution tables
 constexpr int kValueColumn = 22;
 constexpr int kRangeNameWidth = 12;
 constexpr std::string_view kConstraintMargin = "         ";
 constexpr std::string_view kRangeMargin = "     ";
+constexpr int kIndexWidth = 3;  // of a constraint's number, in the echo and in the ranges
+constexpr std::size_t kRangeIndexGap = 8;
 constexpr std::string_view kNoLowerLimit = " No Lower Limit";
 constexpr std::string_view kNoUpperLimit = " No Upper Limit";
 
@@ -33,13 +35,10 @@ void PadTo(std::string& line, int column)
 }
 
 // The beginning of a line.
-std::string Centred(std::string_view name, int width)
+void AppendCentred(std::string& line, std::string_view name, int width)
 {
     const int margin = (width - static_cast<int>(name.size())) / 2;
-    std::string line;
-    line.reserve(kLineLength);
-    line.append(static_cast<std::size_t>(std::max(margin, 0)) + 1, ' ');
-    return line.append(Trimmed(name));
+    line.append(static_cast<std::size_t>(std::max(margin, 0)) + 1, ' ').append(Trimmed(name));
 }
 
 // What differs between the screen and the full report: field widths, and where the next field begins.
@@ -74,7 +73,8 @@ constexpr Layout kFull{.ValueWidth = 15,
                        .CurrentGap = 2,
                        .PadsIntegerLines = true};
 
-// The lines that stand on the screen and in the full report alike.
+// The lines that stand on the screen and in the full report alike. Each is good until the next one is asked
+// for: all are made in one place.
 class Lines {
 public:
     Lines(const LpResult& result, const Layout& layout)
@@ -90,39 +90,46 @@ public:
     [[nodiscard]] int Variables() const { return result_.Problem.NumVariables; }
     [[nodiscard]] int Constraints() const { return result_.Problem.NumConstraints; }
 
-    [[nodiscard]] std::string Objective() const
+    const std::string& Objective()
     {
-        return "Objective Function Value = " + Number(figures_.Objective, kNumberWidth);
+        Start("Objective Function Value = ");
+        AddNumber(figures_.Objective, kNumberWidth);
+        return line_;
     }
 
-    [[nodiscard]] std::string Variable(int j) const
+    const std::string& Variable(int j)
     {
-        return TableLine(Centred(Name(j), kNameWidth), figures_.Values(j), std::abs(reducedCosts_(j)));
+        Start({});
+        AppendCentred(line_, Name(j), kNameWidth);
+        return TableLine(figures_.Values(j), std::abs(reducedCosts_(j)));
     }
 
-    [[nodiscard]] std::string Constraint(int i) const
+    const std::string& Constraint(int i)
     {
-        return TableLine(std::string(kConstraintMargin) + std::to_string(i), figures_.Slacks(i),
-                         figures_.Prices(i));
+        Start(kConstraintMargin);
+        line_ += std::to_string(i);
+        return TableLine(figures_.Slacks(i), figures_.Prices(i));
     }
 
     void MakeTableau() { tableau_ = LP_Engine::Tableau(result_); }
 
     // These need the tableau; the variables in order.
-    std::string ObjectiveRange(int j)
+    const std::string& ObjectiveRange(int j)
     {
-        std::string line = Centred(Name(j), kRangeNameWidth);
-        PadTo(line, layout_.RangeNameFill);
-        line.append(static_cast<std::size_t>(layout_.RangeNameGap), ' ');
-        return RangeLine(std::move(line), LP_Engine::ObjectiveRange(result_, tableau_, j,
-                                                                    figures_.BasicRowOf(j), reducedCosts_));
+        Start({});
+        AppendCentred(line_, Name(j), kRangeNameWidth);
+        PadTo(line_, layout_.RangeNameFill);
+        line_.append(static_cast<std::size_t>(layout_.RangeNameGap), ' ');
+        return RangeLine(
+            LP_Engine::ObjectiveRange(result_, tableau_, j, figures_.BasicRowOf(j), reducedCosts_));
     }
 
-    [[nodiscard]] std::string RightHandSide(int i) const
+    const std::string& RightHandSide(int i)
     {
-        constexpr int kGap = 8;
-        const std::string number = std::string(kRangeMargin) + Format(std::to_string(i), "@@@");
-        return RangeLine(number + Blanks(kGap), LP_Engine::RightHandSideRange(result_, tableau_, i));
+        Start(kRangeMargin);
+        AppendFlushRight(line_, std::to_string(i), kIndexWidth);
+        line_.append(kRangeIndexGap, ' ');
+        return RangeLine(LP_Engine::RightHandSideRange(result_, tableau_, i));
     }
 
     // The screen's ranges stand before those on paper, and what they cut stays cut.
@@ -141,37 +148,50 @@ private:
         return std::string_view(result_.Problem.LpVariableNames(j)).substr(0, kLongestName);
     }
 
-    [[nodiscard]] std::string Number(double value, int width) const
+    void Start(std::string_view start) { line_ = start; }
+
+    void AddNumber(double value, int width)
     {
-        return FlushRight(Format(value, pattern_), width);
+        std::string text;
+        pattern_.Append(text, value);
+        AppendFlushRight(line_, text, width);
     }
 
     // A line of the tables of variables and constraints; the price is left out for an integer program.
-    [[nodiscard]] std::string TableLine(std::string line, double value, double price) const
+    const std::string& TableLine(double value, double price)
     {
-        PadTo(line, kValueColumn);
-        line += Number(value, layout_.ValueWidth);
-        if (!IsInteger() || layout_.PadsIntegerLines) PadTo(line, layout_.ValueEnd);
-        if (!IsInteger()) line += Number(price, layout_.PriceWidth);
-        return line;
+        PadTo(line_, kValueColumn);
+        AddNumber(value, layout_.ValueWidth);
+        if (!IsInteger() || layout_.PadsIntegerLines) PadTo(line_, layout_.ValueEnd);
+        if (!IsInteger()) AddNumber(price, layout_.PriceWidth);
+        return line_;
     }
 
-    [[nodiscard]] std::string RangeLine(std::string line, const Range& range) const
+    const std::string& RangeLine(const Range& range)
     {
-        line += range.Lower ? Number(*range.Lower, kNumberWidth) : std::string(kNoLowerLimit);
-        line.append(static_cast<std::size_t>(layout_.LowerGap), ' ');
-        line += Number(range.Current, layout_.CurrentWidth);
-        line.append(static_cast<std::size_t>(layout_.CurrentGap), ' ');
-        line += range.Upper ? Number(*range.Upper, kNumberWidth) : std::string(kNoUpperLimit);
-        return line;
+        AddLimit(range.Lower, kNoLowerLimit);
+        line_.append(static_cast<std::size_t>(layout_.LowerGap), ' ');
+        AddNumber(range.Current, layout_.CurrentWidth);
+        line_.append(static_cast<std::size_t>(layout_.CurrentGap), ' ');
+        AddLimit(range.Upper, kNoUpperLimit);
+        return line_;
+    }
+
+    void AddLimit(std::optional<double> limit, std::string_view none)
+    {
+        if (limit)
+            AddNumber(*limit, kNumberWidth);
+        else
+            line_ += none;
     }
 
     const LpResult& result_;
     const Layout& layout_;
-    std::string pattern_;
+    DigitPattern pattern_;
     LP_Engine::Figures figures_;
     Array1<double> reducedCosts_;
     Array2<double> tableau_;
+    std::string line_;
 };
 
 // ---- headings ----
@@ -210,7 +230,7 @@ void RightHandSideHeading(ReportChannel& out)
 
 // ---- the screen ----
 
-void ShowTables(ReportChannel& page, const Lines& lines)
+void ShowTables(ReportChannel& page, Lines& lines)
 {
     constexpr int kCloseTables = 12;  // with more lines than these the tables stand further apart
     page.Line(lines.Objective());
@@ -305,7 +325,7 @@ private:
     void EchoConstraint(int constraint)
     {
         constexpr std::size_t kConstraintPiece = 68;
-        const std::string number = Format(std::to_string(constraint), "@@@");
+        const std::string number = FlushRight(std::to_string(constraint), kIndexWidth);
         const int pieces = Pieces(std::string(kRangeMargin) + number + ")  ",
                                   problem_.LpLines(VtLP::kObjectiveLine + constraint), kConstraintPiece);
         lines_ += pieces + 1;
