@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <span>
 #include <vector>
@@ -17,6 +18,28 @@ using Sums = std::array<double, kStrip>;
 std::size_t Index(int k)
 {
     return static_cast<std::size_t>(k);
+}
+
+std::uint64_t ColumnBit(int column)
+{
+    return std::uint64_t{1} << column;
+}
+
+// The columns of a row that are not zero.
+std::uint64_t FilledColumns(const double* row, int last)
+{
+    std::uint64_t filled = 0;
+    for (int c = 1; c <= last; ++c)
+        if (row[c] != 0) filled |= ColumnBit(c);
+    return filled;
+}
+
+// Calls `use` for the columns of a set in ascending order.
+template <typename Use>
+void ForEachColumn(std::uint64_t columns, Use use)
+{
+    for (; columns != 0; columns &= columns - 1)
+        use(std::countr_zero(columns));
 }
 
 // target -= factor * source, element by element. Adding nothing is left out.
@@ -126,34 +149,36 @@ private:
 
 void BasisFactors::Reset(int size, int capacity)
 {
+    if (capacity > kLargest) Raise(ErrorNumber::SubscriptOutOfRange);
     size_ = size;
-    u_ = Array2<double>(capacity, capacity);
-    r_ = Array2<double>(capacity, capacity);
-    for (int i = 1; i <= size; ++i)
+    u_ = r_ = Array2<double>(capacity, capacity);
+    uFilled_ = rFilled_ = Array1<Columns>(capacity);
+    for (int i = 1; i <= size; ++i) {
         u_(i, i) = r_(i, i) = 1;
+        uFilled_(i) = rFilled_(i) = ColumnBit(i);
+    }
 }
 
 void BasisFactors::Multiply(const double* column, double* work) const
 {
-    std::fill_n(work + 1, size_, 0.0);
-    for (int c = 1; c <= size_; ++c) {
-        const double entry = column[c];
-        if (entry == 0) continue;
-        for (int i = 1; i <= size_; ++i)
-            work[i] += r_.Row(i)[c] * entry;
+    const Columns filled = FilledColumns(column, size_);
+    for (int i = 1; i <= size_; ++i) {
+        const double* row = r_.Row(i);
+        double sum = 0;
+        ForEachColumn(filled & rFilled_(i), [&](int c) { sum += row[c] * column[c]; });
+        work[i] = sum;
     }
 }
 
 void BasisFactors::Solve(const double* work, double* solution) const
 {
-    std::vector<int> filled;  // the positions that are not zero, the last one first
-    filled.reserve(Index(size_));
+    Columns filled = 0;  // of the solution
     for (int r = size_; r >= 1; --r) {
         const double* row = u_.Row(r);
         double rest = work[r];
-        std::for_each(filled.rbegin(), filled.rend(), [&](int c) { rest -= row[c] * solution[c]; });
+        ForEachColumn(filled & uFilled_(r), [&](int c) { rest -= row[c] * solution[c]; });
         solution[r] = Divide(rest, row[r]);
-        if (solution[r] != 0) filled.push_back(r);
+        if (solution[r] != 0) filled |= ColumnBit(r);
     }
 }
 
@@ -193,16 +218,20 @@ void BasisFactors::SolveBlock(int firstRow, int count, Array2<double>& block) co
 
 void BasisFactors::ReplaceColumn(int leaving, const double* work)
 {
+    const Columns before = ColumnBit(leaving) - 1;
     for (int i = 1; i <= size_; ++i) {
         double* row = u_.Row(i);
         std::copy(row + leaving + 1, row + size_ + 1, row + leaving);
         row[size_] = work[i];
+        Columns& filled = uFilled_(i);
+        filled = (filled & before) | (filled >> 1 & ~before);
+        if (work[i] != 0) filled |= ColumnBit(size_);
     }
     for (int k = leaving; k < size_; ++k)
         RestoreTriangle(k);
 }
 
-// Clears the entry below the diagonal in the column `k`.
+// Clears the entry below the diagonal in the column `k`. In front of it both rows of U are zero.
 void BasisFactors::RestoreTriangle(int k)
 {
     double* upper = u_.Row(k);
@@ -210,11 +239,18 @@ void BasisFactors::RestoreTriangle(int k)
     double* upperR = r_.Row(k);
     double* lowerR = r_.Row(k + 1);
     if (std::abs(lower[k]) > std::abs(upper[k])) {
-        std::swap_ranges(upper + 1, upper + size_ + 1, lower + 1);
+        std::swap_ranges(upper + k, upper + size_ + 1, lower + k);
         std::swap_ranges(upperR + 1, upperR + size_ + 1, lowerR + 1);
+        std::swap(uFilled_(k), uFilled_(k + 1));
+        std::swap(rFilled_(k), rFilled_(k + 1));
     }
     const double factor = Divide(lower[k], upper[k]);
     lower[k] = 0;
-    Subtract(factor, upperR, lowerR, 1, size_);
-    Subtract(factor, upper, lower, k + 1, size_);
+    if (factor != 0) {
+        Subtract(factor, upperR, lowerR, 1, size_);
+        Subtract(factor, upper, lower, k + 1, size_);
+        rFilled_(k + 1) |= rFilled_(k);
+        uFilled_(k + 1) |= uFilled_(k);
+    }
+    uFilled_(k + 1) &= ~ColumnBit(k);
 }

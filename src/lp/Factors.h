@@ -7,15 +7,20 @@
 // places when the lower one has the larger entry (Bartels and Golub). Nothing is ever rebuilt from scratch.
 //
 // Sums are taken term by term in ascending order: results are the same to the last bit wherever they are
-// computed. Vectors are given by their element 0, which is not used. "Division by zero" (0 / 0: "Overflow")
-// when a diagonal entry of UFactor is zero.
+// computed. Which entries of a row are not zero is kept beside the tables, a bit for each column, and the
+// others are left out of sums: a zero adds nothing. Vectors are given by their element 0, which is not used.
+// "Division by zero" (0 / 0: "Overflow") when a diagonal entry of UFactor is zero.
 #pragma once
+
+#include <cstdint>
 
 #include "basic/array.h"
 
 class BasisFactors {
 public:
-    // The identity of the given size, in tables that could hold one of the capacity.
+    static constexpr int kLargest = 63;
+
+    // The identity of the given size, in tables that could hold one of the capacity, at most kLargest.
     void Reset(int size, int capacity);
 
     // work = R column.
@@ -38,9 +43,14 @@ public:
     [[nodiscard]] const Array2<double>& RFactor() const { return r_; }
 
 private:
+    using Columns = std::uint64_t;  // a set of columns: the bit c for the column c
+
     void RestoreTriangle(int k);
 
     int size_ = 0;
     Array2<double> u_;
     Array2<double> r_;
+    // By row: the entries that may be other than zero. Those of U below the diagonal are none of them.
+    Array1<Columns> uFilled_;
+    Array1<Columns> rFilled_;
 };

@@ -23,10 +23,11 @@ struct Allowance {
 Allowance AllowanceOf(const LpResult& result, const double* row, Array1<double>& reducedCosts)
 {
     Allowance allowed;
+    const std::int16_t* kinds = result.Basis.ColumnKind.Data();
     for (int k = 1; k <= result.NumColumns; ++k) {
-        double& d = reducedCosts(k);
+        double& d = reducedCosts.Data()[k];
         if (d > 0) d = 0;
-        const std::int16_t kind = result.Basis.ColumnKind(k);
+        const std::int16_t kind = kinds[k];
         if (kind >= 0 || kind == -kArtificial) continue;
         if (row[k] < -RangeTolerance)
             allowed.Increase = std::min(allowed.Increase, d / row[k]);
@@ -65,14 +66,8 @@ Array1<std::int16_t> BasicRows(const LpResult& result)
 
 Array2<double> Tableau(const LpResult& result)
 {
-    const int rows = result.Problem.NumConstraints;
-    const int columns = result.NumColumns;
-    Array2<double> block(rows, columns);
-    for (int i = 1; i <= rows; ++i)
-        std::copy_n(result.Coefficients.Row(i) + 1, columns, block.Row(i));
-    result.Basis.Factors.SolveBlock(1, columns, block);
-    for (int i = 1; i <= rows; ++i)
-        std::copy_backward(block.Row(i), block.Row(i) + columns, block.Row(i) + columns + 1);
+    Array2<double> block = result.Coefficients;
+    result.Basis.Factors.SolveBlock(1, result.NumColumns + 1, block);
     return block;
 }
 
@@ -90,9 +85,10 @@ Range RightHandSideRange(const LpResult& result, const Array2<double>& tableau, 
     const int column = result.ConstraintColumn(constraint);
     double first = RangeInfinity;
     double second = -RangeInfinity;
+    const double* values = result.Basis.BasicValues.Data();
     for (int r = 1; r <= result.Problem.NumConstraints; ++r) {
-        const double x = std::max(result.Basis.BasicValues(r), 0.0);
-        const double a = tableau(r, column);
+        const double x = std::max(values[r], 0.0);
+        const double a = tableau.Row(r)[column];
         if (a > RangeTolerance)
             first = std::min(first, x / a);
         else if (a < -RangeTolerance)

@@ -23,7 +23,7 @@ struct Range {
 // The position of each basic column, 0 for the others. Index: column.
 Array1<std::int16_t> BasicRows(const LpResult& result);
 
-// The simplex tableau: rows by position from 1, columns 1 to NumColumns.
+// The simplex tableau: rows by position from 1, columns 1 to NumColumns; row 0 and column 0 are not used.
 Array2<double> Tableau(const LpResult& result);
 
 // Reading the range of a basic variable cuts the reduced costs above zero to zero, for the variables behind

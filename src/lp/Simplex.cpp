@@ -126,17 +126,17 @@ void Simplex::BuildLogicalColumns()
     }
 }
 
+// Column by column, so that no sum waits for its last term.
 void Simplex::SetInitialValues()
 {
-    const BasisState& basis = at_.Basis;
-    for (int i = 1; i <= Rows(); ++i) {
-        double value = at_.Coefficients(i, 0);
-        for (int j = 1; j <= Variables(); ++j) {
-            const double bound =
-                basis.ColumnStatus(j) == kAtUpper ? basis.UpperBound(j) : basis.LowerBound(j);
-            value -= at_.Coefficients(i, j) * bound;
-        }
-        at_.Basis.BasicValues(i) = value;
+    BasisState& basis = at_.Basis;
+    double* values = basis.BasicValues.Data();
+    for (int i = 1; i <= Rows(); ++i)
+        values[i] = at_.Coefficients(i, 0);
+    for (int j = 1; j <= Variables(); ++j) {
+        const double bound = basis.ColumnStatus(j) == kAtUpper ? basis.UpperBound(j) : basis.LowerBound(j);
+        for (int i = 1; i <= Rows(); ++i)
+            values[i] -= at_.Coefficients.Row(i)[j] * bound;
     }
 }
 

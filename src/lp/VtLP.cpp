@@ -150,18 +150,27 @@ void ReadObjective(const Grid& grid)
     }
 }
 
-// The file needs every variable, in order; the report leaves out those without a coefficient.
-std::string ObjectiveLine(int variables, bool withZeroes)
+// A line that is more than its opening is no longer empty.
+void AddTerm(std::string& line, std::size_t opening, double coefficient, std::string_view term)
 {
-    std::string line = MinimizeFlag == 1 ? "MIN " : "MAX ";
-    const std::size_t opening = line.size();
+    if (coefficient >= 0 && line.size() > opening) line += '+';
+    line += term;
+}
+
+// The file needs every variable, in order; the report leaves out those without a coefficient.
+void WriteObjectiveLines(int variables)
+{
+    const std::string opening = MinimizeFlag == 1 ? "MIN " : "MAX ";
+    std::string full = opening;
+    std::string shown = opening;
     for (int column = 1; column <= variables; ++column) {
         const double coefficient = Problem.LpCoefficients(0, column);
-        if (coefficient == 0 && !withZeroes) continue;
-        if (coefficient >= 0 && line.size() > opening) line += '+';
-        line += EntryText(coefficient) + Problem.LpVariableNames(column);
+        const std::string term = EntryText(coefficient) + Problem.LpVariableNames(column);
+        AddTerm(full, opening.size(), coefficient, term);
+        if (coefficient != 0) AddTerm(shown, opening.size(), coefficient, term);
     }
-    return line;
+    Problem.LpLines(kObjectiveLine) = std::move(full);
+    Problem.LpObjectiveLine = std::move(shown);
 }
 
 void ReadCoefficient(int row, int column, const std::string& text, std::string& line)
@@ -188,8 +197,9 @@ void ReadConstraint(const Grid& grid, int row)
     for (int column = 1; column < relation; ++column)
         ReadCoefficient(row, column, grid.Text(row, column), line);
 
-    line += grid.Text(row, relation);
-    Problem.LpRelations(row) = RelationCode(grid.Text(row, relation));
+    const std::string relationText = grid.Text(row, relation);
+    line += relationText;
+    Problem.LpRelations(row) = RelationCode(relationText);
 
     const std::string rightHandSide = grid.Text(row, relation + 1);
     line += rightHandSide;
@@ -308,9 +318,7 @@ void GridToModel()
     Problem.LpDecimalPlaces = kLeastDecimals;
     const Grid& objective = ObjectiveGrid();
     ReadObjective(objective);
-    const int variables = objective.Columns() - 1;
-    Problem.LpLines(kObjectiveLine) = ObjectiveLine(variables, true);
-    Problem.LpObjectiveLine = ObjectiveLine(variables, false);
+    WriteObjectiveLines(objective.Columns() - 1);
 
     const Grid& constraints = ConstraintGrid();
     for (int row = 1; row < constraints.Rows(); ++row)

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <random>
 
 #include "basic/error.h"
@@ -118,6 +120,53 @@ TEST(Factors, RowsChangePlacesWhenTheLowerEntryIsTheLarger)
     EXPECT_EQ(pair.Factors.RFactor()(1, 2), 1);
     EXPECT_EQ(pair.Factors.RFactor()(2, 1), 1);
     EXPECT_EQ(pair.Factors.RFactor()(1, 1), 0);
+}
+
+// Columns and tables full of zeros, against sums that leave nothing out: the same to the last bit.
+TEST(Factors, LeavingZerosOutOfSumsChangesNoBit)
+{
+    std::mt19937 random(17);
+    constexpr int kSize = kCapacity;
+    const auto bits = [](double value) { return std::bit_cast<std::uint64_t>(value); };
+    int solved = 0;
+    for (int round = 0; round < 300; ++round) {
+        Pair pair(kSize);
+        for (int pivot = 0; pivot < 8; ++pivot) {
+            Array1<double> column = RandomColumn(random, kSize);
+            for (int i = 1; i <= kSize; ++i)
+                if (random() % 4 != 0) column(i) = random() % 2 == 0 ? 0.0 : -0.0;
+            Array1<double> work(kSize);
+            pair.Factors.Multiply(column.Data(), work.Data());
+            for (int i = 1; i <= kSize; ++i) {
+                double sum = 0;
+                for (int c = 1; c <= kSize; ++c)
+                    sum += pair.Factors.RFactor()(i, c) * column(c);
+                ASSERT_EQ(bits(work(i)), bits(sum));
+            }
+            Array1<double> solution(kSize);
+            pair.Factors.Solve(work.Data(), solution.Data());
+            for (int r = kSize; r >= 1; --r) {
+                double rest = work(r);
+                for (int c = r + 1; c <= kSize; ++c)
+                    rest -= pair.Factors.UFactor()(r, c) * solution(c);
+                ASSERT_EQ(bits(solution(r)), bits(rest / pair.Factors.UFactor()(r, r)));
+            }
+            ++solved;
+            const int leaving = std::uniform_int_distribution<int>(1, kSize)(random);
+            if (std::abs(solution(leaving)) < 0.1) break;
+            pair.Replace(leaving, column);
+        }
+    }
+    EXPECT_GT(solved, 300);
+}
+
+TEST(Factors, AreRefusedBeyondTheirLargestSize)
+{
+    BasisFactors factors;
+    factors.Reset(2, BasisFactors::kLargest);
+    EXPECT_EQ(factors.UFactor()(2, 2), 1);
+    EXPECT_EQ(ErrorOf([&] { factors.Reset(2, BasisFactors::kLargest + 1); }),
+              ErrorNumber::SubscriptOutOfRange);
 }
 
 TEST(Factors, SolveGivesTheColumnInTermsOfTheBasis)
