@@ -35,7 +35,7 @@ TEST(Describe, NamesTheProblemWhereItIsKnown)
 {
     EXPECT_EQ(Describe({.Title = "Network", .Body = Chart{}, .Problem = "Shortest Route"})[0],
               "Chart: Network, Shortest Route.");
-    EXPECT_EQ(Describe({.Title = "Network", .Body = Chart{}})[0], "Diagram: Network.");
+    EXPECT_EQ(Describe({.Title = "Network", .Body = Chart{}})[0], "Chart: Network.");
 }
 
 TEST(Describe, BeginsWithWhatItIsAndTheMainThing)

@@ -12,8 +12,8 @@
 
 #include "forms.h"
 #include "qt/entrygrid.h"
-#include "qt/pictureview.h"
 #include "qt/fields.h"
+#include "qt/sidepane.h"
 #include "shell/commands.h"
 #include "shell/menus.h"
 #include "shell/module.h"
@@ -299,17 +299,14 @@ TEST_F(AccessibilityTest, ACellIsNamedByItsHeadings)
                     .startsWith("Subject To: Constraint 2, "));
 }
 
-TEST_F(AccessibilityTest, APictureIsToldWithItsProblem)
+TEST_F(AccessibilityTest, APictureKnowsOfWhichProblemItIs)
 {
     Commands::Start();
     ASSERT_TRUE(QTest::qWaitForWindowActive(desktop.forms.MainWindow()));
     Choose(12);
     Open("Newspapers.MRK");
     Commands::Solve();
-    const auto* view = desktop.forms.MainWindow()->findChild<qt::PictureView*>();
-    ASSERT_TRUE(QTest::qWaitFor([view] { return view->Canvas().Page() != nullptr; }));
-    QAccessibleInterface* canvas = QAccessible::queryAccessibleInterface(&view->Canvas());
-    ASSERT_NE(canvas, nullptr);
-    EXPECT_EQ(canvas->text(QAccessible::Description).section(QLatin1Char('\n'), 0, 0).toStdString(),
-              "Table: Matrix, Markov Processes.");
+    const auto& pictures = desktop.forms.MainWindow()->findChild<qt::SidePane*>()->Pictures();
+    ASSERT_FALSE(pictures.empty());
+    EXPECT_EQ(picture::Describe(pictures.front()).front(), "Ring of states: States, Markov Processes.");
 }
