@@ -143,7 +143,7 @@ void RecordReader::StartField()
 std::string_view RecordReader::TakeUnquoted()
 {
     const std::string_view rest = std::string_view(text_).substr(next_);
-    const auto end = std::find_if(rest.begin(), rest.end(), EndsField);
+    const auto* const end = std::find_if(rest.begin(), rest.end(), EndsField);
     const std::string_view field(rest.begin(), end);
     next_ += field.size();
     return field;
