@@ -4,8 +4,8 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <random>
@@ -300,7 +300,7 @@ TEST(Records, AreReadBackFromTheirFile)
     RecordReader reader = RecordReader::FromFile(path);
     EXPECT_EQ(reader.ReadDouble(), 2.5);
     EXPECT_EQ(reader.ReadString(), "A");
-    std::remove(path.c_str());
+    std::filesystem::remove(path);
 }
 
 TEST(Records, GiveEveryDoubleBack)

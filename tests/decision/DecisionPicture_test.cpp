@@ -23,7 +23,6 @@ using picture::Picture;
 using picture::Role;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 
 namespace {
 
