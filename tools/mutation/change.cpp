@@ -17,7 +17,8 @@ unsigned char unread[kMost];
 // the run.
 __attribute__((constructor(101))) void Begin()
 {
-    if (const char* number = std::getenv("VANTREL_CHANGE")) active = std::atoi(number);
+    if (const char* number = std::getenv("VANTREL_CHANGE"))
+        active = static_cast<int>(std::strtol(number, nullptr, 10));
     const char* name = std::getenv("VANTREL_REACHED");
     if (name == nullptr) return;
     const int file = open(name, O_RDWR | O_CLOEXEC);
