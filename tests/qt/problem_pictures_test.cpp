@@ -132,7 +132,9 @@ void ExpectPainted(const picture::Picture& picture, const QSize& size)
     QImage image(canvas.size(), QImage::Format_RGB32);
     canvas.render(&image);
     const auto* chart = std::get_if<picture::Chart>(&picture.Body);
-    EXPECT_EQ(canvas.Items().empty(), chart != nullptr && chart->Curves.empty() && chart->Marks.empty());
+    // Without these a rule is an item where its text has no place.
+    const bool hasItems = chart == nullptr || !chart->Curves.empty() || !chart->Marks.empty();
+    EXPECT_TRUE(!hasItems || !canvas.Items().empty());
     const QRectF page = QRectF(canvas.rect()).adjusted(-2, -2, 2, 2);
     for (const qt::Item& item : canvas.Items())
         EXPECT_TRUE(page.contains(item.Shape.boundingRect().center())) << item.Tip.toStdString();
